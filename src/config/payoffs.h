@@ -15,18 +15,18 @@ void CopyPointOddsRow(Game& game);
 int FieldRowOfDice(int die1, int die2);
 
 enum class FieldPreset {
-  kField,
-  kPassLine,
-  kDontPass,
-  kPlace6,
-  kPlaceLose8,
-  kBuy10,
-  kLay4,
-  kHard8,
-  kHorn,
-  kWorld,
-  kHop13,
-  kCraplessPassLine,
+  kAsField,
+  kAsPassLine,
+  kAsDontPass,
+  kAsPlace6,
+  kAsPlaceLose8,
+  kAsBuy10,
+  kAsLay4,
+  kAsHard8,
+  kAsHorn,
+  kAsWorld,
+  kAsHop13,
+  kAsCraplessPassLine,
 };
 void SetFieldPayoffs(Game& game, FieldPreset preset);
 

@@ -120,19 +120,4 @@ struct MessageState {
   std::int32_t MsgInputLength = 0;  // longest text of a field, 0 for no limit of its own
 };
 
-// One row of the settle display: a label and an amount as shown.
-struct SettleRow {
-  std::string label;
-  std::string amount;
-  bool bold = false;
-};
-struct SettleDisplay {
-  std::string title;
-  std::vector<SettleRow> rows;
-  std::int32_t help = 0;
-  bool won = true;
-  std::string press_caption;
-  bool filled = false;
-};
-
 }  // namespace feltmaster

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "base/money.h"
 #include "game/bet_sets.h"
@@ -129,6 +130,21 @@ struct BetDecision {
 struct RollDecisions {
   std::int32_t count = 0;
   std::array<BetDecision, kBetCount> list{};
+};
+
+// One row of the settle display: a label and an amount as shown.
+struct SettleRow {
+  std::string label;
+  std::string amount;
+  bool bold = false;
+};
+struct SettleDisplay {
+  std::string title;
+  std::vector<SettleRow> rows;
+  std::int32_t help = 0;
+  bool won = true;
+  std::string press_caption;
+  bool filled = false;
 };
 
 }  // namespace feltmaster

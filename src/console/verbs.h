@@ -1,0 +1,16 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+namespace feltmaster {
+
+// Each verb adds its subcommand with its options and examples. When it is chosen it runs, and
+// leaves the program's exit code: 0 done, 1 done but with failures that it has told, 2 not started
+// (bad option, unreadable file, output that cannot be written), told in one sentence on standard
+// error.
+void AddConsoleVerb(CLI::App& app, int& exit_code);
+void AddSimulateVerb(CLI::App& app, int& exit_code);
+void AddBenchVerb(CLI::App& app, int& exit_code);
+void AddScriptVerb(CLI::App& app, int& exit_code);
+
+}  // namespace feltmaster
