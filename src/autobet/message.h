@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "game/game.h"
+
+namespace feltmaster {
+
+// Shows MsgText under MsgTitle with MsgOptions; the answer stands in MsgAnswer, typed values in
+// BetRequest and MsgInput2. With the table minimised nothing is shown: a plain notice passes, a
+// question stops the script and the rolling.
+void ShowMessage(Game& game);
+
+// Sets the message's arguments and shows it.
+void Tell(Game& game, std::string title, std::string text, std::int32_t options = kButtonOk,
+          std::int32_t help = 0);
+// Tell, and whether the answer was Yes.
+bool AskYesNo(Game& game, std::string title, std::string text,
+              std::int32_t options = kButtonYes | kButtonNo | kPictureQuestion | kDefaultYes,
+              std::int32_t help = 0);
+
+// FlagChanged becomes True when the value differs. index counts from 0.
+void SetFlag(Game& game, std::size_t index, bool value);
+
+}  // namespace feltmaster

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "game/game.h"
+
+namespace feltmaster {
+
+// The checks of leaving the Configure screen: the limits, the denominations and the payoffs. The
+// first fault shows its message, sets ConfigureTab and gives false; on true the effects of leaving
+// the screen have taken place (bankroll extremes, common denominator of the Field, bets
+// readjusted).
+bool CheckLimits(Game& game);
+
+// Units of the simulated roll rate, by index: rolls per hour, minute, second; hours, minutes,
+// seconds per roll.
+inline constexpr int kRateUnits = 6;
+bool SetRollsPerHour(Game& game, std::string_view entry, int unit);
+std::string ShowRollsPerHour(const Game& game, int unit);
+
+// Whether a number field takes the key: the text as it stands with the selection removed, and the
+// place of the cursor in it. Gives the new text, or the old one when the key is dropped.
+struct FieldKey {
+  std::string text;
+  std::size_t cursor = 0;
+};
+FieldKey NumericKeyFilter(const FieldKey& field, char key, int decimals, bool allow_negative,
+                          std::size_t max_length = 0);
+
+// The vig settings; a change that the bankroll does not carry is refused with a message and undone.
+enum class VigSetting { kBuyRounding, kLayRounding, kBuyAllBets, kLayAllBets };
+void ChangeVigSetting(Game& game, VigSetting setting, std::int32_t value);
+
+// The box " Allow negative bankroll amounts"; unchecking it can be refused with a message.
+void SetAllowNegBankroll(Game& game, bool allow);
+
+void RestoreDefaultDenominations(Game& game);  // asks first
+
+// Writes a setting by its name as its control on the Configure or Auto-Play screen does, with that
+// control's checks and effects. The value is text as typed. Gives the reason when the name is no
+// setting or the value is not one that the control can hold; nothing has changed then.
+std::string Configure(Game& game, std::string_view name, std::string_view value);
+
+}  // namespace feltmaster

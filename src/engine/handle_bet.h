@@ -1,0 +1,24 @@
+#pragma once
+
+#include "game/game.h"
+
+namespace feltmaster {
+
+// The handling of the bet in CurrentBet after its decision, by the player's choice or a standing
+// rule.
+void HandleWonBet(Game& game);
+void HandleLostBet(Game& game);
+
+void ComputePressUnit(Game& game, int bet);  // PressUnit
+
+// What can be done with a decided bet.
+void TakeDownBet(Game& game);
+void KeepSameBet(Game& game);
+void BetRemainder(Game& game);
+void PressOneUnit(Game& game);
+void PressDouble(Game& game);
+void ParlayBet(Game& game);
+void ModifySameBet(Game& game, int option);  // HandleOption
+void SetBetAmount(Game& game, int option);
+
+}  // namespace feltmaster

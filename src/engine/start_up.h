@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "game/game.h"
+
+namespace feltmaster {
+
+struct StartOptions {
+  std::string data_dir;              // with its final separator; empty for a game without files
+  std::optional<std::int32_t> seed;  // seeds every base generator instead of the clock
+};
+
+// Sets every default in its fixed order, seeds the generators and makes the table ready.
+// game.surface must be set.
+void StartUp(Game& game, const StartOptions& options);
+
+}  // namespace feltmaster

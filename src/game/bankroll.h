@@ -1,0 +1,49 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "base/money.h"
+
+namespace feltmaster {
+
+inline constexpr int kGraphRolls = 525;    // width of the bankroll graph
+inline constexpr int kHistorySize = 1051;  // elements 0 to 1050
+inline constexpr int kGraphHeight = 300;
+
+struct BankrollState {
+  MoneyAmount BankrollHigh;
+  MoneyAmount BankrollLow;
+  MoneyAmount BankrollSum;
+  MoneyAmount AmountInvested;
+
+  // 1 to 525 the bankroll after each roll of this page, 526 to 1050 the page before; element 0
+  // holds the number of the page's first roll.
+  std::array<MoneyAmount, kHistorySize> BankrollHistory{};
+  std::int32_t BankrollHistoryCount = 0;
+  // The moving average at each position; read it through stats/bankroll.h, which computes the
+  // positions after AveragesSettled first.
+  std::array<MoneyAmount, kGraphRolls + 1> BankrollAverages{};
+  std::int32_t AveragesSettled = 0;
+
+  MoneyAmount GraphHigh;
+  MoneyAmount GraphLow;
+  MoneyAmount GraphScale = MoneyAmount(1);  // dollars a point of height
+  MoneyAmount GraphManualScale = MoneyAmount(1);
+  MoneyAmount GraphTop = MoneyAmount(150);
+  std::int32_t GraphAdjustType = 2;  // 0 Manual, 1 Expanding, 2 Snap-back
+  std::int32_t GraphStyle = 1;       // 0 Plain, 1 Striped, 2 Solid
+  std::int32_t GraphColorScheme = 0;
+  bool GraphGridLines = true;
+  bool GraphRefLines = false;
+  bool GraphShowAverage = true;
+  std::int32_t GraphAverageRolls = 120;  // 0 means all rolls of the game
+  bool GraphAutoPrint = false;
+  std::array<std::int32_t, 3> RefLineRoll = {0, 174, 349};
+  std::array<std::int32_t, 3> RefLineLevel{};
+  std::array<bool, 3> RefLineOnAverage{};
+
+  std::int32_t ThrottleSetting = 0;  // 0 the fastest to 10
+};
+
+}  // namespace feltmaster

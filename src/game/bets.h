@@ -1,0 +1,117 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace feltmaster {
+
+// The bet positions. Their numbers are part of the file formats and of every script; the order of
+// the numbers is the order of all loops over bets.
+inline constexpr int kBetCount = 88;
+inline constexpr int kSlotCount = 10;  // number slots: the totals 2 3 4 5 6 8 9 10 11 12
+
+// First position of each family; the position on a number is the first one plus the number slot.
+inline constexpr int kLay = 1;
+inline constexpr int kComePoint = 11;  // a Come bet that has travelled to its number
+inline constexpr int kComeOdds = 21;
+inline constexpr int kPlace = 31;
+inline constexpr int kBuy = 41;
+
+inline constexpr int kPassLine = 51;
+inline constexpr int kPassOdds = 52;
+inline constexpr int kComeBox = 53;
+inline constexpr int kField = 54;
+inline constexpr int kBig6 = 55;
+inline constexpr int kBig8 = 56;
+inline constexpr int kHard4 = 57;
+inline constexpr int kHard6 = 58;
+inline constexpr int kHard8 = 59;
+inline constexpr int kHard10 = 60;
+inline constexpr int kTwo = 61;
+inline constexpr int kThree = 62;
+inline constexpr int kSeven = 63;
+inline constexpr int kEleven = 64;
+inline constexpr int kTwelve = 65;
+inline constexpr int kCraps = 66;
+inline constexpr int kCAndE = 67;
+inline constexpr int kHorn = 68;
+inline constexpr int kWorld = 69;
+inline constexpr int kOver7 = 70;
+inline constexpr int kUnder7 = 71;
+inline constexpr int kHop13 = 72;
+inline constexpr int kHop14 = 73;
+inline constexpr int kHop15 = 74;
+inline constexpr int kHop16 = 75;
+inline constexpr int kHop22 = 76;
+inline constexpr int kHop23 = 77;
+inline constexpr int kHop24 = 78;
+inline constexpr int kHop25 = 79;
+inline constexpr int kHop26 = 80;
+inline constexpr int kHop33 = 81;
+inline constexpr int kHop34 = 82;
+inline constexpr int kHop35 = 83;
+inline constexpr int kHop36 = 84;
+inline constexpr int kHop44 = 85;
+inline constexpr int kHop45 = 86;
+inline constexpr int kHop46 = 87;
+inline constexpr int kHop55 = 88;
+
+// Slots of BetAmount beside the bets.
+inline constexpr int kBankroll = 0;
+inline constexpr int kRail = 93;
+inline constexpr int kFirstChip = 95;  // five denominations, smallest first; the first is the unit
+inline constexpr int kChipCount = 5;
+inline constexpr int kLastChip = kFirstChip + kChipCount - 1;
+inline constexpr int kFirstStack = 100;  // 100 + n is Chip-Stack n
+inline constexpr int kStackCount = 100;
+inline constexpr int kLastStack = kFirstStack + kStackCount - 1;
+inline constexpr int kAmountSlots = 201;  // 0 to 200
+
+inline constexpr std::array<int, kSlotCount> kNumbers = {2, 3, 4, 5, 6, 8, 9, 10, 11, 12};
+
+// 2 to 12 but 7; other totals have no slot.
+constexpr int SlotOfNumber(int total) {
+  return total < 7 ? total - 2 : total - 3;
+}
+constexpr int NumberOfSlot(int slot) {
+  return kNumbers[static_cast<std::size_t>(slot)];
+}
+
+constexpr bool IsInFamily(int bet, int first) {
+  return bet >= first && bet < first + kSlotCount;
+}
+constexpr bool IsLay(int bet) {
+  return IsInFamily(bet, kLay);
+}
+constexpr bool IsComePoint(int bet) {
+  return IsInFamily(bet, kComePoint);
+}
+constexpr bool IsComeOdds(int bet) {
+  return IsInFamily(bet, kComeOdds);
+}
+constexpr bool IsPlace(int bet) {
+  return IsInFamily(bet, kPlace);
+}
+constexpr bool IsBuy(int bet) {
+  return IsInFamily(bet, kBuy);
+}
+constexpr bool IsLayoutBet(int bet) {
+  return bet >= 1 && bet <= kBetCount;
+}
+constexpr bool IsChipStack(int slot) {
+  return slot >= kFirstStack && slot <= kLastStack;
+}
+
+// The position of a family on a total (any but 7).
+constexpr int BetOnNumber(int family, int total) {
+  return family + SlotOfNumber(total);
+}
+
+inline constexpr int kBetNames = 105;  // BetName has the bounds 0 to 104
+extern const std::array<std::string_view, kBetNames> kBetName;
+
+// The number of the bet of that name (case is ignored), or 0.
+int BetNumberOfName(std::string_view name);
+
+}  // namespace feltmaster

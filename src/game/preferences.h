@@ -1,0 +1,80 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "base/money.h"
+
+namespace feltmaster {
+
+// Bits of NotifyFlags: which notices the player wants to see.
+enum Notice : std::int32_t {
+  kNoticeActions = 1,
+  kNoticeLimits = 2,
+  kNoticeCharges = 4,
+  kNoticeScript = 8,
+  kNoticeScriptHyper = 16,
+};
+
+enum DiceActions : std::int32_t {
+  kDiceStationary = 0,
+  kDiceReturnAfterThrown = 1,
+  kDiceReturnOnDecision = 2,
+  kDiceRemain = 3,
+};
+
+// What the player likes, and what the screens remember.
+struct Preferences {
+  std::int32_t ConfigureTab = 0;
+  std::int32_t ChipColor = 1;  // the selected tool
+  std::int32_t ChipPicture = 0;
+  std::int32_t DicePicture = 0;
+  std::int32_t DiceAction = kDiceReturnAfterThrown;
+  bool UseCentsSymbol = true;
+  std::int32_t StickPersonChoice = 0;
+  std::int32_t DiceSoundChoice = 0;
+  std::int32_t ChipSoundChoice = 0;
+  std::int32_t WinSoundChoice = 0;
+  std::array<std::string, 19> StickCallFiles;                                            // 1 to 18
+  std::vector<std::string> StickPersonList, DiceSoundList, WinSoundList, ChipSoundList;  // from 1
+  bool AutoBetSoundOff = false;
+  bool AllSoundOff = false;
+  std::int32_t NotifyFlags = kNoticeActions | kNoticeLimits | kNoticeCharges | kNoticeScript;
+  std::int32_t PrintColorWin = 9;
+  std::int32_t PrintColorLoss = 12;
+  std::int32_t PrintColorOther = 13;
+  bool SnapMouse = true;
+  std::int32_t RollsPerTimeUnit = 0;  // the unit in which the simulated rate is shown, 0 to 5
+
+  bool IncludeZeroOutcomes = false;
+  bool ShowMiscData = false;
+  std::int32_t AdvantageScroll = 1;
+  std::int32_t PayoffsScroll = 1;
+
+  std::array<std::int32_t, 4> CompBetMask{};  // 1 to 3
+  std::int32_t BaseComps = 0;
+  bool CompsUseTrueProbs = false;
+  MoneyAmount CompRate;
+
+  std::int32_t RollTotalsDisplay = 0;
+  std::int32_t RollTotalsBackColor = 11;
+  std::int32_t RollTotalsGraphColor = 0;
+  std::int32_t RollTotalsHScroll = 0;
+  std::int32_t RollTotalsVScroll = 0;
+  bool ShowSkewedPercent = false;
+  std::int32_t RollFreqsListIndex = 0;
+
+  bool KeyInBetAmounts = false;
+  bool DisplayBetAmounts = false;
+  bool RollYourOwnNumbers = false;
+  bool ShowHopBets = false;
+  bool ShowLineNumbers = false;
+  bool StackDisplayZero = false;
+  std::int32_t StackListScroll = 0;
+  std::int32_t RyonPanelState = 4;
+  std::int32_t RyonButtonColor = 0;
+};
+
+}  // namespace feltmaster

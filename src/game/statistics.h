@@ -1,0 +1,115 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "base/money.h"
+#include "game/bet_sets.h"
+
+namespace feltmaster {
+
+inline constexpr int kRollCategories = 91;  // RollCategory 0 to 90
+inline constexpr int kGaps = 201;           // lengths 0 to 200
+
+// The counters of hands, passes and points, by their number in the game file.
+enum GameCounter : std::int32_t {
+  kRollsThisHand = 0,
+  kPassesThisHand = 1,
+  kHandsCompleted = 2,
+  kLongestHandRolls = 3,
+  kMostPassesInHand = 4,
+  kTotalHandRolls = 5,
+  kTotalHandPasses = 6,
+  kPointsEstablished = 7,
+  kPassesOnPoint = 8,
+  kPassesOnComeOut = 9,
+  kTotalPasses = 10,
+  kSevenOuts = 11,
+  kTotalMisses = 13,
+  kComeOutRolls = 14,
+  kMissesThisHand = 15,
+  kMostMissesInHand = 16,
+  kLastHandRolls = 17,
+  kLastHandPasses = 18,
+  kLastHandMisses = 19,
+};
+inline constexpr int kGameCounters = 20;
+
+// One roll event. "Rolls since" is not counted up on every roll: it is the difference between the
+// clock of the rolls and the mark left by the last hit. Differences are taken modulo 2^32, so any
+// value that a file may bring is kept exactly.
+struct RollEvent {
+  std::int32_t count = 0;              // RollCounts
+  std::int32_t script_count = 0;       // ScriptRollCounts
+  std::int32_t script_count_seen = 0;  // ScriptRollCountsSeen
+  std::uint32_t hit = 0;               // clock at the last hit
+  std::uint32_t script_hit = 0;
+  std::uint32_t script_hit_seen = 0;  // script_hit when the present roll began
+};
+
+// Read the glossary's arrays (RollsSinceLast, ScriptRollsSince, ...) through
+// stats/roll_statistics.h.
+struct RollStatistics {
+  std::uint32_t RollClock = 0;         // rolls counted in this game's events
+  std::uint32_t RollClockAtStart = 0;  // RollClock when the present roll began
+  std::array<RollEvent, kRollCategories> Events{};
+  std::int32_t RollsSeenByScript = 0;  // RollsSinceLast(0)
+  std::int32_t LastCountedRoll = -1;   // the dice of the last counted roll, 6 * (d1 - 1) + d2 - 1
+  BitSet<128> ScriptResets;            // events that a script has reset since the roll began
+  std::array<std::array<std::int32_t, kGaps>, kRollCategories> RollGapTable{};
+  std::array<std::int32_t, kGameCounters> GameCounters{};
+};
+
+enum ResultRow : std::int32_t {
+  kPhantomComeOn = 0,  // of the phantom wagers of bets 11 to 30
+  kResultCount = 1,
+  kResultTotal = 2,
+  kResultHigh = 3,
+  kResultLow = 4,
+  kResultLast = 5,
+  kResultLastRollCount = 6,
+  kResultLastRollAmount = 7,
+};
+inline constexpr int kResultRows = 8;
+enum ResultSeries : std::int32_t { kPhantom = 0, kActual = 1 };
+
+using ResultTable = std::array<std::array<std::array<MoneyAmount, kResultRows>, 101>, 2>;
+
+// How often a phantom decision fell, and in which roll it last did.
+struct DecisionTally {
+  std::uint32_t count = 0;
+  std::uint32_t last = 0;  // serial of the roll
+};
+
+// The phantom one-dollar wagers that have not been written into the tables yet. While the payoffs
+// stand, what a roll does to a phantom bet depends only on the dice and on the set of working bets,
+// so it is enough to count rolls by those two. Come bets (which stand or not) and the Pass Line
+// (paid by its point) are tallied by themselves.
+struct PhantomLedger {
+  static constexpr int kWorkingSets = 8;
+  std::array<BetSet, kWorkingSets> working_sets{};
+  std::array<std::array<DecisionTally, 36>, kWorkingSets> rolls{};
+  std::int32_t set_count = 0;
+  std::int32_t current_set = -1;
+  // [family][slot][won]: Come on its number, Come Odds.
+  std::array<std::array<std::array<DecisionTally, 2>, kSlotCount>, 2> come{};
+  // [slot of the point, 10 on the come-out][won]
+  std::array<std::array<DecisionTally, 2>, kSlotCount + 1> pass_line{};
+  std::array<std::array<DecisionTally, 2>, kSlotCount> pass_odds{};
+  bool any = false;
+  std::uint16_t come_on = 0;       // PhantomComeOn of Come bets, a bit a number slot
+  std::uint16_t come_odds_on = 0;  // and of Come Odds bets
+};
+
+// Read the phantom series through stats/bet_results.h, which settles the ledger first.
+struct BetResults {
+  ResultTable BetWagers{};
+  ResultTable BetWins{};
+  ResultTable BetLosses{};
+  PhantomLedger Ledger;
+  std::uint32_t RollSerial = 0;  // counts every start of a roll, also of one that is not completed
+  BetSet DecidedLastRoll;        // bets with rows 6 and 7 of the actual series set
+  BetSet PhantomLastRoll;        // the same of the phantom series, as far as settled
+};
+
+}  // namespace feltmaster

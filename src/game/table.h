@@ -1,0 +1,134 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "base/money.h"
+#include "game/bet_sets.h"
+#include "game/bet_state.h"
+#include "game/bets.h"
+
+namespace feltmaster {
+
+// All money of the table: slot 0 the bankroll, 1 to 88 the bets, 95 to 99 the denominations,
+// 100 + n Chip-Stack n. Every write goes through Set, which also keeps the set of standing bets and
+// the slots that differ from the copies taken at the start and at the end of a roll.
+class BetAmounts {
+ public:
+  MoneyAmount operator[](int slot) const { return amounts_[static_cast<std::size_t>(slot)]; }
+  void Set(int slot, MoneyAmount amount) {
+    amounts_[static_cast<std::size_t>(slot)] = amount;
+    if (slot < 128) standing_.Put(slot, amount.Raw() != 0);
+    changed_since_start_.Add(slot);
+    changed_since_end_.Add(slot);
+  }
+
+  // Slots below 128 that hold anything; mask with the bets asked for.
+  const BetSet& Standing() const { return standing_; }
+  AmountSet& ChangedSinceStart() { return changed_since_start_; }
+  AmountSet& ChangedSinceEnd() { return changed_since_end_; }
+
+ private:
+  std::array<MoneyAmount, kAmountSlots> amounts_{};
+  BetSet standing_;
+  AmountSet changed_since_start_;
+  AmountSet changed_since_end_;
+};
+
+// The runs of wins (positive) and losses (negative) of each bet: now, and as they stood before the
+// present roll.
+class BetStreaks {
+ public:
+  int Now(int bet) const { return now_[static_cast<std::size_t>(bet)]; }
+  int Before(int bet) const { return before_[static_cast<std::size_t>(bet)]; }
+  void SetNow(int bet, int run) {
+    now_[static_cast<std::size_t>(bet)] = run;
+    changed_.Add(bet);
+  }
+  void SetBefore(int bet, int run) {
+    before_[static_cast<std::size_t>(bet)] = run;
+    changed_.Add(bet);
+  }
+  // A new roll begins: generation 1 becomes generation 0, for the bets of the layout.
+  void BeginRoll() {
+    changed_.ForEach([this](int bet) {
+      if (bet <= kBetCount)
+        before_[static_cast<std::size_t>(bet)] = now_[static_cast<std::size_t>(bet)];
+    });
+    changed_.Clear();
+  }
+
+ private:
+  std::array<std::int32_t, 101> now_{};
+  std::array<std::int32_t, 101> before_{};
+  BetSet changed_;
+};
+
+struct TableState {
+  BetAmounts BetAmount;
+  std::array<MoneyAmount, kAmountSlots> BetAmountAtRollStart{};
+  std::array<MoneyAmount, kAmountSlots> BetAmountAtRollEnd{};
+  // Bets 11 to 51; the floor below which Pass Line and Come bets cannot be reduced. Write it
+  // through SetEstablished (engine/amounts.h), which marks the slot for the next roll's copy.
+  std::array<MoneyAmount, 52> EstablishedAmount{};
+  std::array<MoneyAmount, kSlotCount> LayVigPaid{};
+  std::array<MoneyAmount, kSlotCount> BuyVigPaid{};
+  BetStates BetState;
+  BetStreaks BetStreak;
+
+  std::int32_t Die1 = 3;
+  std::int32_t Die2 = 4;
+  std::int32_t DiceTotal = 7;
+  std::int32_t Point = 0;
+  std::int32_t PrevPoint = 0;      // Point when the present roll began; resolution judges by it
+  std::int32_t PrevPrevPoint = 0;  // PrevPoint one roll earlier
+
+  MoneyAmount TotalOnTable;
+  MoneyAmount PayoffExact;
+  MoneyAmount PayoffNet;
+  std::int32_t CurrentBet = 0;
+  bool MustComeDown = false;
+  MoneyAmount PressUnit;
+
+  MoneyAmount BetRequest;
+  MoneyAmount BetChange;
+  MoneyAmount MinBetHere;
+  MoneyAmount MaxBetHere;
+  MoneyAmount OddsMultiple;
+  MoneyAmount OddsChangeUp;
+  MoneyAmount OddsChangeDown;
+  MoneyAmount BuyVigAmount;
+  MoneyAmount LayVigAmount;
+  MoneyAmount VigCarried;
+  bool PutBetAllowedNow = false;
+  std::int32_t CallBetMode = 0;  // 0 a chip, 1 call ON, 2 call OFF, 3 buy, 4 remove
+  MoneyAmount DragAmount;
+
+  bool RollInProgress = false;
+  bool KeepRolling = false;
+  bool HyperDriveActive = false;
+  bool GameChanged = false;
+  bool DiceAlreadySet = false;
+  bool DiceReturned = true;
+  bool RefreshBetAmounts = false;
+  bool RedrawTable = false;
+  std::string HyperDriveStopText;
+
+  bool EntryBoxOpen = false;  // the box for keyed-in amounts
+  std::int32_t EntryBoxBet = 0;
+  std::string EntryBoxText;
+};
+
+// One decision of a bet of the player's own, in the order in which the roll decided them.
+struct BetDecision {
+  std::int32_t bet = 0;
+  MoneyAmount amount;
+  MoneyAmount net;
+};
+struct RollDecisions {
+  std::int32_t count = 0;
+  std::array<BetDecision, kBetCount> list{};
+};
+
+}  // namespace feltmaster

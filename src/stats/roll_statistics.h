@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+
+#include "game/game.h"
+
+namespace feltmaster {
+
+// Counts the roll on the table: the point's own counter, the events of the dice, the gaps.
+void RecordRollStatistics(Game& game);
+// At the start of a roll: the script's counters are seen as they stand.
+void BeginRollStatistics(Game& game);
+void FinishRollStatistics(Game& game);
+void ResetRollStatistics(Game& game);
+
+void HandPassed(Game& game);
+void HandMissed(Game& game);
+
+// What an Auto-Bet script resets for one event.
+void ResetScriptCounters(Game& game, int category);
+
+// The counters by their names. category is 0 to 90. The setters write one cell as it is.
+std::int32_t RollCounts(const Game& game, int category);
+std::int32_t RollsSinceLast(const Game& game, int category);
+std::int32_t ScriptRollCounts(const Game& game, int category);
+std::int32_t ScriptRollCountsSeen(const Game& game, int category);
+std::int32_t ScriptRollsSince(const Game& game, int category);
+std::int32_t ScriptRollsSinceSeen(const Game& game, int category);
+void SetRollCounts(Game& game, int category, std::int32_t value);
+void SetRollsSinceLast(Game& game, int category, std::int32_t value);
+void SetScriptRollCounts(Game& game, int category, std::int32_t value);
+void SetScriptRollCountsSeen(Game& game, int category, std::int32_t value);
+void SetScriptRollsSince(Game& game, int category, std::int32_t value);
+void SetScriptRollsSinceSeen(Game& game, int category, std::int32_t value);
+
+// The probable percentage of an event: from true dice rounded to two places, or from the weights of
+// the probability table.
+float ProbablePercent(const Game& game, int category, bool skewed);
+
+}  // namespace feltmaster
