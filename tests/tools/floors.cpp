@@ -68,6 +68,10 @@ constexpr auto kStandardHeaders = std::to_array<std::string_view>({
 
 static_assert(std::ranges::is_sorted(kStandardHeaders));
 
+// What the standard library has no word for: flushing a file to its disk. Only base may use it.
+constexpr auto kPosixHeaders =
+    std::to_array<std::string_view>({"fcntl.h", "sys/file.h", "sys/stat.h", "unistd.h"});
+
 struct Include {
   int Line;
   char Opening;        // '<' or '"'; 0 when a macro names the file
@@ -190,6 +194,7 @@ class Checker {
     const bool in_windows = from.Name == kWindows;
     if (include.Opening == '<') {
       if (IsStandard(target)) return "";
+      if (from.Stands == kBase && std::ranges::binary_search(kPosixHeaders, target)) return "";
       const std::string shown = "<" + target + ">";
       if (from.Stands <= kLogic) return shown + " is not of the standard library";
       if (IsOfTests(target)) return shown + " belongs to the tests";
