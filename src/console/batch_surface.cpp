@@ -19,8 +19,8 @@ constexpr std::string_view kStoppedByError = "Auto-Bet error.";
 }  // namespace
 
 std::int64_t NetOf(const Game& game) {
-  const __int128 net = static_cast<__int128>(game.BetAmount[kBankroll].Raw()) -
-                       game.AmountInvested.Raw();
+  const __int128 net =
+      static_cast<__int128>(game.BetAmount[kBankroll].Raw()) - game.AmountInvested.Raw();
   using Limits = std::numeric_limits<std::int64_t>;
   return static_cast<std::int64_t>(
       std::clamp(net, static_cast<__int128>(Limits::min()), static_cast<__int128>(Limits::max())));

@@ -62,12 +62,15 @@ std::ostream& ResultFile::Stream() {
   return path_ == "-" ? std::cout : stream_;
 }
 
-std::string ResultFile::Commit() {
+std::string ResultFile::Finish() {
   errno = 0;
   std::ostream& stream = Stream();
   stream.flush();
   if (stream_.is_open()) stream_.close();
-  if (!stream) return Fault(errno != 0 ? errno : EIO);
+  return stream ? std::string() : Fault(errno != 0 ? errno : EIO);
+}
+
+std::string ResultFile::PutInPlace() {
   if (draft_.empty()) return {};
   if (rename(draft_.c_str(), goal_.c_str()) != 0) return Fault(errno);
   draft_.clear();

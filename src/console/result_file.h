@@ -16,9 +16,11 @@ class ResultFile {
   ResultFile(const ResultFile&) = delete;
   ResultFile& operator=(const ResultFile&) = delete;
 
-  // Each gives one sentence that names the file when it cannot be written, or an empty text.
+  // Each gives one sentence that names the file when it cannot be written, or an empty text. Of
+  // several files all are finished before the first one is put in place.
   std::string Open(const std::string& path);
-  std::string Commit();
+  std::string Finish();
+  std::string PutInPlace();
 
   bool IsOpen() const { return !path_.empty(); }
   std::ostream& Stream();

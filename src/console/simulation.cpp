@@ -239,12 +239,6 @@ SessionLimits LimitsOf(const Experiment& experiment, const Game& table) {
   return limits;
 }
 
-// A script that writes files gets one worker, so that its lines stand in the order of the games.
-std::size_t WorkerCount(const Experiment& experiment, const Game& table, int jobs) {
-  if (WritesFiles(table)) return 1;
-  return static_cast<std::size_t>(std::clamp<std::int64_t>(jobs, 1, experiment.games));
-}
-
 void Join(SimulationResults& results, const Worker& worker) {
   for (std::size_t bet = 0; bet < results.bets.size(); ++bet) {
     const BetTotals& part = worker.Bets()[bet];
@@ -338,6 +332,11 @@ std::int32_t SeedOfGame(const Experiment& experiment, const Game& table, std::in
   return static_cast<std::int32_t>(1 + Permute(index, seeds, Mix(experiment.seed)));
 }
 
+int WorkersOf(const Experiment& experiment, const Game& table, int jobs) {
+  if (WritesFiles(table)) return 1;
+  return static_cast<int>(std::clamp<std::int64_t>(jobs, 1, experiment.games));
+}
+
 SimulationResults Simulate(const Experiment& experiment, const Game& table, int jobs,
                            SimulationProgress& progress) {
   SimulationResults results;
@@ -365,7 +364,7 @@ SimulationResults Simulate(const Experiment& experiment, const Game& table, int 
     }
   };
   std::vector<std::jthread> threads;
-  for (std::size_t i = 1; i < WorkerCount(experiment, table, jobs); ++i) threads.emplace_back(work);
+  for (int i = 1; i < WorkersOf(experiment, table, jobs); ++i) threads.emplace_back(work);
   work();
   threads.clear();
   if (failure) std::rethrow_exception(failure);

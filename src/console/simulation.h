@@ -23,7 +23,8 @@ inline constexpr std::int64_t kMaxGames = 10'000'000;  // of one run; the result
 // What is played: the strategy, the house, and how long. Two machines that are given the same
 // experiment play the same games, whatever they have of it.
 struct Experiment {
-  std::string script;  // path of a .bet file or of a script as text; empty for the built-in strategy
+  std::string
+      script;  // path of a .bet file or of a script as text; empty for the built-in strategy
   std::vector<std::pair<std::string, std::string>> settings;  // name and value, in their order
   std::int32_t rng = 1;                                       // 1 to 8
   std::uint64_t seed = 0;
@@ -51,11 +52,11 @@ enum class GameEnd : std::uint8_t {
   kStopWin,
   kStopLoss,
   kBroke,
-  kStrategy,   // the script stopped the rolling
-  kQuestion,   // the script asked for an answer or stopped to show a message
+  kStrategy,    // the script stopped the rolling
+  kQuestion,    // the script asked for an answer or stopped to show a message
   kHouseLimit,  // the bankroll passed the limit of the bank
-  kRollCount,  // the roll count of Auto-Play
-  kAborted,    // the script failed
+  kRollCount,   // the roll count of Auto-Play
+  kAborted,     // the script failed
   kInterrupted,
 };
 struct GameEndName {
@@ -151,6 +152,10 @@ std::int32_t RollLimitOf(const Experiment& experiment, const Game& table);
 // The seed of a game: from 1 to the largest seed of the selected generator; two games of an
 // experiment have different ones until all have been used.
 std::int32_t SeedOfGame(const Experiment& experiment, const Game& table, std::int64_t number);
+
+// How many threads play: not more than games, and only one when the script writes files, whose
+// lines then stand in the order of the games.
+int WorkersOf(const Experiment& experiment, const Game& table, int jobs);
 
 // Plays the games on so many threads. The results depend on nothing but the experiment.
 SimulationResults Simulate(const Experiment& experiment, const Game& table, int jobs,

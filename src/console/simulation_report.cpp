@@ -37,7 +37,8 @@ std::string Percent(double fraction, int places) {
 }
 
 std::string Hours(double hours) {
-  return FormatNumber(hours, hours < 1000 ? "#,##0.0#" : "#,##0") + (hours == 1 ? " hour" : " hours");
+  return FormatNumber(hours, hours < 1000 ? "#,##0.0#" : "#,##0") +
+         (hours == 1 ? " hour" : " hours");
 }
 
 double Share(double part, double whole) {
@@ -157,8 +158,8 @@ std::string BetsText(const SimulationReport& report) {
   std::string text = "\nMoney bet\n";
   text += Fact("  handle", Cash(handle));
   text += Fact("  net / handle", Percent(Share(Dollars(statistics.net_total), handle), 3));
-  text += Fact("  expected", Percent(Share(expected, handle), 3) + " by the rules for these bets (" +
-                                 Cash(expected) + ")");
+  text += Fact("  expected", Percent(Share(expected, handle), 3) +
+                                 " by the rules for these bets (" + Cash(expected) + ")");
   text += "\n  " + Left("bet", 18) + Right("decided", 14) + Right("handle", 20) + Right("net", 18) +
           Right("net %", 10) + Right("rules %", 10) + "\n";
   for (int bet = 1; bet <= kBetCount; ++bet) {
@@ -193,17 +194,17 @@ std::string EndsText(const SimulationReport& report) {
   text += "\n";
   for (const GameEndName& end : kGameEnds) {
     const std::int64_t games = statistics.Ended(end.end);
-    const bool always = end.end == GameEnd::kStopWin || end.end == GameEnd::kStopLoss ||
-                        end.end == GameEnd::kBroke;
+    const bool always =
+        end.end == GameEnd::kStopWin || end.end == GameEnd::kStopLoss || end.end == GameEnd::kBroke;
     if ((games == 0 && !always) || end.end == GameEnd::kNotPlayed) continue;
     const bool ruin = end.end == GameEnd::kBroke;
     text += ShareLine(ruin ? "broke (risk of ruin)" : end.label, games, statistics.games);
   }
   text += "\n";
-  text += Fact("  average session", FormatNumber(statistics.average_rolls, "#,##0.0") +
-                                        " rolls, " + Hours(average));
-  text += Fact("  longest session", CountOf(statistics.longest_rolls, "roll") + ", " +
-                                        Hours(longest));
+  text += Fact("  average session",
+               FormatNumber(statistics.average_rolls, "#,##0.0") + " rolls, " + Hours(average));
+  text +=
+      Fact("  longest session", CountOf(statistics.longest_rolls, "roll") + ", " + Hours(longest));
   return text;
 }
 
@@ -223,7 +224,8 @@ std::string HistogramText(const SimulationReport& report) {
   std::string text = "\nNet per game, from and below\n";
   for (std::size_t bin = 0; bin < histogram.counts.size(); ++bin) {
     const auto count = static_cast<double>(histogram.counts[bin]);
-    auto length = static_cast<std::size_t>(std::lround(kBarWidth * count / static_cast<double>(most)));
+    auto length =
+        static_cast<std::size_t>(std::lround(kBarWidth * count / static_cast<double>(most)));
     if (count > 0) length = std::max<std::size_t>(length, 1);
     text += "  " + Right(edge(bin), width) + "  " + Right(edge(bin + 1), width) + "  |" +
             Left(std::string(length, '#'), static_cast<std::size_t>(kBarWidth)) +
