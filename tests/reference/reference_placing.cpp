@@ -40,12 +40,11 @@ void ReferenceTable::PlaceRequested(int bet) {
 
   // Increases.
   if (bet_change > 0) {
-    const bool refused =
-        (bet == kComeBox && point == 0) ||
-        (bet == kPassOdds && !(bet_amount[kPassLine] > 0 && point != 0)) ||
-        (IsComeOdds(bet) && bet_amount[static_cast<std::size_t>(bet - 10)] == 0) ||
-        (!allow_put_bets && !put_bet_allowed_now &&
-         ((bet == kPassLine && point != 0) || IsCome(bet)));
+    const bool refused = (bet == kComeBox && point == 0) ||
+                         (bet == kPassOdds && !(bet_amount[kPassLine] > 0 && point != 0)) ||
+                         (IsComeOdds(bet) && bet_amount[static_cast<std::size_t>(bet - 10)] == 0) ||
+                         (!allow_put_bets && !put_bet_allowed_now &&
+                          ((bet == kPassLine && point != 0) || IsCome(bet)));
     if (refused) {
       bet_change = 0;
       return;

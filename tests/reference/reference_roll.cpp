@@ -28,8 +28,6 @@ int Hop(int low, int high) {
   std::abort();
 }
 
-
-
 }  // namespace
 
 ReferenceTable::ReferenceTable() {
@@ -447,15 +445,15 @@ void ReferenceTable::ModifySameBet(int option) {
       if (handle_choice_tag[cell] == 1) request = -request;
       break;
     case 2:
-      request = percent ? Nearest(Wide{start} * a - Wide{start} * money * 100, money * 100)
-                        : Nearest(Wide{start} * a * unit - Wide{start} * money * money,
-                                  money * money);
+      request = percent
+                    ? Nearest(Wide{start} * a - Wide{start} * money * 100, money * 100)
+                    : Nearest(Wide{start} * a * unit - Wide{start} * money * money, money * money);
       break;
     default:
       if (a > 0) {
-        request = percent ? Nearest(Wide{start} * money * 100 - Wide{start} * a, a)
-                          : Nearest(Wide{start} * money * money - Wide{start} * a * unit,
-                                    Wide{a} * unit);
+        request =
+            percent ? Nearest(Wide{start} * money * 100 - Wide{start} * a, a)
+                    : Nearest(Wide{start} * money * money - Wide{start} * a * unit, Wide{a} * unit);
       }
       break;
   }

@@ -258,11 +258,11 @@ void ReferenceTable::RestartGraph() {
 }
 
 void ReferenceTable::DrawGraph(bool rescale) {
-  static constexpr Raw kLadder[] = {
-      100,       200,       400,       1'000,      2'000,      4'000,       10'000,
-      20'000,    40'000,    100'000,   200'000,    400'000,    1'000'000,   2'000'000,
-      4'000'000, 10'000'000, 20'000'000, 40'000'000, 100'000'000, 200'000'000, 400'000'000,
-      1'000'000'000};
+  static constexpr Raw kLadder[] = {100,         200,          400,        1'000,       2'000,
+                                    4'000,       10'000,       20'000,     40'000,      100'000,
+                                    200'000,     400'000,      1'000'000,  2'000'000,   4'000'000,
+                                    10'000'000,  20'000'000,   40'000'000, 100'000'000, 200'000'000,
+                                    400'000'000, 1'000'000'000};
   const auto top_over = [this](Raw base) {
     const Raw whole = Nearest(base, kOne) * kOne;
     const Raw step = 50 * graph_scale;
