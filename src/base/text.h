@@ -6,6 +6,7 @@
 namespace feltmaster {
 
 // Text is single bytes as the system stores them. Case is folded for ASCII letters alone.
+// Only blanks are trimmed.
 std::string_view Trim(std::string_view text);
 std::string_view TrimRight(std::string_view text);
 std::string Lower(std::string_view text);

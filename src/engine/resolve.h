@@ -1,11 +1,9 @@
 #pragma once
 
+#include "engine/roll_table.h"
 #include "game/game.h"
 
 namespace feltmaster {
-
-// How a roll touches a bet.
-enum ResolveMode : std::int32_t { kLoses = -1, kWins = 1, kOddsLose = -2, kOddsWin = 2 };
 
 // PayoffExact, PayoffNet and row 0 of PayTable for a bet of that amount, by the dice on the table
 // and PrevPoint. is_actual 0 is the phantom dollar.

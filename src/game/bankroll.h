@@ -25,6 +25,7 @@ struct BankrollState {
   // positions after AveragesSettled first.
   std::array<MoneyAmount, kGraphRolls + 1> BankrollAverages{};
   std::int32_t AveragesSettled = 0;
+  std::int32_t HistoryRolls = 0;  // RollCounts(0) at the newest value of the history
 
   MoneyAmount GraphHigh;
   MoneyAmount GraphLow;

@@ -31,6 +31,11 @@ class BitSet {
     return count;
   }
 
+  // The members first to first + count - 1 as bits; they must lie within one word of 64.
+  constexpr std::uint32_t Slice(int first, int count) const {
+    return static_cast<std::uint32_t>(words_[Word(first)] >> (first % 64)) & ((1u << count) - 1u);
+  }
+
   template <typename Function>
   constexpr void ForEach(Function&& function) const {
     for (int w = 0; w < kWords; ++w) {

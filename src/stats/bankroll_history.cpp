@@ -1,0 +1,233 @@
+#include "stats/bankroll_history.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace feltmaster {
+namespace {
+
+constexpr MoneyAmount kCent = MoneyAmount::FromRaw(100);
+
+// 1, 2 and 4 times the powers of ten, from a cent to 100,000 dollars a point.
+constexpr std::array<MoneyAmount, 22> kScales = [] {
+  std::array<MoneyAmount, 22> ladder{};
+  MoneyAmount power = kCent;
+  for (std::size_t rung = 0; rung < ladder.size(); ++rung) {
+    ladder[rung] = power.Times(rung % 3 == 0 ? 1 : rung % 3 == 1 ? 2 : 4);
+    if (rung % 3 == 2) power = power.Times(10);
+  }
+  return ladder;
+}();
+static_assert(kScales.back() == MoneyAmount(100'000));
+
+constexpr std::int64_t kTopStep = 50;  // points between two lines of the graph's scale
+
+MoneyAmount& HistoryCell(Game& game, int position) {
+  return game.BankrollHistory[static_cast<std::size_t>(position)];
+}
+MoneyAmount HistoryCell(const Game& game, int position) {
+  return game.BankrollHistory[static_cast<std::size_t>(position)];
+}
+
+std::int32_t RollsMade(const Game& game) {
+  return game.Events[0].count;
+}
+
+void Widen(MoneyAmount& high, MoneyAmount& low, MoneyAmount value) {
+  high = std::max(high, value);
+  low = std::min(low, value);
+}
+
+// The place of the roll so many before a position: down the page, then down the page before it from
+// its end. 0 when there is none.
+int PlaceBefore(int position, int rolls_before, bool page_before) {
+  const int place = position - rolls_before;
+  if (place >= 1) return place;
+  return page_before && place > -kGraphRolls ? kHistorySize - 1 + place : 0;
+}
+
+// The sum of up to `count` values from `start` down, and how many there were.
+struct WindowSum {
+  MoneyAmount sum;
+  int added = 0;
+};
+WindowSum SumDown(const Game& game, int start, int count, bool page_before) {
+  WindowSum window;
+  if (start < 1) {
+    if (!page_before) return window;
+    start = kHistorySize - 1;
+  }
+  for (int position = start; window.added < count; --position, ++window.added) {
+    if (position < 1) {
+      if (!page_before) break;
+      position = kHistorySize - 1;
+    }
+    window.sum += HistoryCell(game, position);
+  }
+  return window;
+}
+
+bool HasPageBefore(std::int32_t rolls) {
+  return rolls > kGraphRolls;
+}
+
+MoneyAmount AverageOf(MoneyAmount sum, std::int64_t rolls) {
+  return rolls == 0 ? MoneyAmount() : Quotient(sum, MoneyAmount::FromWhole(rolls));
+}
+
+// The line of the scale above a value, three lines up.
+MoneyAmount TopOver(MoneyAmount base, MoneyAmount scale) {
+  const MoneyAmount step = scale.Times(kTopStep);
+  return step.Times(UnitsIn(MoneyAmount::FromWhole(base.RoundWhole()), step) + 3);
+}
+
+MoneyAmount GraphBase(const Game& game) {
+  const MoneyAmount bankroll = game.BetAmount[kBankroll];
+  if (!game.GraphRefLines) return bankroll;
+  const auto on_page = [&](std::size_t line) {
+    return game.RefLineRoll[line] >= 0 && game.RefLineRoll[line] < game.BankrollHistoryCount;
+  };
+  const auto value = [&](std::size_t line) {
+    return HistoryCell(game, game.RefLineRoll[line] + 1);
+  };
+  if (on_page(1) && on_page(2)) return Quotient(value(1) + value(2), MoneyAmount(2));
+  if (on_page(1)) return value(1);
+  if (on_page(2)) return value(2);
+  return bankroll;
+}
+
+// How many steps bring `distance` down to 0 or below; 0 when it is there.
+std::int64_t StepsOver(MoneyAmount distance, MoneyAmount step) {
+  return distance.Raw() <= 0 ? 0 : -UnitsIn(-distance, step);
+}
+
+}  // namespace
+
+MoneyAmount MovingAverage(const Game& game, bool include_current, int position, int count) {
+  count = std::min(count, kGraphRolls);
+  const std::int32_t rolls = RollsMade(game);
+  if (count <= 0) {
+    if (include_current) return AverageOf(game.BankrollSum, rolls);
+    return AverageOf(game.BankrollSum - game.BetAmount[kBankroll], std::int64_t{rolls} - 1);
+  }
+  const bool from_here = include_current && position != 0;
+  const int start = std::clamp(from_here ? position : position - 1, -1, kHistorySize - 1);
+  const WindowSum window = SumDown(game, start, count, HasPageBefore(rolls));
+  return AverageOf(window.sum, window.added);
+}
+
+void SettleAverages(Game& game) {
+  const int last = std::clamp(game.BankrollHistoryCount, 0, kGraphRolls);
+  const int first = std::exchange(game.AveragesSettled, last) + 1;
+  if (!game.GraphShowAverage || first > last) return;
+  const std::int32_t rolls = game.HistoryRolls;
+  if (game.GraphAverageRolls > 0) {
+    const int count = std::min(game.GraphAverageRolls, kGraphRolls);
+    // The window slides: the newest value comes in, the one that falls out of it goes.
+    WindowSum window;
+    bool page_before = false;
+    for (int position = first; position <= last; ++position) {
+      const bool has_page = HasPageBefore(rolls - (last - position));
+      if (position == first || has_page != page_before) {
+        page_before = has_page;
+        window = SumDown(game, position, count, page_before);
+      } else {
+        window.sum += HistoryCell(game, position);
+        const int leaving = PlaceBefore(position, count, page_before);
+        if (leaving == 0) {
+          ++window.added;
+        } else {
+          window.sum -= HistoryCell(game, leaving);
+        }
+      }
+      game.BankrollAverages[static_cast<std::size_t>(position)] =
+          AverageOf(window.sum, window.added);
+    }
+    return;
+  }
+  MoneyAmount sum = game.BankrollSum;
+  for (int position = last; position >= first; --position) {
+    game.BankrollAverages[static_cast<std::size_t>(position)] =
+        AverageOf(sum, rolls - (last - position));
+    sum -= HistoryCell(game, position);
+  }
+}
+
+MoneyAmount BankrollAverage(Game& game, int position) {
+  SettleAverages(game);
+  return game.BankrollAverages[static_cast<std::size_t>(position)];
+}
+
+void RebuildAverages(Game& game) {
+  const bool shown = std::exchange(game.GraphShowAverage, true);
+  game.AveragesSettled = 0;
+  game.HistoryRolls = RollsMade(game);
+  SettleAverages(game);
+  game.GraphShowAverage = shown;
+  RescanGraphRange(game);
+}
+
+void RescanGraphRange(Game& game) {
+  game.GraphHigh = game.GraphLow = game.BetAmount[kBankroll];
+  const int last = std::clamp(game.BankrollHistoryCount, 0, kGraphRolls);
+  for (int position = 1; position <= last; ++position) {
+    Widen(game.GraphHigh, game.GraphLow, HistoryCell(game, position));
+  }
+}
+
+void DrawGraph(Game& game, bool rescale) {
+  constexpr std::int32_t kManual = 0;
+  constexpr std::int32_t kSnapBack = 2;
+  if (game.GraphAdjustType == kSnapBack && game.BankrollHistoryCount == 0) {
+    game.GraphScale = game.GraphManualScale;
+  }
+  if (game.GraphScale < kCent) game.GraphScale = kCent;
+  if (rescale) game.GraphTop = TopOver(GraphBase(game), game.GraphScale);
+  if (game.GraphAdjustType == kManual) return;
+
+  while (game.GraphHigh - game.GraphLow > game.GraphScale.Times(5 * kTopStep)) {
+    const auto* const rung = std::upper_bound(kScales.begin(), kScales.end(), game.GraphScale);
+    if (rung == kScales.end()) break;
+    game.GraphScale = *rung;
+    game.GraphTop = TopOver(game.GraphHigh, game.GraphScale);
+  }
+  const MoneyAmount step = game.GraphScale.Times(kTopStep);
+  game.GraphTop += step.Times(StepsOver(game.GraphHigh - game.GraphTop, step));
+  const MoneyAmount bottom = game.GraphTop - game.GraphScale.Times(kGraphHeight);
+  game.GraphTop -= step.Times(StepsOver(bottom - game.GraphLow, step));
+}
+
+void RestartGraph(Game& game) {
+  SettleAverages(game);
+  game.GraphScale = MoneyAmount(1);
+  game.GraphTop = MoneyAmount(150);
+  game.BankrollHistoryCount = 0;
+  game.AveragesSettled = 0;
+  HistoryCell(game, 0) = MoneyAmount(1);
+  const MoneyAmount bankroll = game.BetAmount[kBankroll];
+  game.BankrollHigh = game.BankrollLow = game.GraphHigh = game.GraphLow = bankroll;
+}
+
+void TrackBankroll(Game& game) {
+  const MoneyAmount bankroll = game.BetAmount[kBankroll];
+  // Also true of a negative count, which no game makes but a file may hold.
+  const bool page_full = static_cast<std::uint32_t>(game.BankrollHistoryCount) >= kGraphRolls;
+  if (page_full) SettleAverages(game);
+  game.BankrollSum += bankroll;
+  game.HistoryRolls = RollsMade(game);
+  Widen(game.BankrollHigh, game.BankrollLow, bankroll);
+  Widen(game.GraphHigh, game.GraphLow, bankroll);
+  if (page_full) {
+    game.BankrollHistoryCount = 0;
+    game.AveragesSettled = 0;
+    HistoryCell(game, 0) = MoneyAmount::FromWhole(game.HistoryRolls);
+    game.GraphHigh = game.GraphLow = bankroll;
+    std::copy_n(game.BankrollHistory.begin() + 1, kGraphRolls,
+                game.BankrollHistory.begin() + 1 + kGraphRolls);
+    DrawGraph(game, true);
+  }
+  HistoryCell(game, ++game.BankrollHistoryCount) = bankroll;
+}
+
+}  // namespace feltmaster

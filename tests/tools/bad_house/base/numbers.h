@@ -1,0 +1,3 @@
+#include <vector>
+#include "base/numbers.h"
+#include "surface/surface.h"

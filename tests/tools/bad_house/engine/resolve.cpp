@@ -1,0 +1,5 @@
+#include "resolve.h"
+#include "../engine/resolve.h"
+#include "console/app.h"
+#include "tests/helpers.h"
+#include "desktop/window.h"

@@ -1,0 +1,2 @@
+#include "base/numbers.h"
+  #  include   "surface/surface.h"  // the state knows nobody

@@ -1,0 +1,2 @@
+#include "game/state.h"
+#include "stats/table.h"
