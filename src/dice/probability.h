@@ -7,19 +7,47 @@
 
 namespace feltmaster {
 
-// Fills the grid with the true chances of two dice, in thousandths of a percent.
+// The grid of the dice. Columns 1 to 11 stand for the totals 2 to 12: row 1 holds the total, the
+// rows below it its ordered rolls. Columns 12 and 13 hold the faces of either die in rows 2 to 7.
+inline constexpr int kTotalRow = 1;
+inline constexpr int kFirstRollRow = 2;
+inline constexpr int kLastRollRow = 7;
+inline constexpr int kTotalColumns = 11;
+inline constexpr int kFirstDieColumn = 12;
+inline constexpr int kSecondDieColumn = 13;
+inline constexpr std::int32_t kCertainty = 100'000;  // thousandths of a percent
+inline constexpr std::int32_t kCellLocked = 128;
+
+// Ways of two dice to make the total of a column, which is also the number of its roll cells.
+constexpr int WaysOfColumn(int column) {
+  return 6 - (column < 6 ? 6 - column : column - 6);
+}
+// The dice of a roll's cell.
+constexpr int FirstDieOfCell(int row, int column) {
+  return column < 7 ? row - 1 : row + column - 7;
+}
+constexpr int SecondDieOfCell(int row, int column) {
+  return column < 7 ? column - row + 2 : 8 - row;
+}
+
+// Fills the grid with the true chances of two dice, in thousandths of a percent; no cell is locked
+// and the dice are Percentage Dice.
 void DefaultProbabilities(Game& game);
 
-// Maps a draw, 1 to 100,000 (a few generators give 100,001), to a pair of dice by the weights.
+// Maps a draw, 1 to 100,000 (a few generators give 100,001), to a pair of dice by the weights. A
+// draw that no cell takes is made anew by the plain generator among those that one takes; a grid
+// without any weight gives true dice.
 void MapSkewedDraw(Game& game, std::int32_t x);
 
-// Sets one cell of the grid and lets the cells that are not locked take the rest. `raw` means that
-// value is in thousandths of a percent already; otherwise it is the number of the field multiplied
-// by 1,000 and is read by ProbabilityDisplay.
+// Sets one cell of the grid, locks it, and lets the cells that are not locked take the rest. `raw`
+// means that value is in thousandths of a percent already; otherwise it is the number of the field
+// multiplied by 1,000 and is read by ProbabilityDisplay. Nothing changes when no cell is free to
+// take the rest, or when there is no such cell.
 void SetProbabilityCell(Game& game, int row, int column, double value, bool raw);
 
 // Reads a Probability File: 5 records of 256 bytes. False, with LastErrorText set and the table
-// untouched, when the file cannot be read or is none.
+// untouched, when the file cannot be read or is none. FileStatus tells the result as for game
+// files. Missing numbers are 0; weights outside 0 to 100,000 are brought into range.
 bool LoadProbabilityFile(Game& game, const std::string& path);
 
 }  // namespace feltmaster
