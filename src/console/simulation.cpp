@@ -14,6 +14,7 @@
 #include "autobet/load_script.h"
 #include "autobet/run_script.h"
 #include "automation/hyper_drive.h"
+#include "base/hash.h"
 #include "base/text.h"
 #include "config/advantage.h"
 #include "config/configure.h"
@@ -29,14 +30,6 @@ namespace {
 
 // --- Seeds -----------------------------------------------------------------------------------
 
-// The finalizer of SplitMix64: every bit of the result hangs on every bit of the argument.
-constexpr std::uint64_t Mix(std::uint64_t z) {
-  z += 0x9E3779B97F4A7C15u;
-  z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9u;
-  z = (z ^ (z >> 27)) * 0x94D049BB133111EBu;
-  return z ^ (z >> 31);
-}
-
 // A permutation of 0 to size - 1, another one for each key: a Feistel network over the smallest
 // even number of bits that holds size, walked until it falls below size.
 std::uint64_t Permute(std::uint64_t index, std::uint64_t size, std::uint64_t key) {
@@ -48,7 +41,7 @@ std::uint64_t Permute(std::uint64_t index, std::uint64_t size, std::uint64_t key
     std::uint64_t left = index >> half;
     std::uint64_t right = index & mask;
     for (std::uint64_t round = 0; round < kRounds; ++round) {
-      const std::uint64_t next = left ^ (Mix(key ^ Mix(right + (round << 32))) & mask);
+      const std::uint64_t next = left ^ (MixBits(key ^ MixBits(right + (round << 32))) & mask);
       left = right;
       right = next;
     }
@@ -329,7 +322,7 @@ std::int32_t RollLimitOf(const Experiment& experiment, const Game& table) {
 std::int32_t SeedOfGame(const Experiment& experiment, const Game& table, std::int64_t number) {
   const auto seeds = static_cast<std::uint64_t>(MaxSeed(table));
   const std::uint64_t index = static_cast<std::uint64_t>(number) % seeds;
-  return static_cast<std::int32_t>(1 + Permute(index, seeds, Mix(experiment.seed)));
+  return static_cast<std::int32_t>(1 + Permute(index, seeds, MixBits(experiment.seed)));
 }
 
 int WorkersOf(const Experiment& experiment, const Game& table, int jobs) {
