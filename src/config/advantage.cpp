@@ -240,7 +240,7 @@ Advantage PassLine(const Game& game) {
   const double seven = TotalProb(game, 7);
   TwoStages stages;
   stages.Add(RatioOf(game, kComeBox), seven);
-  // The rolls of a come-out 7 are counted as none, those of a point with its come-out roll.
+  stages.AddRolls(seven);
   for (const int total : kNumbers) {
     const double point = TotalProb(game, total);
     const double either = point + seven;

@@ -14,13 +14,16 @@ namespace feltmaster {
 bool CheckLimits(Game& game);
 
 // Units of the simulated roll rate, by index: rolls per hour, minute, second; hours, minutes,
-// seconds per roll.
+// seconds per roll. The entry is shown as "<.0001" where four decimals show nothing. A rate of zero
+// or beyond the limit of its unit is refused with a message.
 inline constexpr int kRateUnits = 6;
+std::string_view RateUnitText(int unit);  // "Rolls / hr"
 bool SetRollsPerHour(Game& game, std::string_view entry, int unit);
 std::string ShowRollsPerHour(const Game& game, int unit);
 
-// Whether a number field takes the key: the text as it stands with the selection removed, and the
-// place of the cursor in it. Gives the new text, or the old one when the key is dropped.
+// What a number field makes of a key ('\b' is Backspace): the text as it stands with the selection
+// removed, and the place of the cursor in it. Gives the new text, or the old one when the key is
+// dropped. max_length 0 means no limit but that of 14 digits in front of the point.
 struct FieldKey {
   std::string text;
   std::size_t cursor = 0;
@@ -35,11 +38,15 @@ void ChangeVigSetting(Game& game, VigSetting setting, std::int32_t value);
 // The box " Allow negative bankroll amounts"; unchecking it can be refused with a message.
 void SetAllowNegBankroll(Game& game, bool allow);
 
+void SetDefaultDenominations(Game& game);
 void RestoreDefaultDenominations(Game& game);  // asks first
 
 // Writes a setting by its name as its control on the Configure or Auto-Play screen does, with that
-// control's checks and effects. The value is text as typed. Gives the reason when the name is no
-// setting or the value is not one that the control can hold; nothing has changed then.
+// control's checks and effects. The value is text as typed: true or false for a box, the index for
+// a list, a number for a field. As on the screens the vig rates are percentages, RollsPerHour is in
+// the unit chosen by RollsPerTimeUnit, and PayTable(bet,1) is the number shown. Gives the reason
+// when the name is no setting or the value is not one that the control can hold; nothing has
+// changed then. A refusal by the house is no such reason: it shows as a message.
 std::string Configure(Game& game, std::string_view name, std::string_view value);
 
 }  // namespace feltmaster

@@ -29,8 +29,8 @@ enum DiceActions : std::int32_t {
 struct Preferences {
   std::int32_t ConfigureTab = 0;
   std::int32_t ChipColor = 1;  // the selected tool
-  std::int32_t ChipPicture = 0;
-  std::int32_t DicePicture = 0;
+  std::int32_t ChipPicture = 1;
+  std::int32_t DicePicture = 1;
   std::int32_t DiceAction = kDiceReturnAfterThrown;
   bool UseCentsSymbol = true;
   std::int32_t StickPersonChoice = 0;
@@ -53,10 +53,14 @@ struct Preferences {
   std::int32_t AdvantageScroll = 1;
   std::int32_t PayoffsScroll = 1;
 
-  std::array<std::int32_t, 4> CompBetMask{};  // 1 to 3
+  // Words 1 to 3, a bit a bet: 1 to 31, 32 to 62, 63 to 88. All count but 13 to 18, 25 to 30, 44
+  // and 47.
+  std::array<std::int32_t, 4> CompBetMask = {0, static_cast<std::int32_t>(0xC0FC0FFF),
+                                             static_cast<std::int32_t>(0xFFFF6FFF),
+                                             static_cast<std::int32_t>(0xFFFFFFFF)};
   std::int32_t BaseComps = 0;
-  bool CompsUseTrueProbs = false;
-  MoneyAmount CompRate;
+  bool CompsUseTrueProbs = true;
+  MoneyAmount CompRate = MoneyAmount(30);  // percent
 
   std::int32_t RollTotalsDisplay = 0;
   std::int32_t RollTotalsBackColor = 11;
