@@ -7,14 +7,15 @@
 #include <memory>
 #include <stdexcept>
 
-#include "autobet/load_script.h"
+#include "autobet/script_file.h"
+#include "autobet/script_text.h"
 #include "automation/hyper_drive.h"
 #include "base/hash.h"
+#include "console/bench_scripts.h"
 #include "console/simulation.h"
 #include "dice/rng.h"
 #include "engine/start_up.h"
 #include "stats/roll_statistics.h"
-#include "strategies.h"
 #include "surface/null_surface.h"
 #include "view/state_hash.h"
 
@@ -52,9 +53,11 @@ void BetLine(Game& game) {
 
 template <const std::string_view& kText>
 void RunScriptOf(Game& game) {
-  if (const std::string fault = LoadScriptText(game, kText); !fault.empty()) {
-    throw std::logic_error(fault);
+  auto script = ComposeScript(kText);
+  if (const auto* fault = std::get_if<ScriptTextFault>(&script)) {
+    throw std::logic_error("line " + std::to_string(fault->line) + ": " + fault->expected);
   }
+  SetScript(game, std::get<std::vector<ScriptLine>>(std::move(script)), "");
   game.ScriptActive = 1;
 }
 

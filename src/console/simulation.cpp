@@ -11,8 +11,8 @@
 
 #include "autobet/check_bets.h"
 #include "autobet/codes.h"
-#include "autobet/load_script.h"
 #include "autobet/run_script.h"
+#include "autobet/script_file.h"
 #include "automation/hyper_drive.h"
 #include "base/hash.h"
 #include "base/text.h"
@@ -50,18 +50,6 @@ std::uint64_t Permute(std::uint64_t index, std::uint64_t size, std::uint64_t key
   return index;
 }
 
-// Seeds every generator that others are made of, since a script may select another.
-void SeedGenerators(Game& game, std::int32_t seed) {
-  constexpr std::int32_t kBaseGenerators = 5;
-  constexpr std::int32_t kTakeRequest = -1;
-  const std::int32_t selected = game.RngSelected;
-  for (game.RngSelected = kBaseGenerators - 1; game.RngSelected >= 0; --game.RngSelected) {
-    game.BetRequest = MoneyAmount::FromWhole(1 + (seed - 1) % MaxSeed(game));
-    SeedRng(game, kTakeRequest);
-  }
-  game.RngSelected = selected;
-}
-
 // --- The table -------------------------------------------------------------------------------
 
 // Listens while the table is made: a refusal of the house is a fault of the experiment.
@@ -90,9 +78,19 @@ class SetUpSurface final : public NullSurface {
   std::string refusal_;
 };
 
-bool IsNamed(const Experiment& experiment, std::string_view setting) {
-  return std::any_of(experiment.settings.begin(), experiment.settings.end(),
-                     [&](const auto& entry) { return EqualIgnoringCase(entry.first, setting); });
+// An option and the settings that say the same in another way.
+std::string FindContradiction(const Experiment& experiment) {
+  const auto is_set = [&](std::string_view setting) {
+    return std::any_of(experiment.settings.begin(), experiment.settings.end(),
+                       [&](const auto& entry) { return EqualIgnoringCase(entry.first, setting); });
+  };
+  if (experiment.rng && is_set("RngSelected")) return "--rng contradicts --set RngSelected.";
+  for (const char* setting : {"BankrollInitAmount", "BankrollInitType"}) {
+    if (experiment.bankroll && is_set(setting)) {
+      return std::string("--bankroll contradicts --set ") + setting + ".";
+    }
+  }
+  return {};
 }
 
 bool WritesFiles(const Game& table) {
@@ -157,6 +155,7 @@ class Worker {
                          progress_);
     game.surface = &surface;
     SeedGenerators(game, seed);
+    game.RngSelected = table_.RngSelected;
 
     if (!game.ScriptLines.empty()) RunInitialisationCycle(game);
     surface.BeginSession();
@@ -266,16 +265,16 @@ void BetPassLine(Game& game) {
 }
 
 std::string PrepareTable(const Experiment& experiment, Game& table) {
+  if (std::string fault = FindContradiction(experiment); !fault.empty()) return fault;
   SetUpSurface surface;
   table.surface = &surface;
   StartUp(table, {.data_dir = "", .seed = 1});
-  table.RngSelected = experiment.rng - 1;
+  if (experiment.rng) table.RngSelected = *experiment.rng - 1;
 
   if (experiment.script.empty()) {
     SetUpPassLineWithOdds(table);
   } else {
-    const std::string fault = LoadAnyScript(table, experiment.script);
-    if (!fault.empty()) return fault;
+    if (const auto fault = LoadScriptOrText(table, experiment.script)) return *fault;
     if (table.ScriptLines.empty()) return experiment.script + ": the script has no lines.";
     if (const int line = CheckBets(table); line > 0) {
       return experiment.script + ", line " + std::to_string(line) + ": " +
