@@ -111,10 +111,13 @@ void ReferenceTable::PlaceChipsRequested(int bet) {
   if (bet == kPassLine && point != 0) odds = kPassOdds;
   if (IsCome(bet)) odds = bet + 10;
   if (odds == 0) return;
+  // What is told of the command is the change of the flat bet.
+  const Raw flat_change = bet_change;
   ComputeMaxBet(odds);
   if (bet_amount[static_cast<std::size_t>(odds)] > max_bet_here || auto_take_full_odds) {
     TakeFullOdds(odds);
   }
+  bet_change = flat_change;
 }
 
 void ReferenceTable::TakeFullOdds(int bet) {
