@@ -83,7 +83,7 @@ void ReferenceTable::PlaceRequested(int bet) {
     };
     bool cut = false;
     while (needed() > Bankroll() && bet_change > -amount) {
-      bet_change -= unit;
+      bet_change = std::max(bet_change - unit, -amount);
       cut = true;
     }
     if (cut) {
