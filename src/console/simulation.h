@@ -26,7 +26,7 @@ struct Experiment {
   std::string
       script;  // path of a .bet file or of a script as text; empty for the built-in strategy
   std::vector<std::pair<std::string, std::string>> settings;  // name and value, in their order
-  std::int32_t rng = 1;                                       // 1 to 8
+  std::optional<std::int32_t> rng;                            // 1 to 8; as the settings say
   std::uint64_t seed = 0;
 
   std::int64_t first_game = 1;

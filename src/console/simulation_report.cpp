@@ -102,7 +102,7 @@ std::string ExperimentText(const SimulationReport& report) {
   for (const auto& [name, value] : experiment.settings) house += ", " + name + "=" + value;
   if (!house.empty()) text += Fact("House", house.substr(2));
 
-  text += Fact("Dice", "RNG #" + std::to_string(experiment.rng) + ", --seed " +
+  text += Fact("Dice", "RNG #" + std::to_string(report.table.RngSelected + 1) + ", --seed " +
                            std::to_string(experiment.seed));
   return text;
 }
@@ -274,7 +274,7 @@ Json ExperimentJson(const SimulationReport& report) {
       {"bankroll", OrNull(experiment.bankroll)},
       {"stop_win", OrNull(experiment.stop_win)},
       {"stop_loss", OrNull(experiment.stop_loss)},
-      {"rng", experiment.rng},
+      {"rng", report.table.RngSelected + 1},
       {"seed", experiment.seed},
       {"settings", settings},
   };
