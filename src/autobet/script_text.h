@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -11,16 +11,25 @@
 
 namespace feltmaster {
 
-// The text form of a script: its LineText lines, one a line. Leading blanks and the case of fixed
-// words do not matter when it is read back.
+// The text form of a script: its LineText lines, one a line. What a reader of the text may vary:
+// the indentation, runs of blanks, blanks beside punctuation, and the case of fixed words. Names
+// and messages stand in double quotes. A line that begins with "'" is a comment.
+//
+// Any text that is no line of the vocabulary could be a label, and so could every slip of the pen.
+// Therefore such a text is a label only
+//   - if a Go to or Gosub of the script names it, or
+//   - if it does not begin like a line of the vocabulary and, in a whole script, stands behind
+//     exactly one blank, as labels are printed.
 struct ScriptTextFault {
   std::size_t line = 0;    // from 1
-  std::size_t column = 0;  // from 1
-  std::string expected;    // what was expected there, one sentence
+  std::size_t column = 0;  // from 1, in bytes
+  std::string expected;    // what was expected there
 };
 
-// Composes one line from its printable text, or says where the text stops making sense.
-std::variant<ScriptLine, ScriptTextFault> ComposeLine(std::string_view text);
+// Composes one line from its printable text, or says where the text stops making sense. `script`
+// gives the lines whose Go to and Gosub name labels.
+std::variant<ScriptLine, ScriptTextFault> ComposeLine(std::string_view text,
+                                                      std::span<const ScriptLine> script = {});
 // A whole script; blank lines are passed over.
 std::variant<std::vector<ScriptLine>, ScriptTextFault> ComposeScript(std::string_view text);
 

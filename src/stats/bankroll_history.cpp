@@ -39,25 +39,37 @@ void Widen(MoneyAmount& high, MoneyAmount& low, MoneyAmount value) {
   low = std::min(low, value);
 }
 
-// The walk of the moving average, down from `start` and, with a page before this one, on from its
-// end. `rolls` is the count of rolls at the moment for which the average is asked.
-MoneyAmount AverageDown(const Game& game, int start, int count, std::int32_t rolls) {
-  const bool page_before = rolls > kGraphRolls;
-  if (start < 1) {
-    if (!page_before) return MoneyAmount();
-    start = kHistorySize - 1;
-  }
+// The place of the roll so many before a position: down the page, then down the page before it from
+// its end. 0 when there is none.
+int PlaceBefore(int position, int rolls_before, bool page_before) {
+  const int place = position - rolls_before;
+  if (place >= 1) return place;
+  return page_before && place > -kGraphRolls ? kHistorySize - 1 + place : 0;
+}
+
+// The sum of up to `count` values from `start` down, and how many there were.
+struct WindowSum {
   MoneyAmount sum;
   int added = 0;
-  for (int position = start; added < count; --position) {
+};
+WindowSum SumDown(const Game& game, int start, int count, bool page_before) {
+  WindowSum window;
+  if (start < 1) {
+    if (!page_before) return window;
+    start = kHistorySize - 1;
+  }
+  for (int position = start; window.added < count; --position, ++window.added) {
     if (position < 1) {
       if (!page_before) break;
       position = kHistorySize - 1;
     }
-    sum += HistoryCell(game, position);
-    ++added;
+    window.sum += HistoryCell(game, position);
   }
-  return Quotient(sum, MoneyAmount::FromWhole(added));
+  return window;
+}
+
+bool HasPageBefore(std::int32_t rolls) {
+  return rolls > kGraphRolls;
 }
 
 MoneyAmount AverageOf(MoneyAmount sum, std::int64_t rolls) {
@@ -100,8 +112,9 @@ MoneyAmount MovingAverage(const Game& game, bool include_current, int position, 
     return AverageOf(game.BankrollSum - game.BetAmount[kBankroll], std::int64_t{rolls} - 1);
   }
   const bool from_here = include_current && position != 0;
-  return AverageDown(game, std::clamp(from_here ? position : position - 1, -1, kHistorySize - 1),
-                     count, rolls);
+  const int start = std::clamp(from_here ? position : position - 1, -1, kHistorySize - 1);
+  const WindowSum window = SumDown(game, start, count, HasPageBefore(rolls));
+  return AverageOf(window.sum, window.added);
 }
 
 void SettleAverages(Game& game) {
@@ -111,9 +124,25 @@ void SettleAverages(Game& game) {
   const std::int32_t rolls = game.HistoryRolls;
   if (game.GraphAverageRolls > 0) {
     const int count = std::min(game.GraphAverageRolls, kGraphRolls);
+    // The window slides: the newest value comes in, the one that falls out of it goes.
+    WindowSum window;
+    bool page_before = false;
     for (int position = first; position <= last; ++position) {
+      const bool has_page = HasPageBefore(rolls - (last - position));
+      if (position == first || has_page != page_before) {
+        page_before = has_page;
+        window = SumDown(game, position, count, page_before);
+      } else {
+        window.sum += HistoryCell(game, position);
+        const int leaving = PlaceBefore(position, count, page_before);
+        if (leaving == 0) {
+          ++window.added;
+        } else {
+          window.sum -= HistoryCell(game, leaving);
+        }
+      }
       game.BankrollAverages[static_cast<std::size_t>(position)] =
-          AverageDown(game, position, count, rolls - (last - position));
+          AverageOf(window.sum, window.added);
     }
     return;
   }

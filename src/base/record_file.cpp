@@ -1,0 +1,204 @@
+#include "base/record_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <bit>
+#include <cerrno>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <system_error>
+#include <utility>
+
+#include "base/text.h"
+
+namespace feltmaster {
+
+namespace {
+
+template <typename Unsigned>
+Unsigned LittleEndian(std::string_view bytes, std::size_t offset) {
+  Unsigned value = 0;
+  for (std::size_t i = sizeof(Unsigned); i-- > 0;) {
+    value = static_cast<Unsigned>((std::uint64_t{value} << 8) |
+                                  static_cast<unsigned char>(bytes[offset + i]));
+  }
+  return value;
+}
+
+template <typename Unsigned>
+void PutLittleEndian(char* bytes, Unsigned value) {
+  for (std::size_t i = 0; i < sizeof(Unsigned); ++i) {
+    bytes[i] = static_cast<char>((std::uint64_t{value} >> (8 * i)) & 0xff);
+  }
+}
+
+// An open file, closed at the end of its life.
+class Descriptor {
+ public:
+  explicit Descriptor(int number) : number_(number) {}
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+  ~Descriptor() { Close(); }
+
+  bool IsOpen() const { return number_ >= 0; }
+  int Number() const { return number_; }
+  int Close() {
+    const int number = std::exchange(number_, -1);
+    return number < 0 ? 0 : ::close(number);
+  }
+
+ private:
+  int number_;
+};
+
+bool WriteAll(int file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = ::write(file, bytes.data(), bytes.size());
+    if (written < 0) {
+      if (errno == EINTR) continue;
+      return false;
+    }
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return true;
+}
+
+std::optional<FileError> WriteInPlace(const std::string& path, std::string_view bytes) {
+  Descriptor file(::open(path.c_str(), O_WRONLY | O_CLOEXEC));
+  if (!file.IsOpen() || !WriteAll(file.Number(), bytes) || file.Close() != 0) {
+    return SystemError(errno);
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::int16_t Record::Int16(std::size_t offset) const {
+  return static_cast<std::int16_t>(LittleEndian<std::uint16_t>(Bytes(), offset));
+}
+std::int32_t Record::Int32(std::size_t offset) const {
+  return static_cast<std::int32_t>(LittleEndian<std::uint32_t>(Bytes(), offset));
+}
+MoneyAmount Record::Money(std::size_t offset) const {
+  return MoneyAmount::FromRaw(
+      static_cast<std::int64_t>(LittleEndian<std::uint64_t>(Bytes(), offset)));
+}
+float Record::Float(std::size_t offset) const {
+  return std::bit_cast<float>(LittleEndian<std::uint32_t>(Bytes(), offset));
+}
+std::int32_t Record::RoundedFloat(std::size_t offset) const {
+  const double value = Float(offset);
+  if (std::isnan(value)) return 0;
+  constexpr double kLow = std::numeric_limits<std::int32_t>::min();
+  constexpr double kHigh = std::numeric_limits<std::int32_t>::max();
+  return static_cast<std::int32_t>(std::nearbyint(std::clamp(value, kLow, kHigh)));
+}
+std::string Record::Text(std::size_t offset, std::size_t width) const {
+  const std::string_view field = Bytes().substr(offset, width);
+  const std::size_t last = field.find_last_not_of(std::string_view(" \0", 2));
+  return std::string(field.substr(0, last == std::string_view::npos ? 0 : last + 1));
+}
+
+void Record::SetInt16(std::size_t offset, std::int32_t value) {
+  using Limits = std::numeric_limits<std::int16_t>;
+  const auto fitting = static_cast<std::int16_t>(
+      std::clamp(value, std::int32_t{Limits::min()}, std::int32_t{Limits::max()}));
+  PutLittleEndian(&bytes_[offset], static_cast<std::uint16_t>(fitting));
+}
+void Record::SetInt32(std::size_t offset, std::int32_t value) {
+  PutLittleEndian(&bytes_[offset], static_cast<std::uint32_t>(value));
+}
+void Record::SetMoney(std::size_t offset, MoneyAmount value) {
+  PutLittleEndian(&bytes_[offset], static_cast<std::uint64_t>(value.Raw()));
+}
+void Record::SetFloat(std::size_t offset, float value) {
+  PutLittleEndian(&bytes_[offset], std::bit_cast<std::uint32_t>(value));
+}
+void Record::SetText(std::size_t offset, std::size_t width, std::string_view text) {
+  PadRight(text, width).copy(&bytes_[offset], width);
+}
+
+std::string FileError::At(std::string_view place) const {
+  return description + ", Error #" + std::to_string(number) +
+         " occurred, at: " + std::string(place);
+}
+
+FileError SystemError(int number) {
+  return {number, std::generic_category().message(number)};
+}
+
+std::optional<FileError> RecordReader::Open(const std::string& path) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) != 0) return SystemError(errno);
+  if (S_ISDIR(status.st_mode)) return SystemError(EISDIR);
+  errno = 0;
+  file_.open(path, std::ios::binary);
+  if (!file_.is_open()) return SystemError(errno != 0 ? errno : EIO);
+  return std::nullopt;
+}
+
+bool RecordReader::Read(Record& record) {
+  return static_cast<bool>(file_.read(record.Data(), kRecordSize));
+}
+
+std::optional<FileError> ReadWholeFile(const std::string& path, std::size_t limit,
+                                       std::string& bytes) {
+  bytes.clear();
+  Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  if (!file.IsOpen()) return SystemError(errno);
+  std::array<char, 65536> block{};
+  for (;;) {
+    const ssize_t count = ::read(file.Number(), block.data(), block.size());
+    if (count == 0) return std::nullopt;
+    if (count < 0) {
+      if (errno == EINTR) continue;
+      return SystemError(errno);
+    }
+    bytes.append(block.data(), static_cast<std::size_t>(count));
+    if (bytes.size() > limit) return SystemError(EFBIG);
+  }
+}
+
+std::optional<FileError> WriteFileAtomically(const std::string& path, std::string_view bytes) {
+  std::string target = path;
+  mode_t mode = 0666;
+  struct stat status {};
+  const bool exists = ::stat(path.c_str(), &status) == 0;
+  if (exists) {
+    if (S_ISDIR(status.st_mode)) return SystemError(EISDIR);
+    if (!S_ISREG(status.st_mode)) return WriteInPlace(path, bytes);
+    if (::access(path.c_str(), W_OK) != 0) return SystemError(errno);
+    mode = status.st_mode & 07777;
+    if (char* resolved = ::realpath(path.c_str(), nullptr)) {
+      target = resolved;
+      std::free(resolved);
+    }
+  }
+  const std::string beside = target + ".new" + std::to_string(::getpid());
+  ::unlink(beside.c_str());
+  Descriptor file(::open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+  if (!file.IsOpen()) return SystemError(errno);
+  const bool done = WriteAll(file.Number(), bytes) &&
+                    (!exists || ::fchmod(file.Number(), mode) == 0) &&
+                    ::fsync(file.Number()) == 0 && file.Close() == 0 &&
+                    ::rename(beside.c_str(), target.c_str()) == 0;
+  if (!done) {
+    const FileError error = SystemError(errno);
+    ::unlink(beside.c_str());
+    return error;
+  }
+  // The name is on the disk only when its folder is. A folder that cannot be flushed is no fault.
+  const std::size_t slash = target.rfind('/');
+  const std::string folder = slash == std::string::npos ? "." : target.substr(0, slash + 1);
+  Descriptor directory(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (directory.IsOpen()) ::fsync(directory.Number());
+  return std::nullopt;
+}
+
+}  // namespace feltmaster
