@@ -54,17 +54,6 @@ std::string ValueText(const StateValue& value) {
 
 }  // namespace
 
-std::string PayoffLabel(int bet) {
-  if (IsComePoint(bet)) return "Pass/Come " + std::to_string(NumberOfSlot(bet - kComePoint));
-  if (IsComeOdds(bet)) {
-    return "Pass/Come " + std::to_string(NumberOfSlot(bet - kComeOdds)) + " Odds";
-  }
-  if (bet == kPassLine) return "Passline/Come";
-  if (bet == kPassOdds) return "Passline/Come Odds";
-  if (bet == kComeBox) return "Passline/Come (c.o.)";
-  return std::string(kBetName[static_cast<std::size_t>(bet)]);
-}
-
 Rows PayoffRows(const Game& game) {
   Rows rows;
   for (int bet = 1; bet <= kBetCount; ++bet) {

@@ -5,8 +5,6 @@
 
 namespace feltmaster {
 
-// A bet as the payoffs and advantages call it: rows 11 to 30 pay the Pass Line and Come alike.
-std::string PayoffLabel(int bet);
 
 // Both grids of payoffs, the bets before the Field: label, number shown, "to" or "for",
 // denominator.

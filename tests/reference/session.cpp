@@ -157,7 +157,7 @@ class Script {
         return Add({Verb::kDeposit, 0, 0, amount});
       case 14:
         return Add(
-            {Verb::kPlaceChips, chance_.Between(100, 200), 0, chance_.OneIn(2) ? amount : -amount});
+            {Verb::kPlaceChips, chance_.Between(100, 199), 0, chance_.OneIn(2) ? amount : -amount});
       case 15:
       case 16:
       case 17:
