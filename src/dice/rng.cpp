@@ -177,8 +177,6 @@ void AskSeed(Game& game) {
     Tell(game, "RNG Seed", (asked == 0 ? "" : "Your seed value is out of limits.\n\n") + question,
          kButtonOk | kOneInput);
   }
-  game.MsgInputDefault.clear();
-  game.MsgInputLength = 0;
 }
 
 }  // namespace
