@@ -701,9 +701,10 @@ void SetDefaultDenominations(Game& game) {
 }
 
 void RestoreDefaultDenominations(Game& game) {
-  AskYesNo(game, "Confirm?",
-           "Do you want to restore all checks to their original Feltmaster values?");
-  if (game.MsgAnswer != kAnswerNo) SetDefaultDenominations(game);
+  if (AskYesNo(game, "Confirm?",
+               "Do you want to restore all checks to their original Feltmaster values?")) {
+    SetDefaultDenominations(game);
+  }
 }
 
 std::string Configure(Game& game, std::string_view name, std::string_view value) {

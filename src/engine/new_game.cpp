@@ -42,7 +42,6 @@ void AskBankroll(Game& game) {
   game.BetRequest = game.BankrollInitAmount;
   game.MsgInputDefault = PlainNumber(game.BankrollInitAmount);
   Tell(game, "Set Beginning Bankroll", "Enter your beginning bankroll: ", kButtonOk | kOneInput);
-  game.MsgInputDefault.clear();
   game.BankrollInitAmount = game.BetRequest;
   game.KeepRolling = false;
 }

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <initializer_list>
+#include <numeric>
 
 #include "reference/reference_arithmetic.h"
 
@@ -118,11 +119,11 @@ void ReferenceTable::ComputeMaxOdds(int bet, int flat_bet, Raw numerator, Raw de
       const Raw chip = bet_amount[static_cast<std::size_t>(slot)];
       Raw a = plain;
       if (flat / chip > 1) {
-        const auto pays_in_chips = [&] {
-          return Wide{a} * numerator % (Wide{denominator} * chip) == 0;
-        };
-        // Past both bounds the amount is cut to the limit whatever it is.
-        while (!pays_in_chips() && a <= std::max(one_more, limit)) a += kOne;
+        // Whole dollars are added until the payoff is whole chips. When no number of them does
+        // that the odds stay as they were; past both bounds the limit cuts them whatever they are.
+        const Raw whole = denominator * chip;
+        if (Wide{a} * numerator % std::gcd(kOne * numerator, whole) != 0) return plain;
+        while (Wide{a} * numerator % whole != 0 && a <= std::max(one_more, limit)) a += kOne;
       }
       return a;
     };
@@ -267,7 +268,7 @@ Raw ReferenceTable::NewVig(int bet, Raw amount) const {
   Raw vig = 0;
   if (IsLay(bet)) {
     const auto& row = pay_table[static_cast<std::size_t>(bet)];
-    vig = Nearest(Wide{rate} * amount * row.numerator, Wide{kOne} * row.denominator);
+    vig = TimesOver(Times(rate, amount), row.numerator, row.denominator);
     if (vig < 0) vig = 0;
   } else {
     vig = Times(amount, rate);

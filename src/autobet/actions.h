@@ -1,0 +1,64 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <system_error>
+#include <vector>
+
+#include "autobet/compiled_script.h"
+#include "game/game.h"
+
+namespace feltmaster {
+
+// What ends a run before its time. Thrown by actions, told to the player by RunScript.
+struct ScriptFailure {
+  std::int32_t number = 0;
+  std::string description;
+};
+ScriptFailure OverflowFailure();
+ScriptFailure DivisionFailure();
+ScriptFailure FileFailure(const std::error_code& error);
+
+// The lines of the Gosubs that have not returned, the latest on top. A script that calls itself
+// without end fails here before it fills the memory.
+class ReturnStack {
+ public:
+  bool Empty() const { return depth_ == 0; }
+  void Push(std::int32_t line);
+  std::int32_t Pop();
+
+ private:
+  static constexpr std::size_t kInline = 32;
+
+  std::size_t depth_ = 0;
+  std::array<std::int32_t, kInline> first_{};
+  std::vector<std::int32_t> rest_;
+};
+
+// The control state of one run.
+struct ScriptRun {
+  bool BlockTrue = false;
+  bool LineNew = false;
+  bool BlockHasNew = false;
+  bool OverallTrue = false;
+  bool PrevBlockTrue = false;
+  bool ReturnPending = false;
+  bool LabelPending = false;     // the line at hand is the label of a jump
+  std::int32_t XorKind = 0;      // kXorWhen or kXorWhile while such a block is open
+  std::int32_t BlockKind = 0;    // kind of the line that opened the block or section
+  std::int32_t PendingLine = 0;  // where a jump goes; 0 when none has been asked for
+  std::int32_t LinesSinceYield = 0;
+  ReturnStack Returns;
+
+  // The memory of a group of like action lines.
+  MoneyAmount RunValue;
+  std::int32_t RunCount = 0;
+  MoneyAmount RunBase;
+};
+
+// Carries out an action line, CurrentLine. May throw MoneyOverflow, MoneyDivisionByZero and
+// ScriptFailure.
+void ExecuteAction(Game& game, const CompiledLine& line, ScriptRun& run);
+
+}  // namespace feltmaster

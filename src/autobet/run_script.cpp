@@ -1,0 +1,349 @@
+#include "autobet/run_script.h"
+
+#include <algorithm>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "autobet/actions.h"
+#include "autobet/compiled_script.h"
+#include "autobet/conditions.h"
+#include "autobet/message.h"
+#include "autobet/output_file.h"
+#include "surface/surface.h"
+
+namespace feltmaster {
+namespace {
+
+constexpr std::int32_t kLinesPerYield = 500;
+constexpr double kShortestRun = 0.3;  // seconds
+constexpr std::int32_t kAbortHelp = 550;
+
+bool ContinuesBlock(std::int32_t kind) {
+  return kind == kAndWhen || kind == kAndWhile;
+}
+
+// --- The step display ----------------------------------------------------------------------------
+
+bool Stepping(const Game& game) {
+  return game.ShowSteps && !game.HyperDriveActive;
+}
+
+void Report(Game& game, std::string_view status) {
+  if (!Stepping(game) || status.empty()) return;
+  const std::string text = "Status: " + std::string(status);
+  StepRequest request;
+  request.line = game.CurrentLine;
+  request.status = text;
+  const auto index = static_cast<std::size_t>(game.CurrentLine) - 1;
+  if (index < game.ScriptLines.size()) request.text = game.ScriptLines[index].LineText;
+  if (!game.surface->ShowStep(request)) {
+    game.ShowSteps = false;
+    EndPacing(game);
+  }
+}
+
+std::string_view ConditionStatus(const ConditionAnswer& answer) {
+  if (!answer.is_true) return "Condition is false. ";
+  return answer.is_new ? "Condition is true (just now occurred). "
+                       : "Condition is true (not a new occurrance). ";
+}
+
+std::string_view SectionStatus(const ScriptRun& run) {
+  constexpr std::string_view kNeedsNews =
+      "This block of conditions will be true if each line is true and at least one has just "
+      "occurred.";
+  constexpr std::string_view kNeedsTruth =
+      "This block of conditions will be true if each line is true.";
+  constexpr std::string_view kSkipped =
+      "Since some conditions are already false, this block will be skipped. ";
+  switch (run.BlockKind) {
+    case kWhen:
+    case kOrWhen:
+      return kNeedsNews;
+    case kWhile:
+    case kOrWhile:
+      return kNeedsTruth;
+    case kAndWhen:
+      return run.BlockTrue ? kNeedsNews : kSkipped;
+    case kAndWhile:
+      return run.BlockTrue ? kNeedsTruth : kSkipped;
+    case kXorWhen:
+      return "This block of conditions will be true if each line is true and at least one has just "
+             "occurred.  The xor condition will be then be evaluated with it and the previous "
+             "block. ";
+    case kXorWhile:
+      return "This block of conditions will be true if each line is true. The xor condition will "
+             "be then be evaluated with it and the previous block. ";
+    case kThen:
+      return run.OverallTrue
+                 ? "Since the overall conditions were true, the next actions will be taken. "
+                 : "Since the overall conditions were false, the next actions will be skipped. ";
+    case kElse:
+      return run.OverallTrue
+                 ? "Since the previous actions were taken, the next actions will be skipped. "
+                 : "Since the previous actions were skipped, the next actions will be taken. ";
+    case kDoThis:
+      return "This block of actions will be executed directly. ";
+    case kLabelLine:
+      return "\"Go to\" or \"GoSub\" statement has caused a jump to this label. ";
+    default:
+      return {};
+  }
+}
+
+// --- Blocks --------------------------------------------------------------------------------------
+
+void OpenSection(Game& game, ScriptRun& run, std::int32_t kind) {
+  run.BlockKind = kind;
+  run.BlockHasNew = false;
+  if (kind == kXorWhen || kind == kXorWhile) run.XorKind = kind;
+  if (Stepping(game)) Report(game, SectionStatus(run));
+}
+
+// Decides the block that a line of that kind ends.
+void CloseBlock(Game& game, ScriptRun& run, std::int32_t kind) {
+  constexpr std::string_view kPreviousTrue =
+      "However, the previous block was true, therefore the xor condition is true. ";
+  constexpr std::string_view kPreviousFalse =
+      "And since the previous block was also false, the xor condition is false. ";
+  std::string_view status;
+  std::string_view xor_status;
+  if (run.BlockTrue && !run.BlockHasNew && OpensWhen(run.BlockKind)) {
+    status =
+        "All the conditions in the block were true, but none have just now occurred - so the block "
+        "is false. ";
+    run.BlockTrue = false;
+    if (run.XorKind == kXorWhen) {
+      xor_status = run.PrevBlockTrue ? kPreviousTrue : kPreviousFalse;
+      if (run.PrevBlockTrue) run.OverallTrue = true;
+    } else {
+      run.PrevBlockTrue = false;
+    }
+  } else if (run.BlockTrue) {
+    status = "All the conditions in the block were true. ";
+    if (run.XorKind == 0) {
+      run.PrevBlockTrue = true;
+    } else if (!ContinuesBlock(kind)) {
+      if (run.PrevBlockTrue) {
+        xor_status =
+            "However, the previous block was also true, therefore the xor condition is false. ";
+        run.PrevBlockTrue = false;
+      } else {
+        xor_status = "And since the previous block was false, the xor condition is also true. ";
+        run.OverallTrue = true;
+      }
+    }
+  } else {
+    status = "At least one condition was false, so the block is false. ";
+    if (run.XorKind != 0) {
+      xor_status = run.PrevBlockTrue ? kPreviousTrue : kPreviousFalse;
+      if (run.PrevBlockTrue) run.OverallTrue = true;
+    } else {
+      run.PrevBlockTrue = false;
+    }
+  }
+  run.XorKind = 0;
+  const bool keeps_previous = ContinuesBlock(kind) || kind == kXorWhen || kind == kXorWhile;
+  if (run.PrevBlockTrue && !keeps_previous) run.OverallTrue = true;
+  if (run.OverallTrue && kind != kThen) return;
+  if (Stepping(game)) Report(game, std::string(status) + std::string(xor_status));
+  OpenSection(game, run, kind);
+}
+
+void AskCondition(Game& game, ScriptRun& run, const CompiledLine& line) {
+  if (run.OverallTrue || !run.BlockTrue) return;
+  const ConditionAnswer answer = EvaluateCondition(game, line, run.BlockKind);
+  run.BlockTrue = answer.is_true;
+  run.LineNew = answer.is_new;
+  run.BlockHasNew |= answer.is_new;
+  if (Stepping(game)) Report(game, ConditionStatus(answer));
+}
+
+void TakeAction(Game& game, ScriptRun& run, const CompiledLine& line) {
+  if (run.BlockKind == kThen && !run.OverallTrue) return;
+  if (run.BlockKind == kElse && run.OverallTrue) return;
+  if (!line.continues_group) {
+    run.RunValue = MoneyAmount();
+    run.RunCount = 0;
+  }
+  ExecuteAction(game, line, run);
+  if (!Stepping(game)) return;
+  if (line.code == kActionReturn && !run.ReturnPending) {
+    Report(game,
+           "This statement will be ignored since it was not encountered as a result of a \"GoSub\" "
+           "statement.  Processing will resume with the next line in order.");
+  } else {
+    Report(game, "Action taken.");
+  }
+}
+
+void ProcessLine(Game& game, ScriptRun& run, const CompiledLine& line) {
+  switch (line.kind) {
+    case kLabelLine:
+      Report(game, "This label was encountered normally.");
+      break;
+    case kWhen:
+    case kWhile:
+      run.OverallTrue = false;
+      run.PrevBlockTrue = false;
+      run.BlockTrue = true;
+      OpenSection(game, run, line.kind);
+      break;
+    case kAndWhen:
+    case kAndWhile:
+      if (run.BlockTrue && !run.LineNew && OpensWhen(run.BlockKind)) {
+        CloseBlock(game, run, line.kind);
+      } else {
+        OpenSection(game, run, line.kind);
+      }
+      break;
+    case kOrWhen:
+    case kOrWhile:
+    case kXorWhen:
+    case kXorWhile:
+    case kXorWhile + 1:  // no list offers it; a file that holds it opens a block of no kind
+      if (run.OverallTrue) break;
+      CloseBlock(game, run, line.kind);
+      run.BlockTrue = true;
+      break;
+    case kConditionLine:
+      AskCondition(game, run, line);
+      break;
+    case kThen:
+      CloseBlock(game, run, line.kind);
+      break;
+    case kElse:
+    case kDoThis:
+      OpenSection(game, run, line.kind);
+      break;
+    case kActionLine:
+      TakeAction(game, run, line);
+      break;
+    default:
+      break;
+  }
+}
+
+// --- The run -------------------------------------------------------------------------------------
+
+// False when the player has interrupted the script.
+bool GoesOn(Game& game, ScriptRun& run) {
+  if (++run.LinesSinceYield >= kLinesPerYield) {
+    run.LinesSinceYield = 0;
+    game.surface->LetEventsThrough();
+  }
+  return game.AutoBetRunning;
+}
+
+// Returns false when it was interrupted. A jump acts as if the script were searched for the label
+// from its first line, and counts as so many lines.
+bool WalkScript(Game& game, const CompiledScript& script) {
+  ScriptRun run;
+  const auto count = static_cast<std::int32_t>(script.lines.size());
+  std::int32_t at = 1;
+  for (; at <= count; ++at) {
+    game.CurrentLine = at;
+    if (!GoesOn(game, run)) return false;
+    const CompiledLine& line = script.lines[static_cast<std::size_t>(at) - 1];
+    if (line.kind == kCommentLine) continue;
+    if (run.LabelPending) {
+      run.LabelPending = false;
+      OpenSection(game, run, kLabelLine);
+      continue;
+    }
+    if (run.ReturnPending) {
+      run.ReturnPending = false;
+      game.CurrentLine = at = run.Returns.Pop();
+      Report(game,
+             "A \"Return\" statement has caused a jump back to this \"GoSub\" statement.  "
+             "Processing will resume with the next line in order.");
+      continue;
+    }
+    ProcessLine(game, run, line);
+    if (run.PendingLine != 0) {
+      at = run.PendingLine - 1;
+      run.LinesSinceYield += at;
+      run.PendingLine = 0;
+      run.LabelPending = true;
+    }
+  }
+  game.CurrentLine = at;
+  return true;
+}
+
+void Abort(Game& game, const ScriptFailure& failure) {
+  const std::string error = failure.description + ", Error #" + std::to_string(failure.number);
+  game.LastErrorText = error + " occurred, at: Run Auto-Bet";
+  game.KeepRolling = false;
+  if (game.HyperDriveActive) game.HyperDriveStopText = "Auto-Bet error.";
+  FlushScriptOutput(game);
+  Tell(game, "Auto-Bet Abort",
+       "The following error has caused Auto-Betting to abort at line #" +
+           std::to_string(game.CurrentLine) + ":\n\n" + error +
+           "\n\nPress help for more information.",
+       kButtonOk | kButtonHelp, kAbortHelp);
+}
+
+// Whether the script came to its end.
+bool Walk(Game& game, const CompiledScript& script) {
+  try {
+    const bool ended = WalkScript(game, script);
+    if (!game.HyperDriveActive || !game.KeepRolling) {
+      if (const std::error_code error = FlushScriptOutput(game)) throw FileFailure(error);
+    }
+    return ended;
+  } catch (const MoneyOverflow&) {
+    Abort(game, OverflowFailure());
+  } catch (const MoneyDivisionByZero&) {
+    Abort(game, DivisionFailure());
+  } catch (const ScriptFailure& failure) {
+    Abort(game, failure);
+  }
+  return false;
+}
+
+void ShowBanner(Game& game) {
+  if (game.HyperDriveActive) return;
+  if (game.HotKeyRunning) {
+    game.surface->ShowBanner("Hot-Key");
+  } else if (!game.ShowSteps) {
+    game.surface->ShowBanner("Auto-Betting");
+  }
+}
+
+// The player should see that the script has run. A clock that reads less has passed midnight.
+void Pace(Game& game) {
+  const double elapsed = game.surface->SecondsSinceMidnight() - game.ScriptStartTime;
+  constexpr bool kGoesOn = true;
+  if (elapsed >= 0 && elapsed < kShortestRun) game.surface->Wait(kShortestRun - elapsed, kGoesOn);
+}
+
+}  // namespace
+
+void RunScript(Game& game) {
+  if (game.ScriptLines.empty()) return;
+  const std::shared_ptr<const CompiledScript> script = CompiledForm(game);
+  game.AutoBetRunning = true;
+  ShowBanner(game);
+  game.ScriptStartTime = game.surface->SecondsSinceMidnight();
+  game.MsgAnswer = kAnswerOk;
+  const bool ended = Walk(game, *script);
+  game.AutoBetRunning = false;
+  if (ended && game.HyperDriveActive) return;
+
+  Pace(game);
+  game.AutoBetRunning = false;
+  game.RefreshBetAmounts = true;
+  if (game.HyperDriveActive) return;
+  game.surface->ShowBanner({});
+  game.surface->TableChanged(kChangedAll);
+}
+
+void RunInitialisationCycle(Game& game) {
+  game.ScriptNeedsInit = true;
+  RunScript(game);
+  game.ScriptNeedsInit = false;
+}
+
+}  // namespace feltmaster
