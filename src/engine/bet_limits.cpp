@@ -379,7 +379,6 @@ void ComputeLayVig(Game& game, int bet, MoneyAmount amount) {
   game.LayVigAmount = MoneyAmount();
   if (!IsLay(bet)) return;
   const PayRow& row = RowOf(game, bet);
-  if (row.PayDenominator.Raw() == 0) throw MoneyDivisionByZero();
   // One rounding at the end: the rate as a count of ten-thousandths, their scale divided out.
   const MoneyAmount vig = Ratio(amount.Times(game.LayVigPct.Raw()), row.PayNumerator,
                                 row.PayDenominator.Times(MoneyAmount::kScale));
