@@ -217,42 +217,44 @@ int Arguments::LayoutBet(const Game& game, std::string_view what) {
   return slot;
 }
 
-const StateName* Arguments::Name(const Game& game, StateIndex& index, int& indices) {
-  indices = 0;
-  if (Failed()) return nullptr;
+std::string Arguments::NameWord() {
+  if (Failed()) return {};
   if (AtEnd()) {
     Fail("NAME is missing.");
-    return nullptr;
+    return {};
   }
   std::size_t end = 0;
   while (end < rest_.size() && !IsBlank(rest_[end]) && rest_[end] != '(') ++end;
-  const std::string_view name = rest_.substr(0, end);
+  if (end < rest_.size() && rest_[end] == '(') end = rest_.find(')', end);
+  end = end == std::string_view::npos ? rest_.size() : end;
+  if (end < rest_.size() && rest_[end] == ')') ++end;
+  const std::string word(rest_.substr(0, end));
   rest_.remove_prefix(end);
+  return word;
+}
+
+const StateName* Arguments::Name(const Game& game, StateIndex& index, int& indices) {
+  indices = 0;
+  const std::string word = NameWord();
+  if (Failed()) return nullptr;
+  const std::size_t open = word.find('(');
+  const std::string_view name = std::string_view(word).substr(0, open);
   const StateName* entry = FindStateName(name);
   if (entry == nullptr) {
     Fail("NAME " + Quoted(name) + " is not a name of the state record.");
     return nullptr;
   }
-  if (!rest_.starts_with('(')) return entry;
+  if (open == std::string::npos) return entry;
 
-  const std::size_t close = rest_.find(')');
-  std::string_view list = rest_.substr(1, close == std::string_view::npos ? close : close - 1);
-  rest_.remove_prefix(close == std::string_view::npos ? rest_.size() : close + 1);
-  const std::string all(list);
-  const auto no_indices = [&] {
-    Fail("NAME " + std::string(entry->name) + '(' + std::string(CutAtCharacter(all, 40)) +
-         ") does not name an element: " + std::to_string(entry->rank) +
-         (entry->rank == 1 ? " index belongs" : " indices belong") + " to it.");
-  };
-  if (close == std::string_view::npos) {
-    no_indices();
-    return nullptr;
-  }
+  std::string_view list = std::string_view(word).substr(open + 1);
+  const bool closed = list.ends_with(')');
+  if (closed) list.remove_suffix(1);
   while (true) {
     const std::size_t comma = list.find(',');
     int number = 0;
-    if (indices == entry->rank || !ReadNumber(Trim(list.substr(0, comma)), number)) {
-      no_indices();
+    if (!closed || indices == entry->rank || !ReadNumber(Trim(list.substr(0, comma)), number)) {
+      Fail("NAME " + Quoted(word) + " does not name an element: " + std::to_string(entry->rank) +
+           (entry->rank == 1 ? " index belongs to it." : " indices belong to it."));
       return nullptr;
     }
     const StateBounds bounds = BoundsOf(game, *entry, indices);

@@ -33,7 +33,9 @@ class Arguments {
   // 1 to 88 or 100 to 199, or a name in double quotes.
   int BetOrStack(const Game& game, std::string_view what = "BET");
   int LayoutBet(const Game& game, std::string_view what = "BET");  // 1 to 88
-  // NAME or NAME(i,j); how many indices there are.
+  // NAME or NAME(i,j) as it stands.
+  std::string NameWord();
+  // The same as a variable of the state record, and how many indices there are.
   const StateName* Name(const Game& game, StateIndex& index, int& indices);
   // The value of a variable of that type.
   StateValue Value(StateType type);

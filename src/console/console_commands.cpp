@@ -446,7 +446,7 @@ Reply ConfigureSetting(Console& console, Arguments& args) {
     if (args.Failed()) return Refused(args);
     return Truth(CheckLimits(console.Table));
   }
-  const std::string name = args.Word("NAME");
+  const std::string name = args.NameWord();
   const std::string value = args.Rest("VALUE");
   if (args.Failed()) return Refused(args);
   return Refused(Configure(console.Table, name, value));
@@ -734,15 +734,25 @@ Reply LinesReply(const Game& game) {
   return Done(JsonOf(lines), std::to_string(lines) + (lines == 1 ? " line.\n" : " lines.\n"));
 }
 
+// A .bet file that is refused raises its message; a text has no house to refuse it.
 Reply ScriptLoad(Console& console, Arguments& args) {
+  Game& game = console.Table;
   const std::string file = args.Rest("FILE");
   if (args.Failed()) return Refused(args);
-  console.Table.LastErrorText.clear();
-  if (!LoadScript(console.Table, file) && console.Surface.Messages.empty()) {
-    return Refused("FILE " + Quoted(file) +
-                   " cannot be read as a script: " + console.Table.LastErrorText);
+  constexpr std::string_view kBet = ".bet";
+  const bool is_bet =
+      file.size() >= kBet.size() && EqualIgnoringCase(file.substr(file.size() - kBet.size()), kBet);
+  std::optional<std::string> fault;
+  if (!is_bet) {
+    fault = LoadScriptOrText(game, file);
+  } else if (game.LastErrorText.clear(); !LoadScript(game, file)) {
+    fault = game.LastErrorText;
   }
-  return LinesReply(console.Table);
+  if (!fault) return LinesReply(game);
+  if (console.Surface.Messages.empty()) {
+    return Refused("FILE " + Quoted(file) + " was not loaded: " + *fault);
+  }
+  return Number(0);
 }
 Reply ScriptSave(Console& console, Arguments& args) {
   const std::string file = args.Rest("FILE");

@@ -11,6 +11,7 @@
 
 #include "autobet/check_bets.h"
 #include "autobet/codes.h"
+#include "autobet/compiled_script.h"
 #include "autobet/run_script.h"
 #include "autobet/script_file.h"
 #include "automation/hyper_drive.h"
@@ -140,7 +141,9 @@ class Worker {
         limits_(limits),
         results_(results),
         progress_(progress),
-        game_(std::make_unique<Game>(table)) {}
+        game_(std::make_unique<Game>(table)) {
+    if (!game_->ScriptLines.empty()) script_ = CompiledForm(*game_);
+  }
 
   // The index counts from 0, the number of the game from first_game.
   void Play(std::int64_t index) {
@@ -148,6 +151,7 @@ class Worker {
     Game& game = *game_;
     // Everything is as it was, whatever the last game did to the settings.
     game = table_;
+    game.Compiled = script_;
     const std::int32_t seed = SeedOfGame(experiment_, table_, number);
     const bool follow = index < static_cast<std::int64_t>(results_.paths.size());
     BatchSurface surface(game, limits_, seed,
@@ -216,6 +220,7 @@ class Worker {
   SimulationResults& results_;
   SimulationProgress& progress_;
   std::unique_ptr<Game> game_;
+  std::shared_ptr<const CompiledScript> script_;  // its own: all count their uses of it each roll
   ExpectedValues expected_values_;
   std::array<BetTotals, kBetCount + 1> bets_{};
   std::optional<ScriptFault> fault_;
@@ -260,7 +265,9 @@ void SetUpPassLineWithOdds(Game& game) {
 }
 
 void BetPassLine(Game& game) {
-  game.BetRequest = game.MinPlacardBet;
+  // The least bet whose odds are paid in full by whole dollars.
+  constexpr MoneyAmount kBet = MoneyAmount(10);
+  game.BetRequest = std::max(kBet, game.MinPlacardBet);
   PlaceBet(game, kPassLine);
 }
 

@@ -12,13 +12,6 @@ namespace feltmaster {
 
 namespace {
 
-// The bets of the grid of payoffs. The rest are paid by other rows: the line by those of its point,
-// the split bets by their parts.
-bool HasPayoffOfItsOwn(int bet) {
-  return bet <= kComeBox ? bet != kPassLine && bet != kPassOdds
-                         : bet != kField && (bet < kCAndE || bet > kWorld);
-}
-
 Row PayoffRow(std::string label, const PayRow& row) {
   return {std::move(label), PlainNumber(ShownNumerator(row)), row.PayIsTo ? "to" : "for",
           PlainNumber(row.PayDenominator)};
@@ -27,6 +20,13 @@ Row PayoffRow(std::string label, const PayRow& row) {
 std::string FieldLabel(int die1, int die2) {
   return std::to_string(die1 + die2) + " (" + std::to_string(die1) + '-' + std::to_string(die2) +
          ')';
+}
+
+// The Pass Line and its odds have no payoffs of their own, but an advantage.
+std::string AdvantageLabel(int bet) {
+  if (bet == kPassLine) return "Passline/Come";
+  if (bet == kPassOdds) return "Passline/Come Odds";
+  return PayoffLabel(bet);
 }
 
 // A length of time in hours as hours, minutes and seconds.
@@ -56,8 +56,7 @@ std::string ValueText(const StateValue& value) {
 
 Rows PayoffRows(const Game& game) {
   Rows rows;
-  for (int bet = 1; bet <= kBetCount; ++bet) {
-    if (!HasPayoffOfItsOwn(bet)) continue;
+  for (const int bet : kPayoffGrid) {
     rows.push_back(PayoffRow(PayoffLabel(bet), game.PayTable[static_cast<std::size_t>(bet)]));
   }
   std::array<std::string, kFieldRows> labels;
@@ -79,7 +78,7 @@ Rows AdvantageRows(const Game& game) {
   for (int bet = 1; bet <= kBetCount; ++bet) {
     const Advantage worth = FigureAdvantage(game, bet);
     const double rolls = worth.rolls_per_decision;
-    Row row = {PayoffLabel(bet)};
+    Row row = {AdvantageLabel(bet)};
     if (!game.ShowMiscData) {
       for (const double value :
            {worth.ev_per_roll * 100, worth.deviation_per_roll * 100, worth.ev_per_decision * 100,

@@ -5,7 +5,6 @@
 
 namespace feltmaster {
 
-
 // Both grids of payoffs, the bets before the Field: label, number shown, "to" or "for",
 // denominator.
 Rows PayoffRows(const Game& game);

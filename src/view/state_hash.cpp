@@ -19,9 +19,6 @@ void Add(RowHash& hash, MoneyAmount amount) {
 void Add(RowHash& hash, float value) {
   hash.Add(std::bit_cast<std::uint32_t>(value));
 }
-void Add(RowHash& hash, double value) {
-  hash.Add(std::bit_cast<std::uint64_t>(value));
-}
 void Add(RowHash& hash, const PayRow& row) {
   Add(hash, row.PayNumerator);
   hash.Add(row.PayIsTo);
