@@ -55,6 +55,7 @@ Reply Done(std::string value = {}, std::string words = {}) {
   return {{}, std::move(value), std::move(words)};
 }
 Reply Refused(std::string sentence) {
+  if (!sentence.empty() && !sentence.ends_with('.')) sentence += '.';
   return {std::move(sentence), {}, {}};
 }
 Reply Refused(const Arguments& args) {
@@ -777,8 +778,8 @@ Reply ScriptAdd(Console& console, Arguments& args) {
   if (args.Failed()) return Refused(args);
   const auto composed = ComposeLine(text);
   if (const auto* fault = std::get_if<ScriptTextFault>(&composed)) {
-    return Refused("TEXT is not a line of a script at column " + std::to_string(fault->column) +
-                   ": " + fault->expected);
+    return Refused("TEXT is no line of a script: column " + std::to_string(fault->column) +
+                   ": expected " + fault->expected);
   }
   const ScriptLine& line = std::get<ScriptLine>(composed);
   if (line.LineKind == kLabelLine && LabelIsTaken(game, line)) {
