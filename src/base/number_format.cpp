@@ -247,12 +247,12 @@ MoneyAmount ParseMoney(std::string_view text) {
   // The digits in front of `end` count whole ten-thousandths, those behind it are rounded.
   const long end = prefix.point + prefix.exponent + 4;
   const auto size = static_cast<long>(prefix.digits.size());
-  std::int64_t raw = 0;
+  std::int64_t raw = 0;  // below zero, where one amount more finds place
   for (long i = 0; i < end; ++i) {
     if (raw == 0 && i >= size) break;
     const int digit = i < size ? prefix.digits[static_cast<std::size_t>(i)] - '0' : 0;
     if (__builtin_mul_overflow(raw, std::int64_t{10}, &raw) ||
-        __builtin_add_overflow(raw, std::int64_t{digit}, &raw)) {
+        __builtin_sub_overflow(raw, std::int64_t{digit}, &raw)) {
       return {};
     }
   }
@@ -261,10 +261,12 @@ MoneyAmount ParseMoney(std::string_view text) {
         std::string_view(prefix.digits).substr(static_cast<std::size_t>(end));
     const bool beyond_half = rest.find_first_not_of('0', 1) != std::string_view::npos;
     if (rest[0] > '5' || (rest[0] == '5' && (beyond_half || raw % 2 != 0))) {
-      if (__builtin_add_overflow(raw, std::int64_t{1}, &raw)) return {};
+      if (__builtin_sub_overflow(raw, std::int64_t{1}, &raw)) return {};
     }
   }
-  return MoneyAmount::FromRaw(prefix.negative ? -raw : raw);
+  if (prefix.negative) return MoneyAmount::FromRaw(raw);
+  return raw == std::numeric_limits<std::int64_t>::min() ? MoneyAmount()
+                                                         : MoneyAmount::FromRaw(-raw);
 }
 
 double NumericPrefix(std::string_view text) {

@@ -229,6 +229,8 @@ std::string PayoffLabel(int bet) {
       bet <= kBuy ? std::to_string(NumberOfSlot((bet - 1) % kSlotCount)) : "";
   if (IsComePoint(bet)) return "Pass/Come " + number;
   if (IsComeOdds(bet)) return "Pass/Come " + number + " Odds";
+  if (bet == kPassLine) return "Passline/Come";
+  if (bet == kPassOdds) return "Passline/Come Odds";
   if (bet == kComeBox) return "Passline/Come (c.o.)";
   return std::string(kBetName[static_cast<std::size_t>(bet)]);
 }

@@ -11,13 +11,14 @@
 
 namespace feltmaster {
 
-// When a game is over, as the experiment has it. Money in ten-thousandths.
+// When a game is over, as the experiment has it. The nets, in ten-thousandths, at which it is won
+// and lost.
 struct SessionLimits {
   std::int32_t rolls = kRollLimit;
   GameEnd rolls_end = GameEnd::kRolls;  // whether the rolls were asked for as rolls or as hours
   std::int32_t shooters = std::numeric_limits<std::int32_t>::max();
   std::int64_t win = std::numeric_limits<std::int64_t>::max();
-  std::int64_t loss = std::numeric_limits<std::int64_t>::max();
+  std::int64_t loss = std::numeric_limits<std::int64_t>::min();
 };
 
 // The net result of a game in ten-thousandths, held within 64 bits.

@@ -7,7 +7,8 @@ namespace feltmaster {
 
 namespace {
 
-constexpr int kHistogramBins = 20;
+constexpr int kPictureBins = 60;
+constexpr int kTextBins = 20;
 constexpr double kNormal95 = 1.959963984540054;  // half of a 95% interval in deviations
 
 WideMoney FloorTo(WideMoney value, WideMoney unit) {
@@ -34,7 +35,7 @@ Histogram HistogramOf(const std::vector<std::int64_t>& sorted, int bins) {
   Histogram histogram;
   if (sorted.empty()) return histogram;
   const WideMoney range = WideMoney{sorted.back()} - sorted.front();
-  WideMoney power = MoneyAmount::kScale / 100;
+  WideMoney power = range == 0 ? MoneyAmount::kScale : MoneyAmount::kScale / 100;
   int step = 1;
   while (power * step * bins < range) {
     step = step == 1 ? 2 : step == 2 ? 5 : 1;
@@ -97,7 +98,8 @@ SessionStatistics StatisticsOf(const SimulationResults& results, MoneyAmount rol
   for (std::size_t i = 0; i < kQuantiles.size(); ++i) {
     statistics.quantiles[i] = QuantileOf(nets, kQuantiles[i]) / double{MoneyAmount::kScale};
   }
-  statistics.histogram = HistogramOf(nets, kHistogramBins);
+  statistics.histogram = HistogramOf(nets, kPictureBins);
+  statistics.coarse_histogram = HistogramOf(nets, kTextBins);
   return statistics;
 }
 

@@ -25,7 +25,7 @@ struct Histogram {
 
   WideMoney Edge(std::size_t bin) const { return first + width * static_cast<WideMoney>(bin); }
 };
-// At most so many bins and one more.
+// At most so many bins and one more; a single one, a dollar wide, when all values are the same.
 Histogram HistogramOf(const std::vector<std::int64_t>& sorted, int bins);
 
 // What a set of games shows. Money in dollars.
@@ -58,7 +58,8 @@ struct SessionStatistics {
   double average_rolls = 0;
   std::int64_t longest_rolls = 0;
 
-  Histogram histogram;
+  Histogram histogram;         // of the net, fine enough for a picture
+  Histogram coarse_histogram;  // and so that it fits a page of text
 
   std::int64_t Ended(GameEnd end) const { return ends[static_cast<std::size_t>(end)]; }
 };

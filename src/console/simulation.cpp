@@ -11,9 +11,11 @@
 
 #include "autobet/check_bets.h"
 #include "autobet/codes.h"
-#include "autobet/load_script.h"
+#include "autobet/compiled_script.h"
 #include "autobet/run_script.h"
+#include "autobet/script_file.h"
 #include "automation/hyper_drive.h"
+#include "base/hash.h"
 #include "base/text.h"
 #include "config/advantage.h"
 #include "config/configure.h"
@@ -29,14 +31,6 @@ namespace {
 
 // --- Seeds -----------------------------------------------------------------------------------
 
-// The finalizer of SplitMix64: every bit of the result hangs on every bit of the argument.
-constexpr std::uint64_t Mix(std::uint64_t z) {
-  z += 0x9E3779B97F4A7C15u;
-  z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9u;
-  z = (z ^ (z >> 27)) * 0x94D049BB133111EBu;
-  return z ^ (z >> 31);
-}
-
 // A permutation of 0 to size - 1, another one for each key: a Feistel network over the smallest
 // even number of bits that holds size, walked until it falls below size.
 std::uint64_t Permute(std::uint64_t index, std::uint64_t size, std::uint64_t key) {
@@ -48,25 +42,13 @@ std::uint64_t Permute(std::uint64_t index, std::uint64_t size, std::uint64_t key
     std::uint64_t left = index >> half;
     std::uint64_t right = index & mask;
     for (std::uint64_t round = 0; round < kRounds; ++round) {
-      const std::uint64_t next = left ^ (Mix(key ^ Mix(right + (round << 32))) & mask);
+      const std::uint64_t next = left ^ (MixBits(key ^ MixBits(right + (round << 32))) & mask);
       left = right;
       right = next;
     }
     index = left << half | right;
   } while (index >= size);
   return index;
-}
-
-// Seeds every generator that others are made of, since a script may select another.
-void SeedGenerators(Game& game, std::int32_t seed) {
-  constexpr std::int32_t kBaseGenerators = 5;
-  constexpr std::int32_t kTakeRequest = -1;
-  const std::int32_t selected = game.RngSelected;
-  for (game.RngSelected = kBaseGenerators - 1; game.RngSelected >= 0; --game.RngSelected) {
-    game.BetRequest = MoneyAmount::FromWhole(1 + (seed - 1) % MaxSeed(game));
-    SeedRng(game, kTakeRequest);
-  }
-  game.RngSelected = selected;
 }
 
 // --- The table -------------------------------------------------------------------------------
@@ -97,9 +79,19 @@ class SetUpSurface final : public NullSurface {
   std::string refusal_;
 };
 
-bool IsNamed(const Experiment& experiment, std::string_view setting) {
-  return std::any_of(experiment.settings.begin(), experiment.settings.end(),
-                     [&](const auto& entry) { return EqualIgnoringCase(entry.first, setting); });
+// An option and the settings that say the same in another way.
+std::string FindContradiction(const Experiment& experiment) {
+  const auto is_set = [&](std::string_view setting) {
+    return std::any_of(experiment.settings.begin(), experiment.settings.end(),
+                       [&](const auto& entry) { return EqualIgnoringCase(entry.first, setting); });
+  };
+  if (experiment.rng && is_set("RngSelected")) return "--rng contradicts --set RngSelected.";
+  for (const char* setting : {"BankrollInitAmount", "BankrollInitType"}) {
+    if (experiment.bankroll && is_set(setting)) {
+      return std::string("--bankroll contradicts --set ") + setting + ".";
+    }
+  }
+  return {};
 }
 
 bool WritesFiles(const Game& table) {
@@ -149,7 +141,9 @@ class Worker {
         limits_(limits),
         results_(results),
         progress_(progress),
-        game_(std::make_unique<Game>(table)) {}
+        game_(std::make_unique<Game>(table)) {
+    if (!game_->ScriptLines.empty()) script_ = CompiledForm(*game_);
+  }
 
   // The index counts from 0, the number of the game from first_game.
   void Play(std::int64_t index) {
@@ -157,6 +151,7 @@ class Worker {
     Game& game = *game_;
     // Everything is as it was, whatever the last game did to the settings.
     game = table_;
+    game.Compiled = script_;
     const std::int32_t seed = SeedOfGame(experiment_, table_, number);
     const bool follow = index < static_cast<std::int64_t>(results_.paths.size());
     BatchSurface surface(game, limits_, seed,
@@ -164,6 +159,7 @@ class Worker {
                          progress_);
     game.surface = &surface;
     SeedGenerators(game, seed);
+    game.RngSelected = table_.RngSelected;
 
     if (!game.ScriptLines.empty()) RunInitialisationCycle(game);
     surface.BeginSession();
@@ -224,6 +220,7 @@ class Worker {
   SimulationResults& results_;
   SimulationProgress& progress_;
   std::unique_ptr<Game> game_;
+  std::shared_ptr<const CompiledScript> script_;  // its own: all count their uses of it each roll
   ExpectedValues expected_values_;
   std::array<BetTotals, kBetCount + 1> bets_{};
   std::optional<ScriptFault> fault_;
@@ -268,21 +265,23 @@ void SetUpPassLineWithOdds(Game& game) {
 }
 
 void BetPassLine(Game& game) {
-  game.BetRequest = game.MinPlacardBet;
+  // The least bet whose odds are paid in full by whole dollars.
+  constexpr MoneyAmount kBet = MoneyAmount(10);
+  game.BetRequest = std::max(kBet, game.MinPlacardBet);
   PlaceBet(game, kPassLine);
 }
 
 std::string PrepareTable(const Experiment& experiment, Game& table) {
+  if (std::string fault = FindContradiction(experiment); !fault.empty()) return fault;
   SetUpSurface surface;
   table.surface = &surface;
   StartUp(table, {.data_dir = "", .seed = 1});
-  table.RngSelected = experiment.rng - 1;
+  if (experiment.rng) table.RngSelected = *experiment.rng - 1;
 
   if (experiment.script.empty()) {
     SetUpPassLineWithOdds(table);
   } else {
-    const std::string fault = LoadAnyScript(table, experiment.script);
-    if (!fault.empty()) return fault;
+    if (const auto fault = LoadScriptOrText(table, experiment.script)) return *fault;
     if (table.ScriptLines.empty()) return experiment.script + ": the script has no lines.";
     if (const int line = CheckBets(table); line > 0) {
       return experiment.script + ", line " + std::to_string(line) + ": " +
@@ -329,7 +328,7 @@ std::int32_t RollLimitOf(const Experiment& experiment, const Game& table) {
 std::int32_t SeedOfGame(const Experiment& experiment, const Game& table, std::int64_t number) {
   const auto seeds = static_cast<std::uint64_t>(MaxSeed(table));
   const std::uint64_t index = static_cast<std::uint64_t>(number) % seeds;
-  return static_cast<std::int32_t>(1 + Permute(index, seeds, Mix(experiment.seed)));
+  return static_cast<std::int32_t>(1 + Permute(index, seeds, MixBits(experiment.seed)));
 }
 
 int WorkersOf(const Experiment& experiment, const Game& table, int jobs) {

@@ -26,7 +26,7 @@ struct Experiment {
   std::string
       script;  // path of a .bet file or of a script as text; empty for the built-in strategy
   std::vector<std::pair<std::string, std::string>> settings;  // name and value, in their order
-  std::int32_t rng = 1;                                       // 1 to 8
+  std::optional<std::int32_t> rng;                            // 1 to 8; as the settings say
   std::uint64_t seed = 0;
 
   std::int64_t first_game = 1;
@@ -113,7 +113,7 @@ struct BankrollPath {
   std::vector<Place> places;
 };
 inline constexpr int kPaths = 25;         // of the first games
-inline constexpr int kPathPlaces = 2048;  // at most, of one path
+inline constexpr int kPathPlaces = 1024;  // at most, of one path
 
 // The first script that failed.
 struct ScriptFault {
@@ -137,8 +137,8 @@ struct SimulationProgress {
   std::atomic<bool> stop = false;        // set from outside: end after the rolls in progress
 };
 
-// The strategy that is played when no script is given: the table minimum on the Pass Line with full
-// odds, kept up by Auto-Play alone. The settings, and the bet itself.
+// The strategy that is played when no script is given: $10, or the table minimum if that is more,
+// on the Pass Line with full odds, kept up by Auto-Play alone. The settings, and the bet itself.
 void SetUpPassLineWithOdds(Game& game);
 void BetPassLine(Game& game);
 

@@ -11,9 +11,9 @@ namespace feltmaster {
 namespace {
 
 constexpr double kWidth = 960;
-constexpr double kHeight = 960;
-constexpr SvgChart::Frame kHistogramFrame = {100, 110, 820, 320};
-constexpr SvgChart::Frame kPathFrame = {100, 540, 820, 340};
+constexpr SvgChart::Frame kUpperFrame = {100, 110, 820, 320};
+constexpr SvgChart::Frame kLowerFrame = {100, 540, 820, 340};
+constexpr double kBelowFrame = 80;  // for the ticks and the label
 
 constexpr std::array<std::string_view, 8> kPathColors = {
     "#2f8f5b", "#c0483f", "#2b6cb0", "#b7791f", "#6b46c1", "#0f766e", "#be185d", "#4b5563"};
@@ -44,7 +44,7 @@ void DrawHistogram(const SessionStatistics& statistics, SvgChart& chart) {
     most = std::max(most, count);
   }
   constexpr double kAir = 1.08;
-  chart.Panel(kHistogramFrame, "Net per game",
+  chart.Panel(kUpperFrame, "Net per game",
               {bars.front().from, bars.back().to, "net of a game", true},
               {0, most * kAir, "games", false});
   chart.Bars(bars);
@@ -53,7 +53,7 @@ void DrawHistogram(const SessionStatistics& statistics, SvgChart& chart) {
               "mean " + FormatNumber(statistics.net_mean, "$#,##0.00;-$#,##0.00"));
 }
 
-void DrawPaths(const SimulationResults& results, SvgChart& chart) {
+void DrawPaths(const SimulationResults& results, const SvgChart::Frame& frame, SvgChart& chart) {
   Range net;
   double longest = 1;
   std::int64_t shown = 0;
@@ -65,12 +65,12 @@ void DrawPaths(const SimulationResults& results, SvgChart& chart) {
     shown += !path.places.empty();
   }
   const Range range = net.Widened();
-  chart.Panel(kPathFrame,
+  chart.Panel(frame,
               shown == 1 ? "Net of the first game, roll by roll"
                          : "Net of the first " + FormatNumber(shown, "0") + " games, roll by roll",
               {0, longest, "rolls", false}, {range.low, range.high, "net", true});
   chart.MarkY(0);
-  const double opacity = shown == 1 ? 1.0 : 0.75;
+  const double opacity = shown == 1 ? 1.0 : 0.7;
   for (std::size_t i = 0; i < results.paths.size(); ++i) {
     std::vector<SvgChart::Point> points;
     for (const auto& place : results.paths[i].places) {
@@ -84,16 +84,17 @@ void DrawPaths(const SimulationResults& results, SvgChart& chart) {
 
 std::string ChartSvg(const SimulationReport& report) {
   const SessionStatistics& statistics = report.statistics;
-  SvgChart chart(kWidth, kHeight);
+  // A single game has no distribution.
+  const bool single = statistics.games < 2;
+  const SvgChart::Frame& paths = single ? kUpperFrame : kLowerFrame;
+  SvgChart chart(kWidth, paths.top + paths.height + kBelowFrame);
   chart.Title(
       NameOfStrategy(report.experiment),
       FormatNumber(statistics.games, "#,##0") + (statistics.games == 1 ? " game, " : " games, ") +
           FormatNumber(statistics.rolls, "#,##0") + " rolls, seed " +
           std::to_string(report.experiment.seed) + (report.results.complete ? "" : ", INCOMPLETE"));
-  if (statistics.games > 0) {
-    DrawHistogram(statistics, chart);
-    DrawPaths(report.results, chart);
-  }
+  if (!single) DrawHistogram(statistics, chart);
+  if (statistics.games > 0) DrawPaths(report.results, paths, chart);
   return chart.Document();
 }
 

@@ -37,8 +37,9 @@ std::string Percent(double fraction, int places) {
 }
 
 std::string Hours(double hours) {
-  return FormatNumber(hours, hours < 1000 ? "#,##0.0#" : "#,##0") +
-         (hours == 1 ? " hour" : " hours");
+  const double shown = std::round(100 * hours) / 100;
+  const char* picture = shown == std::floor(shown) ? "#,##0" : "#,##0.##";
+  return FormatNumber(shown, picture) + (shown == 1 ? " hour" : " hours");
 }
 
 double Share(double part, double whole) {
@@ -102,7 +103,7 @@ std::string ExperimentText(const SimulationReport& report) {
   for (const auto& [name, value] : experiment.settings) house += ", " + name + "=" + value;
   if (!house.empty()) text += Fact("House", house.substr(2));
 
-  text += Fact("Dice", "RNG #" + std::to_string(experiment.rng) + ", --seed " +
+  text += Fact("Dice", "RNG #" + std::to_string(report.table.RngSelected + 1) + ", --seed " +
                            std::to_string(experiment.seed));
   return text;
 }
@@ -129,7 +130,7 @@ std::string PlayedText(const SimulationReport& report, const RunTime& time) {
 
 std::string NetText(const SimulationReport& report) {
   const SessionStatistics& statistics = report.statistics;
-  if (statistics.games == 1) return "\n" + Fact("Net", Cash(statistics.net_mean));
+  if (statistics.games == 1) return "\n" + Fact("Net of the game", Cash(statistics.net_mean));
   std::string text = "\nNet of a game\n";
   text += Fact("  mean", Cash(statistics.net_mean));
   if (statistics.net_deviation) {
@@ -185,6 +186,12 @@ std::string ShareLine(std::string_view label, std::int64_t games, std::int64_t a
 
 std::string EndsText(const SimulationReport& report) {
   const SessionStatistics& statistics = report.statistics;
+  if (statistics.games == 1) {
+    const auto played = [](const GameResult& game) { return game.end != GameEnd::kNotPlayed; };
+    const auto& games = report.results.games;
+    return "\n" + Fact("How the game ended",
+                       NameOf(std::find_if(games.begin(), games.end(), played)->end).label);
+  }
   const double average = HoursOf(report, statistics.average_rolls);
   const double longest = HoursOf(report, static_cast<double>(statistics.longest_rolls));
   std::string text = "\nHow the games ended\n";
@@ -209,7 +216,7 @@ std::string EndsText(const SimulationReport& report) {
 }
 
 std::string HistogramText(const SimulationReport& report) {
-  const Histogram& histogram = report.statistics.histogram;
+  const Histogram& histogram = report.statistics.coarse_histogram;
   if (report.statistics.games < 2 || histogram.counts.size() < 2) return {};
   constexpr double kBarWidth = 48;
   const std::int64_t most = *std::max_element(histogram.counts.begin(), histogram.counts.end());
@@ -221,7 +228,7 @@ std::string HistogramText(const SimulationReport& report) {
   for (std::size_t bin = 0; bin <= histogram.counts.size(); ++bin) {
     width = std::max(width, edge(bin).size());
   }
-  std::string text = "\nNet per game, from and below\n";
+  std::string text = "\nNet per game\n";
   for (std::size_t bin = 0; bin < histogram.counts.size(); ++bin) {
     const auto count = static_cast<double>(histogram.counts[bin]);
     auto length =
@@ -274,7 +281,7 @@ Json ExperimentJson(const SimulationReport& report) {
       {"bankroll", OrNull(experiment.bankroll)},
       {"stop_win", OrNull(experiment.stop_win)},
       {"stop_loss", OrNull(experiment.stop_loss)},
-      {"rng", experiment.rng},
+      {"rng", report.table.RngSelected + 1},
       {"seed", experiment.seed},
       {"settings", settings},
   };

@@ -177,8 +177,6 @@ void AskSeed(Game& game) {
     Tell(game, "RNG Seed", (asked == 0 ? "" : "Your seed value is out of limits.\n\n") + question,
          kButtonOk | kOneInput);
   }
-  game.MsgInputDefault.clear();
-  game.MsgInputLength = 0;
 }
 
 }  // namespace
@@ -319,6 +317,11 @@ void SeedRng(Game& game, std::int32_t ask) {
 }
 
 void DrawDice(Game& game) {
+  if (game.RngSelected == 0 && !game.UseSkewedProbability) {  // the hot road
+    game.Die1 = NextBelow(game.Genrand, kFaces) + 1;
+    game.Die2 = NextBelow(game.Genrand, kFaces) + 1;
+    return;
+  }
   const Selection& selection = kSelections[Selected(game)];
   const bool odd = RollCounts(game, 0) % 2 != 0;
   const Base base = odd ? selection.odd_roll : selection.even_roll;

@@ -11,23 +11,18 @@
 
 namespace feltmaster {
 
-namespace {
-
-// Every generator that the selections are made of, the first one last: it stays selected.
-void SeedGenerators(Game& game, const StartOptions& options) {
+void SeedGenerators(Game& game, std::optional<std::int32_t> seed) {
   for (std::int32_t rng = 4; rng >= 0; --rng) {
     game.RngSelected = rng;
-    if (options.seed) game.BetRequest = MoneyAmount::FromWhole(*options.seed);
-    SeedRng(game, options.seed ? -1 : 0);
+    if (seed) game.BetRequest = MoneyAmount::FromWhole(*seed);
+    SeedRng(game, seed ? -1 : 0);
   }
 }
-
-}  // namespace
 
 void StartUp(Game& game, const StartOptions& options) {
   game.AppPath = options.data_dir;
   if (!options.data_dir.empty()) game.GamesLogFile = options.data_dir + "default.glg";
-  SeedGenerators(game, options);
+  SeedGenerators(game, options.seed);
 
   // All other defaults are those of a fresh Game.
   DefaultProbabilities(game);

@@ -17,4 +17,8 @@ struct StartOptions {
 // game.surface must be set.
 void StartUp(Game& game, const StartOptions& options);
 
+// Seeds every generator that the selections are made of, by one seed or by the clock. RNG #1 is
+// selected then.
+void SeedGenerators(Game& game, std::optional<std::int32_t> seed);
+
 }  // namespace feltmaster

@@ -83,7 +83,7 @@ void ReferenceTable::PlaceRequested(int bet) {
     };
     bool cut = false;
     while (needed() > Bankroll() && bet_change > -amount) {
-      bet_change -= unit;
+      bet_change = std::max(bet_change - unit, -amount);
       cut = true;
     }
     if (cut) {
@@ -111,10 +111,13 @@ void ReferenceTable::PlaceChipsRequested(int bet) {
   if (bet == kPassLine && point != 0) odds = kPassOdds;
   if (IsCome(bet)) odds = bet + 10;
   if (odds == 0) return;
+  // What is told of the command is the change of the flat bet.
+  const Raw flat_change = bet_change;
   ComputeMaxBet(odds);
   if (bet_amount[static_cast<std::size_t>(odds)] > max_bet_here || auto_take_full_odds) {
     TakeFullOdds(odds);
   }
+  bet_change = flat_change;
 }
 
 void ReferenceTable::TakeFullOdds(int bet) {

@@ -222,8 +222,8 @@ void ReferenceTable::ResolveBet(int mode, int bet) {
   if (bet_amount[b] == 0) return;
   ComputePayoff(true, bet, mode, bet_amount[b]);
   RecordBetResult(1, bet, bet_amount[b], payoff_net);
-  if (payoff_exact == 0 && payoff_net == 0) return;
   decisions.push_back({bet, bet_amount[b], payoff_net});
+  if (payoff_exact == 0 && payoff_net == 0) return;
   Bankroll() += payoff_net;
   if (bet >= 11 && bet <= 51) established[b] = 0;
 
@@ -267,9 +267,14 @@ void ReferenceTable::ComputePayoff(bool actual, int bet, int mode, Raw amount) {
   payoff_exact = straight();
 
   if (IsLay(bet) && (payoff_exact > 0 || lay_vig_all_bets)) {
-    const PayRow own = row_of(bet);
-    payoff_exact -= actual ? lay_vig_paid[static_cast<std::size_t>(bet - kLay)]
-                           : TimesOver(own.numerator, lay_vig_pct, own.denominator);
+    if (actual) {
+      payoff_exact -= lay_vig_paid[static_cast<std::size_t>(bet - kLay)];
+    } else {
+      // The dollar's vig is a fraction of what it wins; only the difference is rounded.
+      const PayRow own = row_of(bet);
+      const Wide vig = Wide{own.numerator} * lay_vig_pct;
+      payoff_exact = Nearest(Wide{payoff_exact} * own.denominator - vig, own.denominator);
+    }
   }
   if (IsBuy(bet) && (payoff_exact > 0 || buy_vig_all_bets)) {
     payoff_exact -= actual ? buy_vig_paid[static_cast<std::size_t>(bet - kBuy)] : buy_vig_pct;

@@ -1,0 +1,15 @@
+# embed_text(<target> <header> <name> <file>...): makes the text of each file a std::string_view of
+# that name in namespace feltmaster, which the header declares. Editing a file builds anew.
+function(embed_text target header)
+  set(source ${PROJECT_BINARY_DIR}/embedded/${target}_texts.cpp)
+  set(code "// Written by cmake/embed_text.cmake.\n#include \"${header}\"\n\nnamespace feltmaster {\n")
+  while(ARGN)
+    list(POP_FRONT ARGN name file)
+    set_property(DIRECTORY ${PROJECT_SOURCE_DIR} APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file})
+    file(READ ${PROJECT_SOURCE_DIR}/${file} text)
+    string(APPEND code "const std::string_view ${name} = R\"text(${text})text\";\n")
+  endwhile()
+  string(APPEND code "}  // namespace feltmaster\n")
+  file(CONFIGURE OUTPUT ${source} CONTENT "${code}" @ONLY)
+  target_sources(${target} PRIVATE ${source})
+endfunction()

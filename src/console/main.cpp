@@ -1,0 +1,61 @@
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <string>
+
+#include "console/verbs.h"
+
+namespace {
+
+constexpr int kNotStarted = 2;
+
+// The first word of the command line when it is meant as a verb and is none.
+std::string UnknownVerb(const CLI::App& app, int argc, char** argv) {
+  if (argc < 2 || argv[1][0] == '-') return {};
+  for (const CLI::App* verb : app.get_subcommands([](const CLI::App*) { return true; })) {
+    if (verb->get_name() == argv[1]) return {};
+  }
+  return argv[1];
+}
+
+std::string OneLine(std::string text) {
+  for (char& c : text) {
+    if (c == '\n') c = ' ';
+  }
+  return text;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  int exit_code = 0;
+  CLI::App app("Feltmaster plays a crapless craps table and tries out betting strategies.",
+               "feltmaster");
+  app.set_version_flag("--version", "feltmaster " FELTMASTER_VERSION);
+  feltmaster::AddConsoleVerb(app, exit_code);
+  feltmaster::AddSimulateVerb(app, exit_code);
+  feltmaster::AddScriptVerb(app, exit_code);
+  feltmaster::AddBenchVerb(app, exit_code);
+  app.footer(
+      "feltmaster VERB --help tells more about a verb.\n\n"
+      "Examples:\n"
+      "  feltmaster console\n"
+      "  feltmaster simulate --help");
+
+  if (const std::string verb = UnknownVerb(app, argc, argv); !verb.empty()) {
+    std::cerr << "feltmaster: there is no verb \"" << verb << "\"; --help lists them.\n";
+    return kNotStarted;
+  }
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::Success& wanted) {  // --help and --version
+    return app.exit(wanted);
+  } catch (const CLI::ParseError& fault) {
+    std::cerr << "feltmaster: " << OneLine(fault.what()) << '\n';
+    return kNotStarted;
+  } catch (const std::exception& fault) {
+    std::cerr << "feltmaster: " << OneLine(fault.what()) << '\n';
+    return kNotStarted;
+  }
+  if (argc == 1) std::cout << app.help();
+  return exit_code;
+}

@@ -1,0 +1,349 @@
+#include <algorithm>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "autobet/check_bets.h"
+#include "autobet/script_file.h"
+#include "autobet/script_text.h"
+#include "autobet/vocabulary.h"
+#include "base/record_file.h"
+#include "base/text.h"
+#include "console/json_text.h"
+#include "console/verbs.h"
+#include "surface/null_surface.h"
+
+namespace feltmaster {
+
+namespace {
+
+constexpr int kDone = 0;
+constexpr int kFaultTold = 1;
+constexpr int kNotStarted = 2;
+
+constexpr std::string_view kNotes =
+    R"(A script is a .bet file or its text: one line of the script a line, as
+"script list" prints it. Indentation, runs of blanks and the case of the words
+are free; a line that begins with ' is a comment; other text is a label when a
+"Go to" or "Gosub" names it. "script words" prints what lines can be made of.
+
+The text of a script, press_the_six.txt:
+  ' Place the 6, and press it after each second win.
+  When . . .
+    Initializing Auto-Bet
+  or when . . .
+    A point is established on any number
+  then . . .
+    Bet $ 12 on Place 6
+  When . . .
+    Place 6 has won 2 times
+  then . . .
+    Add $ 6 to Place 6
+    Reset wins / losses on Place 6
+
+Examples:
+  feltmaster script check press_the_six.txt
+  feltmaster script compile press_the_six.txt press_the_six.bet
+  feltmaster script list press_the_six.bet
+  feltmaster script words "Place 6"
+
+The exit code is 0 when all is well, 1 when the structure of the script is at
+fault, 2 when a file cannot be read, understood or written.)";
+
+struct ScriptOptions {
+  std::string file;
+  std::string output;
+  std::string words;
+  bool json = false;
+};
+
+int Refuse(std::string_view sentence) {
+  std::cerr << "feltmaster: " << sentence << '\n';
+  return kNotStarted;
+}
+
+// What was printed has reached standard output.
+int Printed(int exit_code) {
+  std::cout.flush();
+  return std::cout ? exit_code : Refuse("Standard output cannot be written.");
+}
+
+// A script at a table with nobody at it.
+struct Desk {
+  Desk() { table.surface = &surface; }
+  // 0, or the exit code when the script was refused.
+  int Load(const std::string& path) {
+    const auto fault = LoadScriptOrText(table, path);
+    return fault ? Refuse(*fault) : kDone;
+  }
+
+  NullSurface surface;
+  Game table;
+};
+
+// A record may hold any bytes; a terminal should not obey them.
+std::string Printable(std::string text) {
+  for (char& c : text) {
+    if (static_cast<unsigned char>(c) < ' ' || c == '\x7f') c = '?';
+  }
+  return text;
+}
+
+std::string JsonRecord(const ScriptLine& line) {
+  return JsonObject()
+      .Add("LineKind", line.LineKind)
+      .Add("LineCode", line.LineCode)
+      .Add("LineName", line.LineName)
+      .Add("LineAmount", line.LineAmount)
+      .Add("LineSubject", line.LineSubject)
+      .Add("LineSubjectStack", line.LineSubjectStack)
+      .Add("LineReserved1", line.LineReserved1)
+      .Add("LineTarget", line.LineTarget)
+      .Add("LineTargetStack", line.LineTargetStack)
+      .Add("LineReserved2", line.LineReserved2)
+      .Add("LineText", line.LineText)
+      .Text();
+}
+
+int List(const ScriptOptions& options) {
+  Desk desk;
+  if (const int refused = desk.Load(options.file)) return refused;
+  const std::vector<ScriptLine>& lines = desk.table.ScriptLines;
+  if (!options.json) {
+    for (const ScriptLine& line : lines) std::cout << Printable(line.LineText) << '\n';
+    return Printed(kDone);
+  }
+  std::cout << '[';
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    std::cout << (i == 0 ? "\n" : ",\n") << JsonRecord(lines[i]);
+  }
+  std::cout << "\n]\n";
+  return Printed(kDone);
+}
+
+// Where a line of the script stands in its file: a text may have blank lines between.
+std::size_t FileLine(const std::string& path, std::size_t script_line) {
+  constexpr std::size_t kLimit = 64 << 20;
+  std::string text;
+  if (ReadWholeFile(path, kLimit, text) || LooksLikeScriptFile(text)) return script_line;
+  std::size_t number = 0;
+  std::size_t at = 0;
+  while (script_line > 0 && at < text.size()) {
+    const std::size_t end = std::min(text.find('\n', at), text.size());
+    if (text.find_first_not_of(" \t\r", at) < end) --script_line;
+    ++number;
+    at = end + 1;
+  }
+  return number;
+}
+
+// Tells the first fault of the structure and gives the exit code.
+int TellStructure(const std::string& path, const std::vector<ScriptLine>& script) {
+  const auto fault = FindStructureFault(script);
+  if (!fault) return kDone;
+  constexpr std::string_view kOnTheScreen = " shown at the top of the screen";
+  std::string text = fault->text;
+  if (const std::size_t at = text.find(kOnTheScreen); at != std::string::npos) {
+    text.erase(at, kOnTheScreen.size());
+  }
+  std::cerr << path << ':' << FileLine(path, fault->line) << ": " << text << '\n';
+  return kFaultTold;
+}
+
+int Check(const ScriptOptions& options) {
+  Desk desk;
+  if (const int refused = desk.Load(options.file)) return refused;
+  if (const int fault = TellStructure(options.file, desk.table.ScriptLines)) return fault;
+  std::cout << options.file << ": " << desk.table.ScriptLines.size()
+            << " lines, properly structured.\n";
+  return Printed(kDone);
+}
+
+int Compile(const ScriptOptions& options) {
+  if (!Lower(options.output).ends_with(".bet")) {
+    return Refuse("OUT " + options.output + " is no name of a script file; it must end in .bet.");
+  }
+  Desk desk;
+  if (const int refused = desk.Load(options.file)) return refused;
+  if (!SaveScript(desk.table, options.output)) {
+    return Refuse(options.output + " cannot be written: " + desk.table.LastErrorText + '.');
+  }
+  std::cout << options.output << ": " << desk.table.ScriptLines.size() << " lines.\n";
+  return Printed(TellStructure(options.file, desk.table.ScriptLines));
+}
+
+// What stands for a field in the list of words.
+std::string_view PlaceOf(Field field) {
+  switch (field) {
+    case Field::kAmount:
+    case Field::kPositiveAmount:
+      return "AMOUNT";
+    case Field::kTimes:
+      return "COUNT times";
+    case Field::kTimesOrEach:
+      return "COUNT times|each time";
+    case Field::kRolls:
+      return "COUNT rolls";
+    case Field::kStack:
+      return "0..99";
+    case Field::kAverage:
+      return "ROLLS|all roll average )";
+    case Field::kFlag:
+      return "\"FLAG\"";
+    case Field::kLabel:
+      return "\"LABEL\"";
+    case Field::kName:
+      return "\"NAME\"";
+    case Field::kText:
+      return "\"TEXT\"";
+    case Field::kIsTrue:
+      return "is True|is False";
+    case Field::kAreTrue:
+      return "are True|are False";
+    case Field::kToTrue:
+      return "to True|to False";
+    case Field::kComparedWith:
+      return "THING";
+    case Field::kValue:
+      return "VALUE";
+    case Field::kRounding:
+      return "ROUNDING";
+    case Field::kTarget:
+      return "TARGET";
+    case Field::kPlaceTarget:
+      return "PLACE BET";
+    case Field::kRollTarget:
+      return "ROLL";
+    case Field::kWinRule:
+      return "WIN RULE";
+    case Field::kLossRule:
+      return "LOSS RULE";
+    default:
+      return WordsOf(field);
+  }
+}
+
+// Prints the rows that hold the words asked for, under their heading.
+class WordList {
+ public:
+  explicit WordList(const std::string& words) : words_(words) {}
+
+  void Head(std::string_view heading) { heading_ = heading; }
+  void Row(std::string text) {
+    if (!ContainsIgnoringCase(text, words_)) return;
+    if (!heading_.empty()) std::cout << (any_ ? "\n" : "") << heading_ << '\n';
+    heading_ = {};
+    any_ = true;
+    std::cout << "  " << text << '\n';
+  }
+  bool Any() const { return any_; }
+
+ private:
+  const std::string& words_;
+  std::string_view heading_;
+  bool any_ = false;
+};
+
+std::string WithFields(std::string_view caption, std::span<const Field> fields) {
+  std::string text(caption);
+  for (const Field field : fields) {
+    if (field == Field::kNone) continue;
+    text += ' ';
+    text += PlaceOf(field);
+  }
+  return text;
+}
+
+int Words(const ScriptOptions& options) {
+  WordList list(options.words);
+  list.Head("Lines that start conditions and actions");
+  for (const StartRow& row : kStartRows) list.Row(std::string(row.caption));
+  list.Head("Conditions");
+  for (const ConditionRow& row : kConditions) {
+    const std::string_view shown = row.shown.empty() ? row.caption : row.shown;
+    std::string text = WithFields(shown, row.fields);
+    if (!row.comparisons[0].empty()) text += " COMPARISON";
+    list.Row(text);
+  }
+  const std::pair<std::string_view, ComparisonList> comparisons[] = {
+      {"COMPARISON of a bet", kWonLostOne},
+      {"COMPARISON of a bet, Chip-Stack or bankroll", kComparedOne},
+      {"COMPARISON of several bets", kWonLostSeveral},
+      {"COMPARISON of several bets, Chip-Stacks", kComparedAmountSeveral},
+      {"COMPARISON of several bets, Chip-Stacks, or of a count", kComparedThingSeveral},
+      {"COMPARISON of a count", kComparedCount},
+      {"COMPARISON of a total, or of flags", kNumberOf},
+      {"COMPARISON of a Chip-Stack", kNamedOne},
+      {"COMPARISON of Chip-Stacks", kNamedSeveral},
+      {"COMPARISON of a roll", kRolled},
+      {"COMPARISON of a point", kPointNumbers},
+  };
+  for (const auto& [heading, rows] : comparisons) {
+    list.Head(heading);
+    for (const ComparisonRow& row : rows) list.Row(WithFields(row.caption, {&row.operand, 1}));
+  }
+  list.Head("Actions");
+  for (const ActionRow& row : kActions) list.Row(WithFields(row.caption, row.fields));
+  for (const Field field : {Field::kComparedWith, Field::kValue, Field::kTarget, Field::kRollTarget,
+                            Field::kRounding, Field::kWinRule, Field::kLossRule}) {
+    list.Head(PlaceOf(field));
+    for (const PickRow& row : PicksOf(field)) {
+      std::string text(row.caption);
+      if (NeedsStack(row.code)) text += " 0..99";
+      if (NeedsAverage(row.code)) text += " ROLLS|all";
+      if (NeedsAverage(row.code) && field == Field::kComparedWith) text += " roll average )";
+      list.Row(text);
+    }
+  }
+  if (!list.Any()) return Refuse("No line of a script holds \"" + options.words + "\".");
+  return Printed(kDone);
+}
+
+}  // namespace
+
+void AddScriptVerb(CLI::App& app, int& exit_code) {
+  CLI::App* verb = app.add_subcommand("script", "Lists, checks and converts betting scripts");
+  verb->footer(std::string(kNotes));
+  verb->require_subcommand(1);
+  const auto options = std::make_shared<ScriptOptions>();
+  const auto add = [&](const char* name, const char* help, int (*run)(const ScriptOptions&)) {
+    CLI::App* part = verb->add_subcommand(name, help);
+    part->callback([options, run, &exit_code] { exit_code = run(*options); });
+    return part;
+  };
+
+  CLI::App* list = add("list", "Prints the lines of a script", List);
+  list->add_option("FILE", options->file, "A .bet file or the text of a script")->required();
+  list->add_flag("--json", options->json, "Prints the records, an object a line");
+  list->footer(
+      "Examples:\n"
+      "  feltmaster script list mine.bet > mine.txt\n"
+      "  feltmaster script list --json mine.bet");
+
+  CLI::App* compile = add("compile", "Writes a script as a .bet file", Compile);
+  compile->add_option("IN", options->file, "A .bet file or the text of a script")->required();
+  compile->add_option("OUT", options->output, "The .bet file to write")->required();
+  compile->footer(
+      "OUT is written whole or not at all. A script whose structure is at fault is\n"
+      "written too, and the fault told.\n\n"
+      "Example:\n"
+      "  feltmaster script compile mine.txt mine.bet");
+
+  CLI::App* check = add("check", "Tests the structure of a script", Check);
+  check->add_option("FILE", options->file, "A .bet file or the text of a script")->required();
+  check->footer(
+      "A fault is told as FILE:LINE: what is wrong, or for a text that cannot be read\n"
+      "FILE:LINE:COLUMN: what was expected there.\n\n"
+      "Example:\n"
+      "  feltmaster script check mine.txt");
+
+  CLI::App* words = add("words", "Prints what lines of a script can be made of", Words);
+  words->add_option("TEXT", options->words, "Only rows that hold this text");
+  words->footer(
+      "Examples:\n"
+      "  feltmaster script words\n"
+      "  feltmaster script words chip-stack");
+}
+
+}  // namespace feltmaster

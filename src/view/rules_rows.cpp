@@ -1,0 +1,118 @@
+#include "view/rules_rows.h"
+
+#include <array>
+#include <cmath>
+
+#include "base/number_format.h"
+#include "config/advantage.h"
+#include "config/payoffs.h"
+#include "view/state_record.h"
+
+namespace feltmaster {
+
+namespace {
+
+Row PayoffRow(std::string label, const PayRow& row) {
+  return {std::move(label), PlainNumber(ShownNumerator(row)), row.PayIsTo ? "to" : "for",
+          PlainNumber(row.PayDenominator)};
+}
+
+std::string FieldLabel(int die1, int die2) {
+  return std::to_string(die1 + die2) + " (" + std::to_string(die1) + '-' + std::to_string(die2) +
+         ')';
+}
+
+// The Pass Line and its odds have no payoffs of their own, but an advantage.
+std::string AdvantageLabel(int bet) {
+  if (bet == kPassLine) return "Passline/Come";
+  if (bet == kPassOdds) return "Passline/Come Odds";
+  return PayoffLabel(bet);
+}
+
+// A length of time in hours as hours, minutes and seconds.
+std::string ClockText(double hours) {
+  double seconds = std::round(hours * 3600 * 100) / 100;
+  const double whole_hours = std::floor(seconds / 3600);
+  seconds -= whole_hours * 3600;
+  const double minutes = std::floor(seconds / 60);
+  seconds -= minutes * 60;
+  return FormatNumber(whole_hours, "0") + ':' + FormatNumber(minutes, "00") + ':' +
+         FormatNumber(seconds, "00.0#");
+}
+
+std::string ValueText(const StateValue& value) {
+  struct Text {
+    std::string operator()(bool on) const { return on ? "true" : "false"; }
+    std::string operator()(std::int64_t number) const { return std::to_string(number); }
+    std::string operator()(MoneyAmount amount) const { return PlainNumber(amount); }
+    std::string operator()(double number) const { return FormatNumber(number, "0.######"); }
+    std::string operator()(const std::string& text) const { return text; }
+    std::string operator()(const ScriptFlag& flag) const { return flag.FlagName; }
+  };
+  return std::visit(Text(), value);
+}
+
+}  // namespace
+
+Rows PayoffRows(const Game& game) {
+  Rows rows;
+  for (const int bet : kPayoffGrid) {
+    rows.push_back(PayoffRow(PayoffLabel(bet), game.PayTable[static_cast<std::size_t>(bet)]));
+  }
+  std::array<std::string, kFieldRows> labels;
+  for (int die1 = 1; die1 <= 6; ++die1) {
+    for (int die2 = die1; die2 <= 6; ++die2) {
+      labels[static_cast<std::size_t>(FieldRowOfDice(die1, die2))] = FieldLabel(die1, die2);
+    }
+  }
+  for (std::size_t row = 1; row < kFieldRows; ++row) {
+    rows.push_back(PayoffRow(labels[row], game.FieldPayTable[row]));
+  }
+  return rows;
+}
+
+Rows AdvantageRows(const Game& game) {
+  Rows rows;
+  const double rate = game.RollsPerHour.ToDouble();
+  const auto figure = [](double value) { return FormatNumber(value, "0.00;-0.00;0.00"); };
+  for (int bet = 1; bet <= kBetCount; ++bet) {
+    const Advantage worth = FigureAdvantage(game, bet);
+    const double rolls = worth.rolls_per_decision;
+    Row row = {AdvantageLabel(bet)};
+    if (!game.ShowMiscData) {
+      for (const double value :
+           {worth.ev_per_roll * 100, worth.deviation_per_roll * 100, worth.ev_per_decision * 100,
+            worth.deviation_per_decision * 100, worth.ev_per_roll * 100 * rate}) {
+        row.push_back(figure(value));
+      }
+    } else if (rolls == 0) {
+      row.insert(row.end(), 5, "0.00");
+    } else {
+      for (const double value : {rolls, 1 / rolls, rate / rolls, rate / 60 / rolls}) {
+        row.push_back(figure(value));
+      }
+      row.push_back(rate == 0 ? "0.00" : ClockText(rolls / rate));
+    }
+    rows.push_back(row);
+  }
+  return rows;
+}
+
+Rows SettingRows(Game& game) {
+  Rows rows;
+  for (const StateName& entry : StateRecord()) {
+    if (!entry.setting) continue;
+    if (entry.rank == 0) {
+      rows.push_back({std::string(entry.name), ValueText(entry.read(game, {}))});
+      continue;
+    }
+    const StateBounds bounds = BoundsOf(game, entry, 0);
+    for (int i = bounds.first; i <= bounds.last; ++i) {
+      rows.push_back({std::string(entry.name) + '(' + std::to_string(i) + ')',
+                      ValueText(entry.read(game, {i}))});
+    }
+  }
+  return rows;
+}
+
+}  // namespace feltmaster

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "game/game.h"
+#include "view/rows.h"
+
+namespace feltmaster {
+
+// Both grids of payoffs, the bets before the Field: label, number shown, "to" or "for",
+// denominator.
+Rows PayoffRows(const Game& game);
+
+// What every bet is worth under the rules in force: label and five figures, those that the screen
+// is set to show.
+Rows AdvantageRows(const Game& game);
+
+// Every setting by its name; of a table a row for each element.
+Rows SettingRows(Game& game);
+
+}  // namespace feltmaster
