@@ -30,13 +30,6 @@ std::int64_t InAmountUnits(std::int64_t count) {
   return count * MoneyAmount::kScale;
 }
 
-bool OpensWhen(std::int32_t kind) {
-  return kind == kWhen || kind == kAndWhen || kind == kOrWhen || kind == kXorWhen;
-}
-bool OpensWhile(std::int32_t kind) {
-  return kind == kWhile || kind == kAndWhile || kind == kOrWhile || kind == kXorWhile;
-}
-
 bool JustRolled(const Game& game, int number) {
   return RollsSinceLast(game, number) == 0;
 }

@@ -379,8 +379,9 @@ void ComputeLayVig(Game& game, int bet, MoneyAmount amount) {
   game.LayVigAmount = MoneyAmount();
   if (!IsLay(bet)) return;
   const PayRow& row = RowOf(game, bet);
-  const MoneyAmount vig =
-      Quotient(Product(Product(game.LayVigPct, amount), row.PayNumerator), row.PayDenominator);
+  // One rounding at the end: the rate as a count of ten-thousandths, their scale divided out.
+  const MoneyAmount vig = Ratio(amount.Times(game.LayVigPct.Raw()), row.PayNumerator,
+                                row.PayDenominator.Times(MoneyAmount::kScale));
   game.LayVigAmount =
       ChargedVig(game, std::max(vig, MoneyAmount()), amount, game.LayVigPct, game.LayVigRounding);
 }
