@@ -366,6 +366,7 @@ SlotAnswer CompareWithTarget(const Game& game, const CompiledLine& line, const L
   if (form == SelectionForm::kTotal) return compare(SumsOf(game, range));
 
   SlotAnswer answer;
+  bool before_lost = false;
   for (int slot = range.first; slot <= range.last; ++slot) {
     if (left.range.Has(slot) && range.Has(left.slot)) {
       answer.with_itself = true;
@@ -381,14 +382,12 @@ SlotAnswer CompareWithTarget(const Game& game, const CompiledLine& line, const L
         answer.now = false;
         break;
       }
-      if (!hit.before && ((left.value.before > 0 && other.before > 0) || with_bankroll)) {
-        answer.before = false;
-        break;
-      }
+      before_lost |= !hit.before && ((left.value.before > 0 && other.before > 0) || with_bankroll);
     } else if (answer.now && (OpensWhile(block_kind) || (answer.before && OpensWhen(block_kind)))) {
       break;
     }
   }
+  answer.before &= !before_lost;
   return answer;
 }
 

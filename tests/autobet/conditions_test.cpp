@@ -549,6 +549,13 @@ TEST_F(Conditions, BetsAgainstRanges) {
   EXPECT_EQ(Ask("Total bets are greater than Total Place bets"), kOld);
 }
 
+TEST_F(Conditions, WhatFailedBeforeDoesNotHideWhatHoldsNow) {
+  SetBefore(kPassLine, 10, 10);
+  SetBefore(41, 5, 0);  // taken down: it stood against the line at the end of the last roll only
+  SetBefore(42, 20, 20);
+  EXPECT_EQ(Ask("Pass Line is less than All Buy bets"), kNew);
+}
+
 TEST_F(Conditions, AWhileBlockIsContentWithTheFirstHit) {
   SetBefore(kPassLine, 10, 10);
   SetBefore(35, 10, 5);
