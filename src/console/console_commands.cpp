@@ -482,7 +482,6 @@ Reply CallComputeMaxBet(Console& console, Arguments& args) {
 Reply CallComputeBuyVig(Console& console, Arguments& args) {
   const int bet = args.LayoutBet(console.Table);
   const MoneyAmount amount = args.Amount("AMOUNT");
-  if (!args.Failed() && !IsBuy(bet)) args.Fail("BET " + std::to_string(bet) + " is no Buy bet.");
   args.End();
   if (args.Failed()) return Refused(args);
   ComputeBuyVig(console.Table, bet, amount);
@@ -491,7 +490,6 @@ Reply CallComputeBuyVig(Console& console, Arguments& args) {
 Reply CallComputeLayVig(Console& console, Arguments& args) {
   const int bet = args.LayoutBet(console.Table);
   const MoneyAmount amount = args.Amount("AMOUNT");
-  if (!args.Failed() && !IsLay(bet)) args.Fail("BET " + std::to_string(bet) + " is no Lay bet.");
   args.End();
   if (args.Failed()) return Refused(args);
   ComputeLayVig(console.Table, bet, amount);

@@ -176,7 +176,7 @@ TEST(Console, WhatIsNotUnderstoodNamesTheArgumentAndChangesNothing) {
       {"configure MinPlacardBet lots", "MinPlacardBet"},
       {"call FlipTable", "PROCEDURE \"FlipTable\""},
       {"call ComputeMinBet 95", "BET"},
-      {"call ComputeBuyVig 36 5", "BET 36"},
+      {"call ComputeBuyVig 95 5", "BET \"95\""},
       {"call SetProbabilityCell 7 1 500", "Row 7 of Col 1"},
       {"call ValueOf 1600 100", "stack \"100\""},
       {"show money", "SCREEN \"money\""},
