@@ -267,7 +267,7 @@ Raw ReferenceTable::NewVig(int bet, Raw amount) const {
   Raw vig = 0;
   if (IsLay(bet)) {
     const auto& row = pay_table[static_cast<std::size_t>(bet)];
-    vig = TimesOver(Times(rate, amount), row.numerator, row.denominator);
+    vig = Nearest(Wide{rate} * amount * row.numerator, Wide{kOne} * row.denominator);
     if (vig < 0) vig = 0;
   } else {
     vig = Times(amount, rate);
