@@ -12,6 +12,14 @@
 
 namespace feltmaster {
 
+// Blocks of these kinds ask for a new occurrence, and those of the others do not.
+constexpr bool OpensWhen(std::int32_t kind) {
+  return kind == kWhen || kind == kAndWhen || kind == kOrWhen || kind == kXorWhen;
+}
+constexpr bool OpensWhile(std::int32_t kind) {
+  return kind == kWhile || kind == kAndWhile || kind == kOrWhile || kind == kXorWhile;
+}
+
 // A run of slots of BetAmount, or of roll events, with or without a hole in it. Empty when last is
 // below first.
 struct SlotRange {

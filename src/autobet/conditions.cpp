@@ -30,13 +30,6 @@ std::int64_t InAmountUnits(std::int64_t count) {
   return count * MoneyAmount::kScale;
 }
 
-bool OpensWhen(std::int32_t kind) {
-  return kind == kWhen || kind == kAndWhen || kind == kOrWhen || kind == kXorWhen;
-}
-bool OpensWhile(std::int32_t kind) {
-  return kind == kWhile || kind == kAndWhile || kind == kOrWhile || kind == kXorWhile;
-}
-
 bool JustRolled(const Game& game, int number) {
   return RollsSinceLast(game, number) == 0;
 }
@@ -355,7 +348,19 @@ SlotAnswer CompareWithTarget(const Game& game, const CompiledLine& line, const L
     return answer;
   };
   const SelectionForm form = line.target.form;
-  if (form == SelectionForm::kAverage) return compare(AveragesOf(game, line.target));
+  if (form == SelectionForm::kAverage) {
+    const auto holds = [&](__int128 value, bool now) {
+      const MoneyAmount average = AverageBankroll(game, now, line.target.average_rolls);
+      return Holds<__int128>(line.relation, value, average.Raw());
+    };
+    SlotAnswer answer;
+    answer.now = holds(left.value.now, true);
+    // Averages are dear. Of one slot the answer before matters only where the one now is true.
+    if (answer.now || line.subject.form != SelectionForm::kOne) {
+      answer.before = holds(left.value.before, false);
+    }
+    return answer;
+  }
   if (form == SelectionForm::kNothing) return {};
   const SlotRange range = SlotsOf(game, line.target);
   if (form == SelectionForm::kTotal) return compare(SumsOf(game, range));

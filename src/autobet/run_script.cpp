@@ -19,9 +19,6 @@ constexpr std::int32_t kLinesPerYield = 500;
 constexpr double kShortestRun = 0.3;  // seconds
 constexpr std::int32_t kAbortHelp = 550;
 
-bool OpensWhen(std::int32_t kind) {
-  return kind == kWhen || kind == kAndWhen || kind == kOrWhen || kind == kXorWhen;
-}
 bool ContinuesBlock(std::int32_t kind) {
   return kind == kAndWhen || kind == kAndWhile;
 }
@@ -244,9 +241,11 @@ bool GoesOn(Game& game, ScriptRun& run) {
 bool WalkScript(Game& game, const CompiledScript& script) {
   ScriptRun run;
   const auto count = static_cast<std::int32_t>(script.lines.size());
-  for (game.CurrentLine = 1; game.CurrentLine <= count; ++game.CurrentLine) {
+  std::int32_t at = 1;
+  for (; at <= count; ++at) {
+    game.CurrentLine = at;
     if (!GoesOn(game, run)) return false;
-    const CompiledLine& line = script.lines[static_cast<std::size_t>(game.CurrentLine) - 1];
+    const CompiledLine& line = script.lines[static_cast<std::size_t>(at) - 1];
     if (line.kind == kCommentLine) continue;
     if (run.LabelPending) {
       run.LabelPending = false;
@@ -255,7 +254,7 @@ bool WalkScript(Game& game, const CompiledScript& script) {
     }
     if (run.ReturnPending) {
       run.ReturnPending = false;
-      game.CurrentLine = run.Returns.Pop();
+      game.CurrentLine = at = run.Returns.Pop();
       Report(game,
              "A \"Return\" statement has caused a jump back to this \"GoSub\" statement.  "
              "Processing will resume with the next line in order.");
@@ -263,12 +262,13 @@ bool WalkScript(Game& game, const CompiledScript& script) {
     }
     ProcessLine(game, run, line);
     if (run.PendingLine != 0) {
-      game.CurrentLine = run.PendingLine - 1;
-      run.LinesSinceYield += game.CurrentLine;
+      at = run.PendingLine - 1;
+      run.LinesSinceYield += at;
       run.PendingLine = 0;
       run.LabelPending = true;
     }
   }
+  game.CurrentLine = at;
   return true;
 }
 
@@ -277,6 +277,7 @@ void Abort(Game& game, const ScriptFailure& failure) {
   game.LastErrorText = error + " occurred, at: Run Auto-Bet";
   game.KeepRolling = false;
   if (game.HyperDriveActive) game.HyperDriveStopText = "Auto-Bet error.";
+  FlushScriptOutput(game);
   Tell(game, "Auto-Bet Abort",
        "The following error has caused Auto-Betting to abort at line #" +
            std::to_string(game.CurrentLine) + ":\n\n" + error +

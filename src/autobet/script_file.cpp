@@ -23,7 +23,7 @@ constexpr std::string_view kTitle = "Feltmaster AutoBets";
 constexpr std::string_view kSiblingTitle = "Feltking AutoBets";
 constexpr double kVersion = 5.0;
 constexpr std::size_t kVersionSize = 4;
-constexpr std::size_t kTextLimit = 16 << 20;  // no script is longer than that
+constexpr std::size_t kTextLimit = 4 << 20;  // no script is longer than that
 
 // Byte offsets in a line record. The header has its title in the place of LineText and the count of
 // lines in the place of LineAmount.

@@ -680,6 +680,18 @@ Reading ReadLine(std::string_view text) {
   return reading;
 }
 
+// Takes the lines that are not blank, with their numbers, as long as the taker goes on.
+template <typename Take>
+void ForEachLine(std::string_view text, Take take) {
+  for (std::size_t number = 1; !text.empty(); ++number) {
+    const std::size_t end = std::min(text.find('\n'), text.size());
+    std::string_view source = text.substr(0, end);
+    text.remove_prefix(std::min(end + 1, text.size()));
+    if (source.ends_with('\r')) source.remove_suffix(1);
+    if (!Strip(source).empty() && !take(number, source)) return;
+  }
+}
+
 }  // namespace
 
 std::variant<ScriptLine, ScriptTextFault> ComposeLine(std::string_view text,
@@ -695,47 +707,37 @@ std::variant<ScriptLine, ScriptTextFault> ComposeLine(std::string_view text,
 }
 
 std::variant<std::vector<ScriptLine>, ScriptTextFault> ComposeScript(std::string_view text) {
-  // What is no line of the vocabulary waits until all jumps are known.
-  struct Unsettled {
-    std::size_t number = 0;  // of the line in the text
-    std::size_t index = 0;   // of the line in the script
-    std::string_view source;
-    Reading reading;
-  };
-  std::vector<ScriptLine> script;
-  std::vector<Unsettled> unsettled;
-  for (std::size_t number = 1; !text.empty(); ++number) {
-    const std::size_t end = std::min(text.find('\n'), text.size());
-    std::string_view source = text.substr(0, end);
-    text.remove_prefix(std::min(end + 1, text.size()));
-    if (source.ends_with('\r')) source.remove_suffix(1);
-    if (Strip(source).empty()) continue;
-    Reading reading = ReadLine(source);
-    if (auto* line = std::get_if<ScriptLine>(&reading.line)) {
-      script.push_back(std::move(*line));
-    } else {
-      unsettled.push_back({number, script.size(), source, std::move(reading)});
-      script.emplace_back();
-    }
-  }
+  // A jump may stand behind its label, so the jumps are read first.
+  std::vector<ScriptLine> jumps;
+  ForEachLine(text, [&](std::size_t /*number*/, std::string_view source) {
+    if (Lower(Strip(source).substr(0, 2)) != "go") return true;
+    const Reading reading = ReadLine(source);
+    const auto* line = std::get_if<ScriptLine>(&reading.line);
+    if (line != nullptr && IsJump(*line)) jumps.push_back(*line);
+    return true;
+  });
+  const std::unordered_set<std::string> labels = LabelsNamed(jumps);
 
-  const std::unordered_set<std::string> labels = LabelsNamed(script);
-  for (const Unsettled& waiting : unsettled) {
-    Composed line = waiting.reading.line;
-    if (waiting.reading.may_be_label) {
-      const std::string_view name = Strip(waiting.source);
-      const bool printed_as_label =
-          waiting.source.find(name) == kNameIndentation && !BeginsLikeLine(name);
+  std::vector<ScriptLine> script;
+  std::optional<ScriptTextFault> fault;
+  ForEachLine(text, [&](std::size_t number, std::string_view source) {
+    Reading reading = ReadLine(source);
+    if (reading.may_be_label) {
+      const std::string_view name = Strip(source);
+      const bool printed_as_label = source.find(name) == kNameIndentation && !BeginsLikeLine(name);
       if (printed_as_label || labels.contains(ScriptNameKey(name))) {
-        line = NamedLine(kLabelLine, waiting.source);
+        reading.line = NamedLine(kLabelLine, source);
       }
     }
-    if (auto* fault = std::get_if<ScriptTextFault>(&line)) {
-      fault->line = waiting.number;
-      return *fault;
+    if (auto* line = std::get_if<ScriptLine>(&reading.line)) {
+      script.push_back(std::move(*line));
+      return true;
     }
-    script[waiting.index] = std::get<ScriptLine>(std::move(line));
-  }
+    fault = std::get<ScriptTextFault>(std::move(reading.line));
+    fault->line = number;
+    return false;
+  });
+  if (fault) return *fault;
   return script;
 }
 

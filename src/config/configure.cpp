@@ -17,9 +17,9 @@
 #include "engine/amounts.h"
 #include "engine/bet_limits.h"
 #include "engine/place_bet.h"
+#include "engine/table_effects.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
-#include "surface/surface.h"
 
 namespace feltmaster {
 
@@ -115,7 +115,7 @@ void LeaveConfigure(Game& game) {
   SetFieldCommonDenominator(game);
   if (game.AutoAdjustBetAmounts != kAdjustManually) AdjustAllBets(game);
   game.RedrawTable = true;
-  game.surface->TableChanged(kChangedAll);
+  ShowTableChange(game, kChangedAll);
 }
 
 // The vig of a family of bets, with its settings.
@@ -392,7 +392,7 @@ constexpr auto kSettings = std::to_array<Setting>({
     {"AutoArrangeChips", Box(),
      [](Game& game, const Entry& entry) {
        game.AutoArrangeChips = entry.on;
-       if (entry.on) game.surface->TableChanged(kChangedChips);
+       if (entry.on) ShowTableChange(game, kChangedChips);
      }},
     {"AutoRollDice", Box(),
      [](Game& game, const Entry& entry) { SetAutoRollDice(game, entry.on); }},
@@ -482,9 +482,8 @@ std::optional<bool> IsTo(std::string_view text) {
 }
 
 std::int64_t LastOf(const Game& game, const Setting& setting) {
-  if (setting.choices == nullptr) return setting.control.last;
-  const std::size_t size = (game.*setting.choices).size();
-  return size == 0 ? 0 : static_cast<std::int64_t>(size) - 1;
+  return setting.choices == nullptr ? setting.control.last
+                                    : static_cast<std::int64_t>((game.*setting.choices).size());
 }
 
 // Reads a value; false when the control cannot hold it.

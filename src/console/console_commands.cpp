@@ -55,6 +55,7 @@ Reply Done(std::string value = {}, std::string words = {}) {
   return {{}, std::move(value), std::move(words)};
 }
 Reply Refused(std::string sentence) {
+  if (!sentence.empty() && !sentence.ends_with('.')) sentence += '.';
   return {std::move(sentence), {}, {}};
 }
 Reply Refused(const Arguments& args) {
@@ -111,10 +112,6 @@ JsonObject RollObject(const Game& game, bool rolled, MoneyAmount before) {
   return object;
 }
 
-std::string RollWords(const Game& game, bool rolled, MoneyAmount before) {
-  return rolled ? RollInWords(game, before) : "No roll was made.\n";
-}
-
 Reply Roll(Console& console, Arguments& args) {
   Game& game = console.Table;
   const bool chosen = !args.AtEnd();
@@ -137,7 +134,7 @@ Reply Roll(Console& console, Arguments& args) {
     game.Die2 = lying2;
     game.DiceAlreadySet = false;
   }
-  return Done(RollObject(game, rolled, before).Text(), RollWords(game, rolled, before));
+  return Done(RollObject(game, rolled, before).Text(), rolled ? "" : "No roll was made.\n");
 }
 
 Reply RollMany(Console& console, Arguments& args) {
@@ -149,12 +146,10 @@ Reply RollMany(Console& console, Arguments& args) {
   std::int64_t made = 0;
   MoneyAmount before = game.BetAmount[kBankroll];
   std::string last = RollObject(game, false, before).Add("rolls", made).Text();
-  std::string words;
   while (made < wanted) {
     before = game.BetAmount[kBankroll];
     if (!RollOnce(game)) break;
     ++made;
-    if (console.Surface.Paper != nullptr) *console.Surface.Paper << RollInWords(game, before);
     if (PlayHasStopped(game)) break;
   }
   if (made > 0) last = RollObject(game, true, before).Add("rolls", made).Text();
@@ -783,8 +778,8 @@ Reply ScriptAdd(Console& console, Arguments& args) {
   if (args.Failed()) return Refused(args);
   const auto composed = ComposeLine(text);
   if (const auto* fault = std::get_if<ScriptTextFault>(&composed)) {
-    return Refused("TEXT is not a line of a script at column " + std::to_string(fault->column) +
-                   ": " + fault->expected);
+    return Refused("TEXT is no line of a script: column " + std::to_string(fault->column) +
+                   ": expected " + fault->expected);
   }
   const ScriptLine& line = std::get<ScriptLine>(composed);
   if (line.LineKind == kLabelLine && LabelIsTaken(game, line)) {
@@ -910,13 +905,16 @@ Reply Flag(Console& console, Arguments& args) {
 // ---- Files ------------------------------------------------------------------------------------
 
 Reply PrbOpen(Console& console, Arguments& args) {
+  Game& game = console.Table;
   const std::string file = args.Rest("FILE");
   if (args.Failed()) return Refused(args);
-  console.Table.LastErrorText.clear();
-  if (!LoadProbabilityFile(console.Table, file) && console.Surface.Messages.empty()) {
-    return Refused("FILE " + Quoted(file) +
-                   " cannot be read as a Probability File: " + console.Table.LastErrorText);
+  constexpr std::int32_t kFileRefused = 0;
+  if (LoadProbabilityFile(game, file)) return Done();
+  if (game.FileStatus != kFileRefused) {
+    return Refused("FILE " + Quoted(file) + " cannot be read: " + game.LastErrorText + '.');
   }
+  Tell(game, "Unable to Open Feltmaster Probability File", game.LastErrorText,
+       kButtonOk | kPictureStop);
   return Done();
 }
 Reply PrbSave(Console&, Arguments&) {

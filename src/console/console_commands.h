@@ -13,9 +13,8 @@ namespace feltmaster {
 
 // One table in a terminal.
 struct Console {
-  explicit Console(std::optional<std::int32_t> seed) : Surface(seed) {
+  explicit Console(std::optional<std::int32_t> seed) : Surface(Table, seed) {
     Table.surface = &Surface;
-    Surface.Table = &Table;
   }
   Console(const Console&) = delete;
   Console& operator=(const Console&) = delete;

@@ -7,6 +7,7 @@
 #include <random>
 
 #include "base/text.h"
+#include "console/dealer_words.h"
 
 namespace feltmaster {
 
@@ -116,15 +117,17 @@ std::optional<QueuedAnswer> ReadAnswer(std::string_view text) {
   return answer;
 }
 
-ConsoleSurface::ConsoleSurface(std::optional<std::int32_t> seed)
-    : NullSurface(seed ? static_cast<std::uint64_t>(*seed) : AnySeed()), seeded_(seed.has_value()) {
+ConsoleSurface::ConsoleSurface(Game& table, std::optional<std::int32_t> seed)
+    : NullSurface(seed ? static_cast<std::uint64_t>(*seed) : AnySeed()),
+      table_(table),
+      seeded_(seed.has_value()) {
   if (seed) SetClock(*seed);
 }
 
 void ConsoleSurface::LetEventsThrough() {
-  if (!Interrupted || Table == nullptr || !Interrupted()) return;
-  Table->KeepRolling = false;
-  Table->AutoBetRunning = false;
+  if (!Interrupted || !Interrupted()) return;
+  table_.KeepRolling = false;
+  table_.AutoBetRunning = false;
 }
 
 std::int32_t ConsoleSurface::MillisecondClock() {
@@ -232,12 +235,15 @@ SettleReply ConsoleSurface::ShowSettle(const SettleRequest& request) {
     PrintDialog(*Paper, request.title, {});
     for (const auto& [label, amount] : shown.rows) *Paper << "  " << label << ' ' << amount << '\n';
     const std::size_t offered = request.only_take_down ? 1 : request.captions.size();
-    for (std::size_t i = 0; i < offered && i < request.captions.size(); ++i) {
+    for (std::size_t i = 0; Ask && i < offered && i < request.captions.size(); ++i) {
       *Paper << "  " << i << "  " << WithoutAccessKey(request.captions[i]) << '\n';
     }
   }
   shown.button = ButtonFor(request);
-  if (Paper != nullptr) *Paper << "  (" << shown.button << ")\n";
+  const auto taken = static_cast<std::size_t>(shown.button);
+  if (Paper != nullptr && taken < request.captions.size()) {
+    *Paper << "  (" << WithoutAccessKey(request.captions[taken]) << ")\n";
+  }
   Settles.push_back(shown);
 
   SettleReply reply;
@@ -253,6 +259,17 @@ bool ConsoleSurface::ShowStep(const StepRequest& request) {
            << Trim(request.status) << '\n';
   }
   return true;
+}
+
+void ConsoleSurface::AnimateDice() {
+  if (Paper != nullptr) *Paper << DiceInWords(table_);
+  rolled_in_sight_ = true;
+}
+
+// The screens are refreshed when a roll is settled.
+void ConsoleSurface::RefreshOpenScreens() {
+  if (Paper != nullptr && rolled_in_sight_) *Paper << RollInWords(table_);
+  rolled_in_sight_ = false;
 }
 
 }  // namespace feltmaster

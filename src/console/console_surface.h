@@ -44,34 +44,38 @@ struct ShownSettle {
 // reading, so that a run can be repeated; unseeded it is the time of day.
 class ConsoleSurface : public NullSurface {
  public:
-  explicit ConsoleSurface(std::optional<std::int32_t> seed);
+  ConsoleSurface(Game& table, std::optional<std::int32_t> seed);
 
   void LetEventsThrough() override;
+  void Wait(double, const bool&) override { LetEventsThrough(); }
   std::int32_t MillisecondClock() override;
   double SecondsSinceMidnight() override;
   bool TableMinimised() override { return false; }
   MessageReply ShowMessage(const MessageRequest& request) override;
   SettleReply ShowSettle(const SettleRequest& request) override;
   bool ShowStep(const StepRequest& request) override;
+  void AnimateDice() override;
+  void RefreshOpenScreens() override;
 
   std::deque<QueuedAnswer> Answers;
   std::deque<int> SettleButtons;
   std::vector<ShownMessage> Messages;
   std::vector<ShownSettle> Settles;
 
-  // Where dialogs are printed as they come up; null for nowhere.
+  // Where dialogs and rolls are told as they come; null for nowhere.
   std::ostream* Paper = nullptr;
   // Asks the person at the terminal; nothing means that there is no answer. May be empty.
   std::function<std::optional<std::string>(const std::string& prompt)> Ask;
   // Called when events are let through; true when the person asks for the chain to stop.
   std::function<bool()> Interrupted;
-  Game* Table = nullptr;  // what an interruption stops
 
  private:
   QueuedAnswer AnswerTo(const MessageRequest& request);
   int ButtonFor(const SettleRequest& request);
 
+  Game& table_;
   bool seeded_;
+  bool rolled_in_sight_ = false;  // dice were thrown, and what they did is still to be told
 };
 
 }  // namespace feltmaster

@@ -100,6 +100,7 @@ int Serve(Console& console, bool json, NextLine&& next_line) {
       std::cout << reply->Words;
     }
     std::cout.flush();
+    if (!std::cout) break;  // nobody listens any more
   }
   return exit_code;
 }
@@ -110,7 +111,7 @@ int ServePerson(Console& console) {
   console.Surface.Ask = [&](const std::string& prompt) { return editor.Answer(prompt); };
   int pumps = 0;
   console.Surface.Interrupted = [&] {
-    constexpr int kPumpsPerLook = 256;  // a look is a call of the system
+    constexpr int kPumpsPerLook = 16;  // a look is a call of the system
     return ++pumps % kPumpsPerLook == 0 && interrupt.Pressed();
   };
   std::cout << "Welcome to the table. help lists the commands, quit leaves." << std::endl;
@@ -123,6 +124,7 @@ int ServePerson(Console& console) {
 }
 
 int RunConsole(const ConsoleOptions& options) {
+  signal(SIGPIPE, SIG_IGN);  // the data folder is to be cleared away in any case
   if (!options.GameFile.empty()) {
     std::cerr << "feltmaster console: opening a game file is not available yet.\n";
     return 2;
@@ -159,8 +161,9 @@ void AddConsoleVerb(CLI::App& app, int& exit_code) {
   CLI::App* verb = app.add_subcommand("console", "Play the table in a terminal");
   const auto options = std::make_shared<ConsoleOptions>();
   verb->add_flag("--json", options->Json, "Answer each command with one line of JSON");
-  verb->add_option("--data-dir", options->DataDir,
-                   "The folder of games, scripts and sounds (a fresh one that is removed at exit)")
+  verb->add_option(
+          "--data-dir", options->DataDir,
+          "The folder of games, scripts and sounds; without it a fresh one, removed at exit")
       ->type_name("DIR");
   verb->add_option("--seed", options->Seed, "Seed every generator with N, to repeat a run")
       ->type_name("N")
@@ -168,7 +171,7 @@ void AddConsoleVerb(CLI::App& app, int& exit_code) {
   verb->add_option("--rng", options->Rng, "Select a generator, 1 to 8")
       ->type_name("N")
       ->check(CLI::Range(1, kRngCount));
-  verb->add_option("FILE", options->GameFile, "A game file to open");
+  verb->add_option("FILE", options->GameFile, "A game file to open, .crp")->type_name("");
   verb->footer(
       "Commands come from the standard input, one a line; help lists them.\n\n"
       "Examples:\n"

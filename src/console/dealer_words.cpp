@@ -18,27 +18,27 @@ std::string Dollars(MoneyAmount amount) {
   return amount.Raw() < 0 ? "-$" + FormatMoney(-amount) : "$" + FormatMoney(amount);
 }
 
-std::string CallOfDice(const Game& game) {
-  const bool pair = game.Die1 == game.Die2;
-  std::string call = std::to_string(game.Die1) + " and " + std::to_string(game.Die2) + ": ";
-  if (pair && game.DiceTotal > 2 && game.DiceTotal < 12) call += "hard ";
-  return call += kTotals[static_cast<std::size_t>(game.DiceTotal)];
-}
-
 std::string CallOfPoint(const Game& game) {
   if (game.PrevPoint == 0) {
-    return game.Point == 0 ? ", a winner on the come-out."
-                           : ". The point is " + std::to_string(game.Point) + '.';
+    return game.Point == 0 ? "A winner on the come-out."
+                           : "The point is " + std::to_string(game.Point) + '.';
   }
-  if (game.DiceTotal == 7) return " out. New shooter.";
-  if (game.DiceTotal == game.PrevPoint) return ", the point is made.";
-  return ". The point is still " + std::to_string(game.Point) + '.';
+  if (game.DiceTotal == 7) return "Seven out, new shooter.";
+  if (game.DiceTotal == game.PrevPoint) return "The point is made.";
+  return "The point is still " + std::to_string(game.Point) + '.';
 }
 
 }  // namespace
 
-std::string RollInWords(const Game& game, MoneyAmount before) {
-  std::string words = CallOfDice(game) + CallOfPoint(game) + '\n';
+std::string DiceInWords(const Game& game) {
+  const int total = game.Die1 + game.Die2;
+  std::string words = std::to_string(game.Die1) + " and " + std::to_string(game.Die2) + ": ";
+  if (game.Die1 == game.Die2 && total > 2 && total < 12) words += "hard ";
+  return words.append(kTotals[static_cast<std::size_t>(total)]) + '\n';
+}
+
+std::string RollInWords(const Game& game) {
+  std::string words = CallOfPoint(game) + '\n';
   for (int i = 0; i < game.Decisions.count; ++i) {
     const BetDecision& decision = game.Decisions.list[static_cast<std::size_t>(i)];
     words += "  " + NameOfBet(game, decision.bet) + ", " + Dollars(decision.amount);
@@ -49,7 +49,7 @@ std::string RollInWords(const Game& game, MoneyAmount before) {
           (decision.net.Raw() > 0 ? ": wins " : ": loses ") + Dollars(Abs(decision.net)) + '\n';
     }
   }
-  return words + BankrollInWords(game, before);
+  return words + BankrollInWords(game, AtRollStart(game, kBankroll));
 }
 
 std::string BankrollInWords(const Game& game, MoneyAmount before) {

@@ -40,7 +40,7 @@ const PayRow& BestRow(const Game& game, std::initializer_list<int> bets) {
 
 // A prop bet may win about three times the table maximum, and each part of a split bet as much. A
 // row that wins nothing sets no limit.
-MoneyAmount MaxByPayoff(const Game& game, int parts, const PayRow& row) {
+MoneyAmount MaxByPayoff(const Game& game, std::int64_t parts, const PayRow& row) {
   const std::int64_t numerator = row.PayNumerator.Raw();
   const std::int64_t denominator = row.PayDenominator.Raw();
   if (denominator == 0) throw MoneyDivisionByZero();
@@ -379,8 +379,9 @@ void ComputeLayVig(Game& game, int bet, MoneyAmount amount) {
   game.LayVigAmount = MoneyAmount();
   if (!IsLay(bet)) return;
   const PayRow& row = RowOf(game, bet);
-  const MoneyAmount vig =
-      Quotient(Product(Product(game.LayVigPct, amount), row.PayNumerator), row.PayDenominator);
+  // One rounding at the end: the rate as a count of ten-thousandths, their scale divided out.
+  const MoneyAmount vig = Ratio(amount.Times(game.LayVigPct.Raw()), row.PayNumerator,
+                                row.PayDenominator.Times(MoneyAmount::kScale));
   game.LayVigAmount =
       ChargedVig(game, std::max(vig, MoneyAmount()), amount, game.LayVigPct, game.LayVigRounding);
 }

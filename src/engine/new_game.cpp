@@ -5,6 +5,7 @@
 #include "autobet/message.h"
 #include "base/number_format.h"
 #include "dice/rng.h"
+#include "engine/table_effects.h"
 #include "stats/bankroll_history.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
@@ -91,7 +92,7 @@ void ResetGame(Game& game, ResetMode mode) {
   game.DiceRollFileMode = kRecorderOff;
 
   game.RedrawTable = true;
-  if (!game.HyperDriveActive) game.surface->TableChanged(kChangedAll);
+  ShowTableChange(game, kChangedAll);
   game.surface->RefreshOpenScreens();
 }
 

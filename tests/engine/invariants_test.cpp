@@ -105,9 +105,9 @@ void ExpectSoundCounts(Game& game) {
 }
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr int kSessions = 20;
+constexpr int kSessions = 40;
 #else
-constexpr int kSessions = 150;
+constexpr int kSessions = 400;
 #endif
 
 void PlaySession(std::uint64_t seed) {

@@ -75,9 +75,9 @@ int FromEnvironment(const char* name, int otherwise) {
 }
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr int kSessions = 12;
+constexpr int kSessions = 30;
 #else
-constexpr int kSessions = 100;
+constexpr int kSessions = 300;
 #endif
 
 TEST(Differential, EngineAgreesWithTheReference) {

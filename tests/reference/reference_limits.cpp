@@ -159,14 +159,14 @@ void ReferenceTable::AutoAdjustBet(int bet) {
   int mode = auto_adjust;
 
   for (;;) {
-    // Step 1: the denominator that must be met.
+    // The denominator that must be met.
     int row = bet;
     if (bet == kPassLine) row = point == 0 ? 53 : kCome + Slot(point);
     if (bet == kPassOdds) row = point == 0 ? 52 : kComeOdds + Slot(point);
     const Raw den = pay_table[static_cast<std::size_t>(row)].denominator;
     if ((bet == kPassOdds || IsComeOdds(bet)) && amount + bet_change == max_bet_here) mode = 1;
 
-    // Step 2: the payoff unit.
+    // The payoff unit.
     Raw pay_unit = Unit();
     const Raw fraction = den % kOne;
     if (fraction == 0) {
@@ -175,7 +175,7 @@ void ReferenceTable::AutoAdjustBet(int bet) {
       pay_unit = den * (Unit() / fraction);
     }
 
-    // Step 3. The quotient is looked at to nine decimals, halves away from zero.
+    // In how many payoff units the bet stands, to nine decimals, halves away from zero.
     constexpr Wide kNine = 1'000'000'000;
     const auto quotient = [&](Raw unit) {
       return ((amount + bet_change) * kNine * 2 + unit) / (Wide{unit} * 2);
@@ -183,11 +183,11 @@ void ReferenceTable::AutoAdjustBet(int bet) {
     Wide x = quotient(pay_unit);
     if (x % kNine == 0) return;
 
-    // Step 4.
+    // The clean amounts on either side.
     Raw up = static_cast<Raw>((x / kNine + 1) * pay_unit - amount);
     Raw down = static_cast<Raw>(x / kNine * pay_unit - amount);
 
-    // Step 5: colours.
+    // In chips of one colour.
     if (den > kOne && mode == 2) {
       const Raw a = bet_change == 0 ? amount : std::abs(bet_change);
       for (int slot = 99; slot >= 95; --slot) {
@@ -202,7 +202,7 @@ void ReferenceTable::AutoAdjustBet(int bet) {
       if ((amount + down) % pay_unit != 0) down = FloorTo(amount + down, pay_unit) - amount;
     }
 
-    // Step 6: the choice.
+    // Which of the two.
     int bias = 0;
     if (IsLay(bet)) bias = lay_bias;
     if (IsPlace(bet)) bias = place_bias;
@@ -224,7 +224,7 @@ void ReferenceTable::AutoAdjustBet(int bet) {
       choose_up = up - bet_change <= bet_change - down;
     }
 
-    // Step 7: limits.
+    // Neither may leave the limits.
     const bool up_too_high = amount + up > max_bet_here;
     const bool down_too_low = amount + down < min_bet_here;
     if (up_too_high && down_too_low) {
@@ -240,7 +240,6 @@ void ReferenceTable::AutoAdjustBet(int bet) {
       return;
     }
 
-    // Step 8.
     Raw chosen = choose_up ? up : down;
     if (chosen == down && down_too_low) {
       chosen = !up_too_high && bet_change > 0 ? up : -amount;

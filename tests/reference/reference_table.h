@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-// A second table, written for plainness alone: every array of the game is kept as it is told and
+// A second table, written for plainness alone: every array of the game is kept in full and
 // every counter is moved on every roll, so that the real engine can be held against it. It shares
 // no code and no table with the engine; money is a plain count of ten-thousandths.
 namespace reference {

@@ -70,6 +70,11 @@ class Script {
     Add({Verb::kDenominations, chips, 0, 0, 0});
     Add({Verb::kBankroll, 0, 0, chance_.Of<Raw>({0, 100, 1000, 5000, 250'000}) * kOne, 0});
     for (int i = chance_.Below(30); i > 0; --i) Rule();
+    // A player who cannot go into debt and bets what there is.
+    if (chance_.OneIn(4)) {
+      Add({Verb::kBankroll, 0, 0, chance_.Of<Raw>({50, 200, 600}) * kOne, 0});
+      Set(Setting::kAllowNegBankroll, 0);
+    }
     for (int i = chance_.Below(4); i > 0; --i) Graph();
     // The commonest strategies leave bets standing.
     if (chance_.OneIn(2)) Set(Setting::kHandleWinningBets, 2);
@@ -125,6 +130,9 @@ class Script {
     }
   }
 
+  // Now and then as much as brings the bankroll to its limit.
+  Raw AtmAmount(Raw amount) { return chance_.OneIn(40) ? 19'999'000 * kOne : amount; }
+
   void Bet() {
     const int bet = AnyBet();
     const Raw amount = AnyAmount();
@@ -152,9 +160,9 @@ class Script {
       case 11:
         return Add({Verb::kKeyIn, bet, 0, chance_.OneIn(4) ? 0 : amount});
       case 12:
-        return Add({Verb::kWithdraw, 0, 0, amount});
+        return Add({Verb::kWithdraw, 0, 0, AtmAmount(amount)});
       case 13:
-        return Add({Verb::kDeposit, 0, 0, amount});
+        return Add({Verb::kDeposit, 0, 0, AtmAmount(amount)});
       case 14:
         return Add(
             {Verb::kPlaceChips, chance_.Between(100, 199), 0, chance_.OneIn(2) ? amount : -amount});
@@ -241,8 +249,8 @@ class Script {
       case 27:
         return Add({Verb::kChangeVig, chance_.Between(0, 1), 0, chance_.Below(3)});
       case 28:
-        return Add({Verb::kChangeVig, chance_.Between(2, 3), 0, chance_.Below(2)});
       case 29:
+        return Add({Verb::kChangeVig, chance_.Between(2, 3), 0, chance_.Below(2)});
       case 30:
         return PayRow();
       case 31:
