@@ -354,9 +354,9 @@ void AddSimulateVerb(CLI::App& app, int& exit_code) {
                        const char* help, const char* group) {
     verb->add_option(name, value, help)->type_name(type)->group(group);
   };
-  verb->add_option("script", options->script,
+  verb->add_option("SCRIPT", options->script,
                    "A script as .bet file or as text; without it the Pass Line with full odds")
-      ->type_name("SCRIPT");
+      ->type_name("");
   add("--rolls", options->rolls, "N", "Rolls of a game (1,000,000 if no length is given)",
       "Length");
   add("--hours", options->hours, "H", "Simulated hours of a game, by RollsPerHour", "Length");
