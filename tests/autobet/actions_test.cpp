@@ -180,7 +180,7 @@ TEST_F(Actions, ArithmeticOnAChipStack) {
     Do(c.line);
     EXPECT_EQ(Amount(kFirstStack + 1), c.result) << c.line;
   }
-  EXPECT_TRUE(surface.shown.empty());
+  EXPECT_TRUE(surface.messages.empty());
 }
 
 TEST_F(Actions, TheHighestOfAGroup) {
@@ -240,15 +240,15 @@ TEST_F(Actions, TheAverageOfAGroupIsWhole) {
   EXPECT_EQ(Amount(kFirstStack + 1), 16);
   SetStack(11, 0.4);
   Do("Divide by the lowest of: Chip-Stack # 11 on Chip-Stack # 1");
-  ASSERT_EQ(surface.shown.size(), 1u);
-  EXPECT_THAT(surface.shown[0].text, ::testing::HasSubstr("Division by zero, Error #11"));
+  ASSERT_EQ(surface.messages.size(), 1u);
+  EXPECT_THAT(surface.messages[0].text, ::testing::HasSubstr("Division by zero, Error #11"));
 }
 
 TEST_F(Actions, ArithmeticThatOverflowsAborts) {
   SetStack(1, 9e13);
   Do("Multiply by 9999999999999 on Chip-Stack # 1\nAdd $ 1 to Chip-Stack # 2");
-  ASSERT_EQ(surface.shown.size(), 1u);
-  EXPECT_THAT(surface.shown[0].text, ::testing::HasSubstr("line #2:\n\nOverflow, Error #6\n"));
+  ASSERT_EQ(surface.messages.size(), 1u);
+  EXPECT_THAT(surface.messages[0].text, ::testing::HasSubstr("line #2:\n\nOverflow, Error #6\n"));
   EXPECT_EQ(Stack(2), 0);
 }
 
@@ -311,9 +311,9 @@ TEST_F(Actions, Round) {
     Do(c.line);
     EXPECT_EQ(Amount(kFirstStack + 1), c.result) << c.line;
   }
-  EXPECT_TRUE(surface.shown.empty());
+  EXPECT_TRUE(surface.messages.empty());
   Do("Round Chip-Stack # 1 up to the nearest $ 0");
-  EXPECT_EQ(surface.shown.size(), 1u);
+  EXPECT_EQ(surface.messages.size(), 1u);
 }
 
 // --- Other actions -------------------------------------------------------------------------------
@@ -428,7 +428,7 @@ TEST_F(Actions, Generators) {
 
 TEST_F(Actions, SoundsEndThePacing) {
   Do("Play sound: \"ding.wav\"");
-  EXPECT_THAT(surface.sounds, ElementsAre("ding.wav"));
+  EXPECT_THAT(surface.sounds, ElementsAre(RecordingSurface::Sound{"ding.wav", true}));
   EXPECT_TRUE(surface.waits.empty());
   game.AutoBetSoundOff = true;
   Do("Play sound: \"ding.wav\"");
@@ -471,7 +471,7 @@ TEST_F(Actions, LinesThatNoListOffersDoNothing) {
     Run();
     EXPECT_EQ(Amount(kPassLine), 0) << code;
   }
-  EXPECT_TRUE(surface.shown.empty());
+  EXPECT_TRUE(surface.messages.empty());
   EXPECT_TRUE(game.KeepRolling);
 }
 
@@ -481,30 +481,30 @@ TEST_F(Actions, ConsecutiveLinesBuildOneMessage) {
   SetStack(1, 1234.5);
   Do("Show message: \"One\"\nShow message: \"Two: \";\nShow message: Value of Chip-Stack # 1\n"
      "Show message: \"end\"\nAdd $ 1 to Chip-Stack # 9\nShow message: \"Three\";");
-  ASSERT_EQ(surface.shown.size(), 2u);
-  EXPECT_EQ(surface.shown[0].text, "One\nTwo: 1,234.50 end");
-  EXPECT_EQ(surface.shown[0].title, "Auto-Bet");
-  EXPECT_EQ(surface.shown[0].help, 550);
-  EXPECT_EQ(surface.shown[0].options, kButtonOk | kHideScript);
-  EXPECT_EQ(surface.shown[1].text, "Three");
+  ASSERT_EQ(surface.messages.size(), 2u);
+  EXPECT_EQ(surface.messages[0].text, "One\nTwo: 1,234.50 end");
+  EXPECT_EQ(surface.messages[0].title, "Auto-Bet");
+  EXPECT_EQ(surface.messages[0].help, 550);
+  EXPECT_EQ(surface.messages[0].options, kButtonOk | kHideScript);
+  EXPECT_EQ(surface.messages[1].text, "Three");
 }
 
 TEST_F(Actions, ConsecutiveValuesAddUp) {
   SetStack(1, 5);
   SetStack(2, 7);
   Do("Show message: Value of Chip-Stack # 1\nShow message: Value of Chip-Stack # 2");
-  ASSERT_EQ(surface.shown.size(), 1u);
-  EXPECT_EQ(surface.shown[0].text, "5 12 ");
+  ASSERT_EQ(surface.messages.size(), 1u);
+  EXPECT_EQ(surface.messages[0].text, "5 12 ");
 }
 
 TEST_F(Actions, MessagesCanBeHidden) {
   MessageReply hide;
   hide.hide = true;
-  surface.replies = {hide};
+  surface.answers = {hide};
   Do("Show message: \"One\"");
   EXPECT_EQ(game.NotifyFlags & kNoticeScript, 0);
   Do("Show message: \"One\"");
-  EXPECT_EQ(surface.shown.size(), 1u);
+  EXPECT_EQ(surface.messages.size(), 1u);
 }
 
 TEST_F(Actions, MessagesStopHyperDrive) {
@@ -515,21 +515,21 @@ TEST_F(Actions, MessagesStopHyperDrive) {
   EXPECT_TRUE(game.KeepRolling);
   game.NotifyFlags = kNoticeScript;
   Do("Show message: \"One\"");
-  EXPECT_EQ(surface.shown.size(), 1u);
+  EXPECT_EQ(surface.messages.size(), 1u);
   EXPECT_FALSE(game.KeepRolling);
 }
 
 TEST_F(Actions, QuestionsAreAnsweredInTheSameRun) {
   MessageReply yes;
   yes.answer = kAnswerYes;
-  surface.replies = {yes};
+  surface.answers = {yes};
   const std::string script =
       "Do this . . .\nYes/No question: \"Bankroll \";\nYes/No question: Value of bankroll\n"
       "While . . .\nLast answer was \"Yes\"\nthen . . .\nAdd $ 1 to Chip-Stack # 1\n";
   Script(script);
   Run();
-  EXPECT_EQ(surface.shown[0].text, "Bankroll 1,000 ");
-  EXPECT_EQ(surface.shown[0].options, kButtonYes | kButtonNo | kPictureQuestion);
+  EXPECT_EQ(surface.messages[0].text, "Bankroll 1,000 ");
+  EXPECT_EQ(surface.messages[0].options, kButtonYes | kButtonNo | kPictureQuestion);
   EXPECT_EQ(Stack(1), 1);
   Script("While . . .\nLast answer was \"Yes\"\nthen . . .\nAdd $ 1 to Chip-Stack # 1\n");
   Run();
@@ -539,16 +539,16 @@ TEST_F(Actions, QuestionsAreAnsweredInTheSameRun) {
 TEST_F(Actions, InputIsBetOnEverySlot) {
   MessageReply typed;
   typed.input1 = "12";
-  surface.replies = {typed, typed};
+  surface.answers = {typed, typed};
   game.NotifyFlags = kNoticeScript;
   Do("Show message: \"How much?\"\nGet input and bet it on all inside Place bets");
-  ASSERT_EQ(surface.shown.size(), 1u);
-  EXPECT_EQ(surface.shown[0].text, "How much?");
-  EXPECT_EQ(surface.shown[0].options, kButtonOk | kOneInput);
+  ASSERT_EQ(surface.messages.size(), 1u);
+  EXPECT_EQ(surface.messages[0].text, "How much?");
+  EXPECT_EQ(surface.messages[0].options, kButtonOk | kOneInput);
   EXPECT_EQ(Amount(35), 12);
   EXPECT_EQ(Amount(36), 12);
   Do("Get input and bet it on Field");
-  EXPECT_EQ(surface.shown[1].text, "Please enter a value to bet on:  Field");
+  EXPECT_EQ(surface.messages[1].text, "Please enter a value to bet on:  Field");
   EXPECT_EQ(Amount(kField), 12);
 }
 
@@ -623,23 +623,23 @@ TEST_F(ScriptOutput, HyperDriveWritesWhenItEnds) {
 
 TEST_F(ScriptOutput, FileErrorsAbort) {
   Do("Close file");
-  EXPECT_TRUE(surface.shown.empty());
+  EXPECT_TRUE(surface.messages.empty());
   Do("Output to file. Message: \"x\"");
-  EXPECT_THAT(surface.shown.back().text, ::testing::HasSubstr(", Error #52\n"));
+  EXPECT_THAT(surface.messages.back().text, ::testing::HasSubstr(", Error #52\n"));
   Do("Open/clear file for output: \"/nowhere/at/all\"");
-  EXPECT_THAT(surface.shown.back().text,
+  EXPECT_THAT(surface.messages.back().text,
               ::testing::HasSubstr("line #2:\n\nNo such file or directory, Error #53\n"));
   Do("Open/append file for output: \"/\"");
-  EXPECT_THAT(surface.shown.back().text, ::testing::HasSubstr("Is a directory, Error #75"));
+  EXPECT_THAT(surface.messages.back().text, ::testing::HasSubstr("Is a directory, Error #75"));
 }
 
 TEST_F(ScriptOutput, ProbabilityFiles) {
   DoFile("probability");
-  EXPECT_THAT(surface.shown.back().text, ::testing::HasSubstr("Error #53"));
+  EXPECT_THAT(surface.messages.back().text, ::testing::HasSubstr("Error #53"));
   EXPECT_FALSE(game.UseSkewedProbability);
   std::ofstream(Name()) << "no such thing";
   DoFile("probability");
-  EXPECT_EQ(surface.shown.back().title, "Unable to Open Probability File");
+  EXPECT_EQ(surface.messages.back().title, "Unable to Open Probability File");
   EXPECT_FALSE(game.UseSkewedProbability);
   game.UseSkewedProbability = true;
   Do("Deactivate Probability File");

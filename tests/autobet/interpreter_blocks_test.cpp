@@ -199,8 +199,8 @@ TEST_F(InterpreterBlocks, EndlessScriptsCanBeInterrupted) {
 TEST_F(InterpreterBlocks, EndlessRecursionFailsTheScript) {
   Script("again\nGosub \"again\"");
   Run();
-  ASSERT_EQ(surface.shown.size(), 1u);
-  EXPECT_EQ(surface.shown[0].title, "Auto-Bet Abort");
+  ASSERT_EQ(surface.messages.size(), 1u);
+  EXPECT_EQ(surface.messages[0].title, "Auto-Bet Abort");
 }
 
 TEST_F(InterpreterBlocks, FiveHundredLinesLetEventsThrough) {
@@ -215,8 +215,8 @@ TEST_F(InterpreterBlocks, AFailureAbortsTheRun) {
   game.KeepRolling = true;
   EXPECT_EQ(
       Count("Add $ 1 to Chip-Stack # 1\nOutput to file. New line.\nAdd $ 1 to Chip-Stack # 1"), 1);
-  ASSERT_EQ(surface.shown.size(), 1u);
-  const auto& shown = surface.shown[0];
+  ASSERT_EQ(surface.messages.size(), 1u);
+  const auto& shown = surface.messages[0];
   EXPECT_EQ(shown.title, "Auto-Bet Abort");
   EXPECT_EQ(shown.options, kButtonOk | kButtonHelp);
   EXPECT_EQ(shown.text,

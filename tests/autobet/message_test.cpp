@@ -14,7 +14,7 @@ class Messages : public ScriptTable {
     reply.answer = answer;
     reply.input1 = std::move(input1);
     reply.input2 = std::move(input2);
-    surface.replies = {reply};
+    surface.answers = {reply};
   }
 };
 
@@ -22,8 +22,8 @@ TEST_F(Messages, TheAnswerAndTheFields) {
   Answer(kAnswerCancel, "1,234.5", "-1.5");
   game.MsgInputDefault = "77";
   Tell(game, "Title", "Text", kButtonOk | kButtonCancel | kTwoInputs, 9);
-  EXPECT_EQ(surface.shown[0].input_default, "77");
-  EXPECT_EQ(surface.shown[0].help, 9);
+  EXPECT_EQ(surface.input_default, "77");
+  EXPECT_EQ(surface.messages[0].help, 9);
   EXPECT_EQ(game.MsgAnswer, kAnswerCancel);
   EXPECT_EQ(game.BetRequest, MoneyAmount::FromRaw(12'345'000));
   EXPECT_EQ(game.MsgInput2, MoneyAmount::FromRaw(-15'000));
@@ -75,7 +75,7 @@ TEST_F(Messages, HideClearsTheNoticeOfTheMessage) {
     game.NotifyFlags = 31;
     MessageReply reply;
     reply.hide = true;
-    surface.replies = {reply, reply};
+    surface.answers = {reply, reply};
     Tell(game, "Title", "Text");
     EXPECT_EQ(game.NotifyFlags, 31);
     Tell(game, "Title", "Text", kButtonOk | option);
@@ -92,7 +92,7 @@ TEST_F(Messages, NobodyAnswersAMinimisedTable) {
   EXPECT_FALSE(AskYesNo(game, "Title", "Text"));
   EXPECT_FALSE(game.AutoBetRunning);
   EXPECT_FALSE(game.KeepRolling);
-  EXPECT_TRUE(surface.shown.empty());
+  EXPECT_TRUE(surface.messages.empty());
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <deque>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -17,29 +16,17 @@
 #include "engine/roll_cycle.h"
 #include "engine/start_up.h"
 #include "game/game.h"
-#include "surface/null_surface.h"
+#include "support/recording_surface.h"
 
 namespace feltmaster {
 
-// Somebody sits at the table: what the script shows is written down, and answered from a queue.
-class WatchedSurface : public NullSurface {
+// Somebody watches the script: its steps, its waits, and the events that it lets through.
+class WatchingSurface : public RecordingSurface {
  public:
-  struct Shown {
-    std::string title;
-    std::string text;
-    std::int32_t options = 0;
-    std::int32_t help = 0;
-    std::string input_default;
-  };
-
   bool TableMinimised() override { return minimised; }
   MessageReply ShowMessage(const MessageRequest& request) override {
-    shown.push_back({std::string(request.title), std::string(request.text), request.options,
-                     request.help, std::string(request.input_default)});
-    if (replies.empty()) return {};
-    MessageReply reply = replies.front();
-    replies.pop_front();
-    return reply;
+    input_default = request.input_default;
+    return RecordingSurface::ShowMessage(request);
   }
   bool ShowStep(const StepRequest& request) override {
     steps.push_back(std::to_string(request.line) + " " + std::string(request.status));
@@ -52,19 +39,16 @@ class WatchedSurface : public NullSurface {
   void Wait(double length, const bool&) override { waits.push_back(length); }
   double SecondsSinceMidnight() override { return seconds; }
   void ShowBanner(std::string_view text) override { banners.emplace_back(text); }
-  void PlaySound(std::string_view file, bool) override { sounds.emplace_back(file); }
 
   bool minimised = false;
   double seconds = 1000;
-  std::deque<MessageReply> replies;
-  std::vector<Shown> shown;
+  std::string input_default;
   std::vector<std::string> steps;
   std::size_t cancel_at_step = 1'000'000;
   int pumps = 0;
   std::function<void()> on_pump;
   std::vector<double> waits;
   std::vector<std::string> banners;
-  std::vector<std::string> sounds;
 };
 
 // A table with a script on it. Scripts are written as they are printed; what has run is read from
@@ -147,7 +131,7 @@ class ScriptTable : public ::testing::Test {
   }
 
   Game game;
-  WatchedSurface surface;
+  WatchingSurface surface;
 };
 
 inline void PrintTo(const ConditionAnswer& answer, std::ostream* out) {
