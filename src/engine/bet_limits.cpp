@@ -247,6 +247,7 @@ bool TryAdjust(Game& game, int bet, BetNotes& notes, Rounding rounding) {
   const MoneyAmount amount = game.BetAmount[bet];
   const MoneyAmount change = game.BetChange;
   const MoneyAmount denominator = PayingRow(game, bet).PayDenominator;
+  if (bet == kField && denominator.Raw() == 0) return true;  // a Field that decides nothing
   const bool by_color = rounding == Rounding::kAsSet &&
                         game.AutoAdjustBetAmounts == kColorCorrection &&
                         !(IsOdds(bet) && amount + change == game.MaxBetHere);

@@ -15,6 +15,7 @@
 #include "engine/bet_states.h"
 #include "engine/place_bet.h"
 #include "engine/resolve.h"
+#include "engine/table_effects.h"
 #include "stats/bankroll_history.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
@@ -68,13 +69,8 @@ void CopyAmountsAtRollEnd(Game& game) {
   changed.Clear();
 }
 
-void PlayClip(Game& game, const std::vector<std::string>& list, std::int32_t choice) {
-  if (game.AllSoundOff || choice < 1 || static_cast<std::size_t>(choice) > list.size()) return;
-  game.surface->PlaySound(list[static_cast<std::size_t>(choice) - 1], false);
-}
-
 void ShowDice(Game& game) {
-  PlayClip(game, game.DiceSoundList, game.DiceSoundChoice);
+  PlayChosenClip(game, game.DiceSoundList, game.DiceSoundChoice, false);
   game.surface->AnimateDice();
   if (game.DiceAction == kDiceStationary || game.DiceAction == kDiceReturnAfterThrown) {
     game.DiceReturned = true;

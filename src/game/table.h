@@ -143,7 +143,6 @@ struct SettleDisplay {
   std::vector<SettleRow> rows;
   std::int32_t help = 0;
   bool won = true;
-  std::string press_caption;
   bool filled = false;
 };
 

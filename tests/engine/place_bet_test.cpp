@@ -150,6 +150,14 @@ TEST_F(PlaceBetTest, TheMaximumCutsTheRequest) {
   ExpectMessage("Big 6 Bet", "Maximum bet here is: $2,500.50\nwhich is being bet.", kLimits);
 }
 
+TEST_F(PlaceBetTest, AFieldThatDecidesNothingCanStillBeBet) {
+  for (PayRow& row : game.FieldPayTable) row.PayNumerator = MoneyAmount();
+  game.PayTable[kField].PayDenominator = MoneyAmount();  // as leaving the Configure screen sets it
+  EXPECT_EQ(Bet(kField, 5_usd), 5_usd);
+  EXPECT_EQ(Bet(kField, -5_usd), -5_usd);
+  ExpectSilence();
+}
+
 TEST_F(PlaceBetTest, ABetThatCannotBeProperIsSaidToBeSo) {
   game.MinPlacardBet = 97_usd;
   game.MaxPlacardBet = 101_usd;
