@@ -1,5 +1,6 @@
 #include "engine/resolve.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 
@@ -34,10 +35,15 @@ void ReturnOdds(Game& game, int bet) {
   game.BetState.Set(bet, kWorking);
 }
 
+// No game comes near the longest run that a counter holds; a file that does stays there.
 void CountStreak(Game& game, int bet) {
+  constexpr int kLongestRun = 2'147'483'647;
   const int run = game.BetStreak.Now(bet);
-  if (game.PayoffNet.Raw() > 0) game.BetStreak.SetNow(bet, run < 0 ? 1 : run + 1);
-  if (game.PayoffNet.Raw() < 0) game.BetStreak.SetNow(bet, run > 0 ? -1 : run - 1);
+  if (game.PayoffNet.Raw() > 0) {
+    game.BetStreak.SetNow(bet, run < 0 ? 1 : std::min(run, kLongestRun - 1) + 1);
+  } else if (game.PayoffNet.Raw() < 0) {
+    game.BetStreak.SetNow(bet, run > 0 ? -1 : std::max(run, 1 - kLongestRun) - 1);
+  }
 }
 
 bool MustLeaveTable(const Game& game, int bet) {

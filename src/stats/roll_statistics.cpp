@@ -16,17 +16,23 @@ const RollEvent& Event(const Game& game, int category) {
   return game.Events[static_cast<std::size_t>(category)];
 }
 
+// A game ends long before a counter is full, but a file may bring a full one: it then wraps.
+void Grow(std::int32_t& counter, std::int32_t by = 1) {
+  counter = static_cast<std::int32_t>(static_cast<std::uint32_t>(counter) +
+                                      static_cast<std::uint32_t>(by));
+}
+
 void HitRollCategory(Game& game, int category) {
   RollEvent& event = Event(game, category);
-  ++event.count;
-  ++event.script_count;
+  Grow(event.count);
+  Grow(event.script_count);
   auto& gaps = game.RollGapTable[static_cast<std::size_t>(category)];
   const std::uint32_t gap = game.RollClock - event.hit;
   if (gap <= kGapLimit) [[likely]] {
-    ++gaps[gap];
+    Grow(gaps[gap]);
   } else {
-    ++gaps[kGapLimit];
-    gaps[0] += static_cast<std::int32_t>(gap);
+    Grow(gaps[kGapLimit]);
+    Grow(gaps[0], static_cast<std::int32_t>(gap));
   }
   event.hit = game.RollClock;
   event.script_hit = game.RollClock;
@@ -100,15 +106,15 @@ void BeginRollStatistics(Game& game) {
 void RecordRollStatistics(Game& game) {
   if (game.DiceTotal != 7 && game.Point == 0) {
     game.Point = game.DiceTotal;
-    ++Counter(game, kPointsEstablished);
+    Grow(Counter(game, kPointsEstablished));
   } else if (game.DiceTotal == 7 || game.DiceTotal == game.Point) {
     game.Point = 0;
   }
-  ++Event(game, 0).count;
-  ++Counter(game, kRollsThisHand);
-  if (game.PrevPoint == 0) ++Counter(game, kComeOutRolls);
-  ++Event(game, 0).script_count;
-  ++Event(game, 1).script_count;
+  Grow(Event(game, 0).count);
+  Grow(Counter(game, kRollsThisHand));
+  if (game.PrevPoint == 0) Grow(Counter(game, kComeOutRolls));
+  Grow(Event(game, 0).script_count);
+  Grow(Event(game, 1).script_count);
   ++game.RollClock;
 
   const int pair = PairOfDice(game.Die1, game.Die2);
@@ -126,20 +132,20 @@ void ResetRollStatistics(Game& game) {
 }
 
 void HandPassed(Game& game) {
-  ++Counter(game, kPassesThisHand);
-  ++Counter(game, kTotalPasses);
-  ++Counter(game, game.PrevPoint > 0 ? kPassesOnPoint : kPassesOnComeOut);
+  Grow(Counter(game, kPassesThisHand));
+  Grow(Counter(game, kTotalPasses));
+  Grow(Counter(game, game.PrevPoint > 0 ? kPassesOnPoint : kPassesOnComeOut));
 }
 
 void HandMissed(Game& game) {
-  ++Counter(game, kMissesThisHand);
-  ++Counter(game, kTotalMisses);
-  ++Counter(game, kSevenOuts);
-  ++Counter(game, kHandsCompleted);
+  Grow(Counter(game, kMissesThisHand));
+  Grow(Counter(game, kTotalMisses));
+  Grow(Counter(game, kSevenOuts));
+  Grow(Counter(game, kHandsCompleted));
   KeepLarger(Counter(game, kLongestHandRolls), Counter(game, kRollsThisHand));
   KeepLarger(Counter(game, kMostPassesInHand), Counter(game, kPassesThisHand));
-  Counter(game, kTotalHandRolls) += Counter(game, kRollsThisHand);
-  Counter(game, kTotalHandPasses) += Counter(game, kPassesThisHand);
+  Grow(Counter(game, kTotalHandRolls), Counter(game, kRollsThisHand));
+  Grow(Counter(game, kTotalHandPasses), Counter(game, kPassesThisHand));
   KeepLarger(Counter(game, kMostMissesInHand), Counter(game, kMissesThisHand));
   Counter(game, kLastHandRolls) = std::exchange(Counter(game, kRollsThisHand), 0);
   Counter(game, kLastHandPasses) = std::exchange(Counter(game, kPassesThisHand), 0);

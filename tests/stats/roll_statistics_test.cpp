@@ -141,6 +141,19 @@ TEST(RollStatistics, CellsCanBeWrittenAsTheyAre) {
   EXPECT_EQ(ScriptRollCountsSeen(game, 24), 5);
 }
 
+TEST(RollStatistics, AFullCounterFromAFileDoesNoHarm) {
+  Game game;
+  constexpr std::int32_t kFull = 2'147'483'647;
+  for (int i = 0; i < kRollCategories; ++i) SetRollCounts(game, i, kFull);
+  game.GameCounters.fill(kFull);
+  SetRollsSinceLast(game, 7, kFull);
+  game.RollGapTable[7][0] = kFull;
+  Count(game, 3, 4);
+  HandMissed(game);
+  EXPECT_EQ(RollsSinceLast(game, 7), 0);
+  EXPECT_EQ(game.RollGapTable[7][200], 1);
+}
+
 TEST(Hands, EndWithASevenOut) {
   Game game;
   Count(game, 1, 1);  // a come-out 2 is a point
