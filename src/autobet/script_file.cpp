@@ -214,6 +214,23 @@ bool SaveScript(Game& game, const std::string& path) {
   return true;
 }
 
+namespace {
+
+// A file that promises more lines than it holds plays as far as it goes at the table. Where a
+// strategy is to be judged that would be another strategy.
+std::optional<std::string> CutShort(const Game& game, const std::string& path,
+                                    const std::string& bytes) {
+  Record header;
+  std::copy_n(bytes.begin(), std::min(bytes.size(), kRecordSize), header.Data());
+  const std::int64_t promised = header.Money(kAtAmount).RoundWhole();
+  const auto held = static_cast<std::int64_t>(game.ScriptLines.size());
+  if (promised <= held) return std::nullopt;
+  return path + " is cut short: it promises " + std::to_string(promised) + " lines and holds " +
+         std::to_string(held) + '.';
+}
+
+}  // namespace
+
 std::optional<std::string> LoadScriptOrText(Game& game, const std::string& path) {
   std::string text;
   if (const std::optional<FileError> error = ReadWholeFile(path, kTextLimit, text)) {
@@ -223,7 +240,7 @@ std::optional<std::string> LoadScriptOrText(Game& game, const std::string& path)
   if (LooksLikeScriptFile(text)) {
     game.MsgText.clear();
     game.LastErrorText.clear();
-    if (LoadScript(game, path)) return std::nullopt;
+    if (LoadScript(game, path)) return CutShort(game, path, text);
     return OneSentence(game.LastErrorText.empty() ? game.MsgText : game.LastErrorText);
   }
   if (text.find('\0') != std::string::npos) {

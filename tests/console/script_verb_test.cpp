@@ -108,6 +108,20 @@ TEST_F(ScriptVerb, WritesNothingWhenRefused) {
             "feltmaster: " + Path("none") + " cannot be read: No such file or directory.\n");
 }
 
+// What a transfer that broke off leaves still begins like a sound script.
+TEST_F(ScriptVerb, RefusesAFileThatWasCutShort) {
+  const std::string text = Write("a.txt", kSound);
+  ASSERT_EQ(Script({"compile", text, Path("a.bet")}).exit_code, 0);
+  for (const std::uintmax_t size : {256u, 512u, 1000u, 1024u}) {
+    std::filesystem::resize_file(Path("a.bet"), size);
+    const Printout run = Script({"check", Path("a.bet")});
+    EXPECT_EQ(run.exit_code, 2) << size;
+    EXPECT_NE(run.err.find("a.bet is cut short: it promises 4 lines"), std::string::npos)
+        << run.err;
+    ASSERT_EQ(Script({"compile", text, Path("a.bet")}).exit_code, 0);
+  }
+}
+
 TEST_F(ScriptVerb, ListingObeysNoControlBytes) {
   std::string bytes(512, '\0');
   bytes.replace(0, 36, "Feltmaster AutoBets, Data Format 5.0");
