@@ -444,7 +444,8 @@ TEST_F(Conditions, RangesAgreeWithAWalkOverTheirSlots) {
       if (all && !now_spoiled && !was && old != 0) before_spoiled = true;
     }
     ScriptLine line = Line(kConditionLine, code);
-    line.LineSubject = (all ? kAllFirst : kAnyFirst) + (stacks ? kRangeStacks : kRangePlace);
+    line.LineSubject =
+        (all ? kAllFirst : kAnyFirst) + std::int32_t{stacks ? kRangeStacks : kRangePlace};
     line.LineAmount = MoneyAmount::FromDouble(amount);
     const bool is_true = now && !now_spoiled;
     ASSERT_EQ(Ask(line), (ConditionAnswer{is_true, is_true && !(before && !before_spoiled)}))
