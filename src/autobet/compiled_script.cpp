@@ -22,6 +22,7 @@ Selection Fixed(SelectionForm form, SlotRange range) {
   Selection selection;
   selection.form = form;
   selection.range = range;
+  if (range.last <= kBetCount) range.ForEach([&](int bet) { selection.bets.Add(bet); });
   return selection;
 }
 
@@ -205,20 +206,37 @@ bool IsStreakCode(std::int32_t code) {
   return (code >= kHasWon && code <= kHasLostMore) || (code >= kHasNotWon && code <= kHasLostLess);
 }
 
+// Codes 11 to 16 and 17 to 22; the counts 23 to 25.
+Relation RelationOf(std::int32_t code) {
+  constexpr std::array<Relation, 6> kCompared = {Relation::kEqual,   Relation::kNotEqual,
+                                                 Relation::kGreater, Relation::kNotGreater,
+                                                 Relation::kLess,    Relation::kNotLess};
+  constexpr std::array<Relation, 3> kCounted = {Relation::kEqual, Relation::kGreater,
+                                                Relation::kLess};
+  if (IsComparison(code)) return kCompared[static_cast<std::size_t>(code - kEqualAmount) % 6];
+  if (IsCount(code)) return kCounted[static_cast<std::size_t>(code - kNumberIs)];
+  return Relation::kNone;
+}
+
 ConditionTest TestOfSlots(const CompiledLine& line) {
-  if (line.subject.form == SelectionForm::kNothing) return ConditionTest::kNever;
-  if (line.subject.form == SelectionForm::kTotal) return ConditionTest::kTotal;
+  const SelectionForm form = line.subject.form;
+  const bool total = form == SelectionForm::kTotal;
+  const bool average = form == SelectionForm::kAverage;
+  if (form == SelectionForm::kNothing) return ConditionTest::kNever;
+  if (IsThingComparison(line.code)) return ConditionTest::kThing;
+  if (IsAmountComparison(line.code)) {
+    const bool one_value = total || average || form == SelectionForm::kOne;
+    return one_value ? ConditionTest::kValue : ConditionTest::kAmount;
+  }
+  if (IsStreakCode(line.code) && !average) {
+    if (!total) return ConditionTest::kStreak;
+    return line.code <= kHasLostMore ? ConditionTest::kRuns : ConditionTest::kNever;
+  }
+  if (IsCount(line.code) && total) return ConditionTest::kCount;
   if (line.code == kIsNamed || line.code == kIsNotNamed) {
-    const bool stacks =
-        line.subject.form != SelectionForm::kAverage && line.subject.range.first >= kFirstStack;
+    const bool stacks = !total && !average && line.subject.range.first >= kFirstStack;
     return stacks ? ConditionTest::kStackName : ConditionTest::kNever;
   }
-  if (IsStreakCode(line.code)) {
-    return line.subject.form == SelectionForm::kAverage ? ConditionTest::kNever
-                                                        : ConditionTest::kStreak;
-  }
-  if (IsAmountComparison(line.code)) return ConditionTest::kAmount;
-  if (IsThingComparison(line.code)) return ConditionTest::kThing;
   return ConditionTest::kNever;
 }
 
@@ -226,8 +244,7 @@ void CompileCondition(const ScriptLine& source, CompiledLine& line) {
   const std::int32_t subject = source.LineSubject;
   line.text = Trim(source.LineName);
   line.by_target = IsThingComparison(line.code);
-  if (IsComparison(line.code))
-    line.relation = static_cast<Relation>((line.code - kEqualAmount) % 6);
+  line.relation = RelationOf(line.code);
 
   if (const auto row = FindSubject(kSimpleRows, subject); row != kSimpleRows.end()) {
     line.test = row->test;

@@ -60,6 +60,7 @@ struct Selection {
   SelectionForm form = SelectionForm::kNothing;
   SelectionPlace place = SelectionPlace::kFixed;
   SlotRange range;
+  BetSet bets;  // a fixed range of bets as a set; empty for Chip-Stacks
   std::int32_t average_rolls = 0;
 };
 
@@ -75,14 +76,16 @@ int SlotOnPoint(int family, std::int32_t point);
 // 0 to 99: the Chip-Stack that an amount refers to by its whole part, or -1.
 int ReferredStack(MoneyAmount amount);
 
-// How two values compare: codes 11 to 16 and 17 to 22 in this order.
+// How two values compare, as a set of the orders in which they may stand: 1 less, 2 equal,
+// 4 greater.
 enum class Relation : std::uint8_t {
-  kEqual,
-  kNotEqual,
-  kGreater,
-  kNotGreater,
-  kLess,
-  kNotLess,
+  kNone = 0,
+  kLess = 1,
+  kEqual = 2,
+  kNotGreater = 3,
+  kGreater = 4,
+  kNotEqual = 5,
+  kNotLess = 6,
 };
 
 enum class ConditionTest : std::uint8_t {
@@ -111,10 +114,12 @@ enum class ConditionTest : std::uint8_t {
   kFlagCount,
   kRollEvent,
   kStreak,
-  kAmount,
+  kRuns,    // the streaks of a total
+  kAmount,  // of the slots of an "Any" or "All" range
+  kValue,   // of what has one value
+  kCount,   // of the bets of a total
   kThing,
   kStackName,
-  kTotal,
 };
 
 // When a counter that satisfies its line counts as a new occurrence.
@@ -136,7 +141,7 @@ struct CompiledLine {
 
   // Conditions.
   ConditionTest test = ConditionTest::kNever;
-  Relation relation = Relation::kEqual;
+  Relation relation = Relation::kNone;
   CounterNews news = CounterNews::kOnCrossing;
   bool by_target = false;       // codes 17 to 22: compares with what the target names
   std::uint8_t counter = 0;     // GameCounter, roll event, or the answer asked for

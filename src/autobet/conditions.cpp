@@ -1,5 +1,7 @@
 #include "autobet/conditions.h"
 
+#include <algorithm>
+
 #include "autobet/values.h"
 #include "stats/roll_statistics.h"
 
@@ -8,21 +10,8 @@ namespace {
 
 template <typename Number>
 bool Holds(Relation relation, Number value, Number other) {
-  switch (relation) {
-    case Relation::kEqual:
-      return value == other;
-    case Relation::kNotEqual:
-      return value != other;
-    case Relation::kGreater:
-      return value > other;
-    case Relation::kNotGreater:
-      return value <= other;
-    case Relation::kLess:
-      return value < other;
-    case Relation::kNotLess:
-      return value >= other;
-  }
-  return false;
+  const unsigned order = (value == other ? 1U : 0U) + (value > other ? 2U : 0U);
+  return ((static_cast<unsigned>(relation) >> order) & 1U) != 0;
 }
 
 // Counts compare with an amount in its own unit, exactly.
@@ -133,12 +122,7 @@ ConditionAnswer AskFlags(const Game& game, const CompiledLine& line) {
     default:
       break;
   }
-  const std::int64_t count = InAmountUnits(matches);
-  const std::int64_t other = line.amount.Raw();
-  return {line.code == kNumberIs     ? count == other
-          : line.code == kNumberMore ? count > other
-                                     : count < other,
-          false};
+  return {Holds(line.relation, InAmountUnits(matches), line.amount.Raw()), false};
 }
 
 ConditionAnswer AskRollEvent(const Game& game, const CompiledLine& line) {
@@ -245,57 +229,58 @@ SlotAnswer AskStreak(const Game& game, const CompiledLine& line, int slot) {
   }
 }
 
-// Standing bets below slot 128 are known as a set, so a range over the layout with an amount other
-// than 0, to which empty slots do not count, need not be walked slot by slot.
-ConditionAnswer CompareStanding(const Game& game, const CompiledLine& line,
-                                const SlotRange& range) {
-  const bool all = line.subject.form == SelectionForm::kAll;
-  bool any_holds = false;
-  bool all_hold = true;
-  game.BetAmount.Standing().ForEach([&](int slot) {
-    if (!range.Has(slot)) return;
-    const bool holds = Holds(line.relation, game.BetAmount[slot], line.amount);
-    any_holds |= holds;
-    all_hold &= holds;
-  });
-  if (!any_holds || (all && !all_hold)) return {};
-
-  bool any_held = false;
-  bool all_held = true;
-  for (int slot = range.first; slot <= range.last; ++slot) {
-    const MoneyAmount amount = AmountAtEnd(game, slot);
-    if (amount == MoneyAmount()) continue;
-    const bool held = Holds(line.relation, amount, line.amount);
-    any_held |= held;
-    all_held &= held;
+// The bets that stand are known as a set, and so are the slots that differ from what they were at
+// the end of the last roll. So a range of bets need not be walked slot by slot.
+template <typename Function>
+void ForEachFilled(const Game& game, const Selection& selection, Function function) {
+  if (!selection.bets.Empty())
+    return (game.BetAmount.Standing() & selection.bets).ForEach(function);
+  for (int slot = selection.range.first; slot <= selection.range.last; ++slot) {
+    if (game.BetAmount[slot] != MoneyAmount()) function(slot);
   }
-  const bool was_true = any_held && (!all || all_held);
-  return {true, !was_true || RollCounts(game, 0) == 0};
+}
+template <typename Function>
+void ForEachChanged(Game& game, const SlotRange& range, Function function) {
+  game.BetAmount.ChangedSinceEnd().ForEach([&](int slot) {
+    if (range.Has(slot)) function(slot);
+  });
 }
 
+// Empty slots count only against an amount of 0, and never spoil "All".
 ConditionAnswer CompareAmounts(Game& game, const CompiledLine& line) {
-  if (line.subject.form == SelectionForm::kAverage) {
-    const auto holds = [&](bool now) {
-      return Holds(line.relation, AverageBankroll(game, now, line.subject.average_rolls),
-                   line.amount);
-    };
-    if (!holds(true)) return {};
-    return {true, !holds(false) || RollCounts(game, 0) == 0};
-  }
-  const bool over_range = line.subject.form != SelectionForm::kOne;
-  const bool only_standing = over_range && line.amount != MoneyAmount();
-  if (only_standing && line.subject.range.last <= kBetCount)
-    return CompareStanding(game, line, line.subject.range);
-  return JoinSlots(game, line, [&](int slot) {
-    const auto holds = [&](MoneyAmount amount) {
-      return Holds(line.relation, amount, line.amount) &&
-             !(only_standing && amount == MoneyAmount());
-    };
-    SlotAnswer answer;
-    answer.now = holds(game.BetAmount[slot]);
-    answer.before = holds(AmountAtEnd(game, slot));
-    return answer;
+  const SlotRange& range = line.subject.range;
+  const bool all = line.subject.form == SelectionForm::kAll;
+  const int slots = range.last - range.first + 1;
+  const std::int64_t amount = line.amount.Raw();
+  const bool empty_holds = amount == 0 && Holds(line.relation, amount, amount);
+  // What the filled slots say together.
+  struct Look {
+    int filled = 0;
+    bool any = false;
+    bool all = true;
+  };
+  const auto look_at = [&](Look& look, MoneyAmount value) {
+    const bool holds = Holds(line.relation, value.Raw(), amount);
+    ++look.filled;
+    look.any |= holds;
+    look.all &= holds;
+  };
+  const auto is_true = [&](const Look& look) {
+    return (look.any || (empty_holds && look.filled < slots)) && (look.all || !all);
+  };
+
+  Look now;
+  ForEachFilled(game, line.subject, [&](int slot) { look_at(now, game.BetAmount[slot]); });
+  if (!is_true(now)) return {};
+  Look before;
+  const auto look_back = [&](int slot) {
+    if (AmountAtEnd(game, slot) != MoneyAmount()) look_at(before, AmountAtEnd(game, slot));
+  };
+  ForEachFilled(game, line.subject, look_back);
+  ForEachChanged(game, range, [&](int slot) {
+    if (game.BetAmount[slot] == MoneyAmount()) look_back(slot);
   });
+  return {true, !is_true(before) || RollCounts(game, 0) == 0};
 }
 
 ConditionAnswer CompareStackNames(const Game& game, const CompiledLine& line) {
@@ -307,40 +292,88 @@ ConditionAnswer CompareStackNames(const Game& game, const CompiledLine& line) {
   });
 }
 
-// A value now and at the end of the last roll. Sums of Chip-Stacks can pass the range of money.
-struct Pair {
-  __int128 now = 0;
-  __int128 before = 0;
-};
+// Sums of Chip-Stacks can pass the range of money.
+using Sum = __int128;
 
+Sum SumNow(const Game& game, const Selection& selection) {
+  Sum sum = 0;
+  ForEachFilled(game, selection, [&](int slot) { sum += game.BetAmount[slot].Raw(); });
+  return sum;
+}
+
+Sum SumBefore(Game& game, const Selection& selection) {
+  Sum sum = SumNow(game, selection);
+  ForEachChanged(game, selection.range, [&](int slot) {
+    sum += Sum{AmountAtEnd(game, slot).Raw()} - game.BetAmount[slot].Raw();
+  });
+  return sum;
+}
+
+// A bet, Chip-Stack, total or average: what has one value, now and at the end of the last roll.
+// `slot` is that of a bet or Chip-Stack.
+bool HasOneValue(const Selection& selection) {
+  return selection.form == SelectionForm::kOne || selection.form == SelectionForm::kTotal ||
+         selection.form == SelectionForm::kAverage;
+}
+Sum ValueNow(const Game& game, const Selection& selection, int slot) {
+  if (selection.form == SelectionForm::kOne) return game.BetAmount[slot].Raw();
+  if (selection.form == SelectionForm::kTotal) return SumNow(game, selection);
+  return AverageBankroll(game, true, selection.average_rolls).Raw();
+}
+Sum ValueBefore(Game& game, const Selection& selection, int slot) {
+  if (selection.form == SelectionForm::kOne) return AmountAtEnd(game, slot).Raw();
+  if (selection.form == SelectionForm::kTotal) return SumBefore(game, selection);
+  return AverageBankroll(game, false, selection.average_rolls).Raw();
+}
+
+// A value on either side, or an amount on the right. What was before is asked for only where it
+// matters: averages and sums are dear.
+ConditionAnswer CompareValues(Game& game, const CompiledLine& line) {
+  const Selection& left = line.subject;
+  const Selection& right = line.target;
+  const SlotRange left_slots = SlotsOf(game, left);
+  const SlotRange right_slots = SlotsOf(game, right);
+  const bool left_is_slot = left.form == SelectionForm::kOne;
+  const bool right_is_slot = line.by_target && right.form == SelectionForm::kOne;
+  if (left_is_slot && left_slots.Empty()) return {};
+  if (right_is_slot && right_slots.Empty()) return {};
+  if (left_is_slot && right_is_slot && left_slots.first == right_slots.first) return {};
+
+  const Sum amount = line.amount.Raw();
+  const Sum other = line.by_target ? ValueNow(game, right, right_slots.first) : amount;
+  if (!Holds(line.relation, ValueNow(game, left, left_slots.first), other)) return {};
+  if (left.form != SelectionForm::kTotal && RollCounts(game, 0) == 0) return {true, true};
+  const Sum before = line.by_target ? ValueBefore(game, right, right_slots.first) : amount;
+  return {true, !Holds(line.relation, ValueBefore(game, left, left_slots.first), before)};
+}
+
+// Values now and at the end of the last roll.
+struct Pair {
+  Sum now = 0;
+  Sum before = 0;
+};
+Pair ValuesOf(Game& game, const Selection& selection, int slot) {
+  return {ValueNow(game, selection, slot), ValueBefore(game, selection, slot)};
+}
 Pair AmountsOf(const Game& game, int slot) {
   return {game.BetAmount[slot].Raw(), AmountAtEnd(game, slot).Raw()};
 }
 
-Pair AveragesOf(const Game& game, const Selection& selection) {
-  return {AverageBankroll(game, true, selection.average_rolls).Raw(),
-          AverageBankroll(game, false, selection.average_rolls).Raw()};
-}
-
-Pair SumsOf(const Game& game, const SlotRange& range) {
-  Pair sums;
-  range.ForEach([&](int slot) {
-    const Pair amounts = AmountsOf(game, slot);
-    sums.now += amounts.now;
-    sums.before += amounts.before;
-  });
-  return sums;
-}
-
-// The slots that the left side of a comparison stands on; none for averages and totals.
+// One value of the left side of a comparison with a range, and the slots that the side stands on;
+// none for averages and totals.
 struct LeftSide {
   Pair value;
   int slot = -1;
   SlotRange range;
 };
+// The right side: the slots of a range, or the one value of a total or average.
+struct RightSide {
+  SlotRange range;
+  Pair value;
+};
 
-SlotAnswer CompareWithTarget(const Game& game, const CompiledLine& line, const LeftSide& left,
-                             std::int32_t block_kind) {
+SlotAnswer CompareWithTarget(const CompiledLine& line, const Game& game, const LeftSide& left,
+                             const RightSide& right, std::int32_t block_kind) {
   const auto compare = [&](const Pair& other) {
     SlotAnswer answer;
     answer.now = Holds(line.relation, left.value.now, other.now);
@@ -348,22 +381,8 @@ SlotAnswer CompareWithTarget(const Game& game, const CompiledLine& line, const L
     return answer;
   };
   const SelectionForm form = line.target.form;
-  if (form == SelectionForm::kAverage) {
-    const auto holds = [&](__int128 value, bool now) {
-      const MoneyAmount average = AverageBankroll(game, now, line.target.average_rolls);
-      return Holds<__int128>(line.relation, value, average.Raw());
-    };
-    SlotAnswer answer;
-    answer.now = holds(left.value.now, true);
-    // Averages are dear. Of one slot the answer before matters only where the one now is true.
-    if (answer.now || line.subject.form != SelectionForm::kOne) {
-      answer.before = holds(left.value.before, false);
-    }
-    return answer;
-  }
-  if (form == SelectionForm::kNothing) return {};
-  const SlotRange range = SlotsOf(game, line.target);
-  if (form == SelectionForm::kTotal) return compare(SumsOf(game, range));
+  const SlotRange& range = right.range;
+  if (form == SelectionForm::kTotal || form == SelectionForm::kAverage) return compare(right.value);
 
   SlotAnswer answer;
   bool before_lost = false;
@@ -391,16 +410,26 @@ SlotAnswer CompareWithTarget(const Game& game, const CompiledLine& line, const L
   return answer;
 }
 
-ConditionAnswer CompareThings(const Game& game, const CompiledLine& line, std::int32_t block_kind) {
-  if (line.subject.form == SelectionForm::kAverage) {
+ConditionAnswer CompareThings(Game& game, const CompiledLine& line, std::int32_t block_kind) {
+  if (line.target.form == SelectionForm::kNothing) return {};
+  if (HasOneValue(line.subject) && HasOneValue(line.target)) return CompareValues(game, line);
+
+  RightSide right;
+  right.range = SlotsOf(game, line.target);
+  if (line.target.form == SelectionForm::kTotal || line.target.form == SelectionForm::kAverage) {
+    right.value = ValuesOf(game, line.target, -1);
+  }
+  if (line.subject.form == SelectionForm::kTotal || line.subject.form == SelectionForm::kAverage) {
     LeftSide left;
-    left.value = AveragesOf(game, line.subject);
-    const SlotAnswer answer = CompareWithTarget(game, line, left, block_kind);
-    return {answer.now, answer.now && (!answer.before || RollCounts(game, 0) == 0)};
+    left.value = ValuesOf(game, line.subject, -1);
+    const SlotAnswer answer = CompareWithTarget(line, game, left, right, block_kind);
+    const bool first_look =
+        line.subject.form == SelectionForm::kAverage && RollCounts(game, 0) == 0;
+    return {answer.now, answer.now && (!answer.before || first_look)};
   }
   const SlotRange range = SlotsOf(game, line.subject);
   return JoinSlots(game, line, [&](int slot) {
-    return CompareWithTarget(game, line, {AmountsOf(game, slot), slot, range}, block_kind);
+    return CompareWithTarget(line, game, {AmountsOf(game, slot), slot, range}, right, block_kind);
   });
 }
 
@@ -412,65 +441,37 @@ struct RunSums {
 
 RunSums SumRuns(const Game& game, const SlotRange& range) {
   RunSums sums;
-  range.ForEach([&](int slot) {
-    if (slot > kBetCount) return;
-    const int run = game.BetStreak.Now(slot);
-    (run > 0 ? sums.wins : sums.losses) += run;
-    sums.changed |= run != game.BetStreak.Before(slot);
-  });
+  for (int bet = range.first; bet <= std::min<int>(range.last, kBetCount); ++bet) {
+    const int run = game.BetStreak.Now(bet);
+    sums.wins += std::max(run, 0);
+    sums.losses += std::min(run, 0);
+    sums.changed |= run != game.BetStreak.Before(bet);
+  }
   return sums;
 }
 
-ConditionAnswer CompareCounts(const Game& game, const CompiledLine& line, const SlotRange& range) {
-  std::int64_t now = 0;
-  std::int64_t before = 0;
-  range.ForEach([&](int slot) {
-    const Pair amounts = AmountsOf(game, slot);
-    now += amounts.now > 0 ? 1 : 0;
-    before += amounts.before > 0 ? 1 : 0;
-  });
-  const auto holds = [&](std::int64_t count) {
-    const std::int64_t raw = InAmountUnits(count);
-    return line.code == kNumberIs     ? raw == line.amount.Raw()
-           : line.code == kNumberMore ? raw > line.amount.Raw()
-                                      : raw < line.amount.Raw();
-  };
-  return {holds(now), holds(now) && !holds(before)};
+ConditionAnswer CompareRuns(const Game& game, const CompiledLine& line) {
+  const RunSums sums = SumRuns(game, line.subject.range);
+  const std::int64_t amount = line.amount.Raw();
+  const std::int64_t wins = InAmountUnits(sums.wins);
+  const std::int64_t losses = InAmountUnits(-sums.losses);
+  const bool now = line.code == kHasWon       ? wins == amount
+                   : line.code == kHasWonMore ? wins > amount
+                   : line.code == kHasLost    ? losses == amount || amount == 0
+                                              : losses > amount;
+  return {now, now && sums.changed};
 }
 
-ConditionAnswer CompareTotal(const Game& game, const CompiledLine& line, std::int32_t block_kind) {
-  const SlotRange range = line.subject.range;
-  const std::int64_t amount = line.amount.Raw();
-  switch (line.code) {
-    case kHasWon:
-    case kHasWonMore:
-    case kHasLost:
-    case kHasLostMore: {
-      const RunSums sums = SumRuns(game, range);
-      const std::int64_t wins = InAmountUnits(sums.wins);
-      const std::int64_t losses = InAmountUnits(-sums.losses);
-      const bool now = line.code == kHasWon       ? wins == amount
-                       : line.code == kHasWonMore ? wins > amount
-                       : line.code == kHasLost    ? losses == amount || amount == 0
-                                                  : losses > amount;
-      return {now, now && sums.changed};
-    }
-    case kNumberIs:
-    case kNumberMore:
-    case kNumberLess:
-      return CompareCounts(game, line, range);
-    default:
-      break;
-  }
-  LeftSide left;
-  left.value = SumsOf(game, range);
-  if (line.by_target) {
-    const SlotAnswer answer = CompareWithTarget(game, line, left, block_kind);
-    return {answer.now, answer.now && !answer.before};
-  }
-  if (line.code < kEqualAmount || line.code > kNotLessAmount) return {};
-  const bool now = Holds<__int128>(line.relation, left.value.now, amount);
-  return {now, now && !Holds<__int128>(line.relation, left.value.before, amount)};
+ConditionAnswer CompareCounts(Game& game, const CompiledLine& line) {
+  const auto filled = [](MoneyAmount amount) { return amount > MoneyAmount() ? 1 : 0; };
+  std::int64_t count = 0;
+  ForEachFilled(game, line.subject, [&](int slot) { count += filled(game.BetAmount[slot]); });
+  const auto holds = [&] { return Holds(line.relation, InAmountUnits(count), line.amount.Raw()); };
+  if (!holds()) return {};
+  ForEachChanged(game, line.subject.range, [&](int slot) {
+    count += filled(AmountAtEnd(game, slot)) - filled(game.BetAmount[slot]);
+  });
+  return {true, !holds()};
 }
 
 }  // namespace
@@ -526,12 +527,16 @@ ConditionAnswer EvaluateCondition(Game& game, const CompiledLine& line, std::int
       return JoinSlots(game, line, [&](int slot) { return AskStreak(game, line, slot); });
     case ConditionTest::kAmount:
       return CompareAmounts(game, line);
+    case ConditionTest::kValue:
+      return CompareValues(game, line);
     case ConditionTest::kThing:
       return CompareThings(game, line, block_kind);
     case ConditionTest::kStackName:
       return CompareStackNames(game, line);
-    case ConditionTest::kTotal:
-      return CompareTotal(game, line, block_kind);
+    case ConditionTest::kRuns:
+      return CompareRuns(game, line);
+    case ConditionTest::kCount:
+      return CompareCounts(game, line);
   }
   return {};
 }

@@ -400,7 +400,7 @@ TEST_F(Conditions, RangesOfAmounts) {
   EXPECT_EQ(Ask("All Lay bets are greater than $ 1"), kNo);  // none stands
 }
 
-// Ranges of the layout are not walked slot by slot; this walk says what they must answer.
+// Ranges are not walked slot by slot; this walk says what they must answer.
 TEST_F(Conditions, RangesAgreeWithAWalkOverTheirSlots) {
   std::mt19937 random(5);
   const auto small = [&] { return static_cast<double>(random() % 4); };
@@ -420,19 +420,22 @@ TEST_F(Conditions, RangesAgreeWithAWalkOverTheirSlots) {
         return value >= amount;
     }
   };
-  for (int trial = 0; trial < 3000; ++trial) {
+  for (int trial = 0; trial < 4000; ++trial) {
+    const bool stacks = random() % 2 == 0;
+    const int first = stacks ? 100 : 31;
+    const int last = stacks ? 199 : 40;
     const bool crowded = random() % 2 == 0;
-    for (int bet = 31; bet <= 40; ++bet) {
+    for (int slot = first; slot <= last; ++slot) {
       const bool empty = !crowded && random() % 4 != 0;
-      SetBefore(bet, empty ? 0 : small(), empty && random() % 2 == 0 ? 0 : small());
+      SetBefore(slot, empty ? 0 : small(), empty && random() % 2 == 0 ? 0 : small());
     }
     const int code = kEqualAmount + static_cast<int>(random() % 6);
     const double amount = small();
     const bool all = random() % 2 == 0;
     bool now = false, before = false, now_spoiled = false, before_spoiled = false;
-    for (int bet = 31; bet <= 40 && !now_spoiled; ++bet) {
-      const double value = Amount(bet);
-      const double old = game.BetAmountAtRollEnd[static_cast<std::size_t>(bet)].ToDouble();
+    for (int slot = first; slot <= last && !now_spoiled; ++slot) {
+      const double value = Amount(slot);
+      const double old = game.BetAmountAtRollEnd[static_cast<std::size_t>(slot)].ToDouble();
       const bool is = holds(code, value, amount) && !(amount != 0 && value == 0);
       const bool was = holds(code, old, amount) && !(amount != 0 && old == 0);
       now |= is;
@@ -441,7 +444,8 @@ TEST_F(Conditions, RangesAgreeWithAWalkOverTheirSlots) {
       if (all && !now_spoiled && !was && old != 0) before_spoiled = true;
     }
     ScriptLine line = Line(kConditionLine, code);
-    line.LineSubject = all ? 1107 : 1007;
+    line.LineSubject =
+        (all ? kAllFirst : kAnyFirst) + std::int32_t{stacks ? kRangeStacks : kRangePlace};
     line.LineAmount = MoneyAmount::FromDouble(amount);
     const bool is_true = now && !now_spoiled;
     ASSERT_EQ(Ask(line), (ConditionAnswer{is_true, is_true && !(before && !before_spoiled)}))

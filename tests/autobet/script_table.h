@@ -121,6 +121,7 @@ class ScriptTable : public ::testing::Test {
   }
   void SetAmountBefore(int slot, double amount) {
     game.BetAmountAtRollEnd[static_cast<std::size_t>(slot)] = MoneyAmount::FromDouble(amount);
+    game.BetAmount.ChangedSinceEnd().Add(slot);
   }
   void CopyToRollEnd() {
     for (int slot = 0; slot < kAmountSlots; ++slot) SetAmountBefore(slot, Amount(slot));
