@@ -7,20 +7,20 @@ namespace feltmaster {
 
 // The screens whose place is kept for the next start, in the order of their entries in the game
 // file; the table is kept beside them.
-enum class Screen : std::uint8_t {
-  kBankroll,
-  kSummary,
-  kRollTotals,
-  kRollFreqs,
-  kBetResults,
-  kBetTrends,
-  kStackValues,
-  kFlags,
-  kGames,
-  kAutoBet,
-  kDiceRollFiles,
-  kFile,
-  kRyon,
+enum Screen : std::uint8_t {
+  kBankrollScreen,
+  kSummaryScreen,
+  kRollTotalsScreen,
+  kRollFreqsScreen,
+  kBetResultsScreen,
+  kBetTrendsScreen,
+  kStackValuesScreen,
+  kFlagsScreen,
+  kGamesScreen,
+  kAutoBetScreen,
+  kDiceRollFilesScreen,
+  kFileScreen,
+  kRyonScreen,
 };
 inline constexpr std::size_t kScreens = 13;
 
