@@ -53,6 +53,7 @@ class ConsoleSurface : public NullSurface {
   MessageReply ShowMessage(const MessageRequest& request) override;
   SettleReply ShowSettle(const SettleRequest& request) override;
   bool ShowStep(const StepRequest& request) override;
+  std::string AskFile(const FileRequest& request) override;
 
   std::deque<QueuedAnswer> Answers;
   std::deque<int> SettleButtons;

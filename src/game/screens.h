@@ -22,7 +22,7 @@ enum Screen : std::uint8_t {
   kFileScreen,
   kRyonScreen,
 };
-inline constexpr std::size_t kScreens = 13;
+inline constexpr std::size_t kScreenCount = 13;
 
 // In the units of the platform's screen. A size of 0 has never been set.
 struct ScreenPlacement {
@@ -34,7 +34,7 @@ struct ScreenPlacement {
 };
 
 struct ScreenState {
-  std::array<ScreenPlacement, kScreens> Placements{};
+  std::array<ScreenPlacement, kScreenCount> Placements{};
   ScreenPlacement TablePlacement;
   std::int32_t TableWindowState = 0;  // 0 normal, 1 minimised, 2 maximised
 
