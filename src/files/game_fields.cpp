@@ -495,7 +495,7 @@ constexpr auto kFields = std::to_array<GameField>({
 
     // Dice Roll Files and what the screens remember.
     Field(
-        FieldKind::kMark, {"RollHighlight", 13, 7}, {36},
+        FieldKind::kMark, {"RollHighlight", 13, 1}, {36},
         [](Game& game, int element) { return std::int64_t{HighlightCell(game, element)}; },
         [](Game& game, int element, std::int64_t mark) {
           HighlightCell(game, element) = mark != 0;
