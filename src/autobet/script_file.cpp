@@ -137,14 +137,6 @@ void StandIn(Game& game, std::vector<ScriptLine> lines) {
   ScriptLinesChanged(game);
 }
 
-std::string OneSentence(const std::string& text) {
-  std::string sentence = text;
-  for (char& c : sentence) {
-    if (c == '\n') c = ' ';
-  }
-  return sentence;
-}
-
 }  // namespace
 
 void ClearScript(Game& game) {
@@ -169,11 +161,14 @@ bool LoadScript(Game& game, const std::string& path) {
   RecordReader file;
   if (const std::optional<FileError> error = file.Open(path)) {
     game.LastErrorText = error->At("Load Auto-Bet File");
+    game.FileStatus = -1;
     return false;
   }
   Record record;
   if (!file.Read(record)) record = Record();
+  game.FileStatus = 0;
   if (!AcceptHeader(game, path, record)) return false;
+  game.FileStatus = 1;
 
   // The count is a promise; the file may hold less.
   const std::int64_t count = record.Money(kAtAmount).RoundWhole();
@@ -241,7 +236,7 @@ std::optional<std::string> LoadScriptOrText(Game& game, const std::string& path)
     game.MsgText.clear();
     game.LastErrorText.clear();
     if (LoadScript(game, path)) return CutShort(game, path, text);
-    return OneSentence(game.LastErrorText.empty() ? game.MsgText : game.LastErrorText);
+    return OneLine(game.LastErrorText.empty() ? game.MsgText : game.LastErrorText);
   }
   if (text.find('\0') != std::string::npos) {
     return path + " is neither an Auto-Bet file nor the text of a script.";

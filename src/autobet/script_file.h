@@ -16,7 +16,7 @@ void SetScript(Game& game, std::vector<ScriptLine> lines, const std::string& fil
 // Reads a .bet file into ScriptLines. With ScriptFileMode set its lines are pasted, selected, at
 // the cursor; with HotKeyRunning set they stand in for the script for one run. False when it was
 // refused (a message has told why) or could not be read (LastErrorText); the script in memory stays
-// then.
+// then. FileStatus is 1, 0 or -1.
 bool LoadScript(Game& game, const std::string& path);
 // Writes a .bet file, whole or not at all; with ScriptFileMode set the selected lines alone. False
 // with LastErrorText when it could not be written.

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <bit>
 #include <cerrno>
+#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -145,6 +146,23 @@ std::optional<FileError> RecordReader::Open(const std::string& path) {
 
 bool RecordReader::Read(Record& record) {
   return static_cast<bool>(file_.read(record.Data(), kRecordSize));
+}
+
+std::string FileStamp(const std::string& path) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) != 0) return {};
+  using std::chrono::sys_seconds, std::chrono::seconds, std::chrono::days;
+  const sys_seconds time{seconds(status.st_mtim.tv_sec)};
+  const auto day = std::chrono::floor<days>(time);
+  const std::chrono::year_month_day date(day);
+  const std::chrono::hh_mm_ss clock(time - day);
+  char text[64];
+  std::snprintf(text, sizeof text, "%04d-%02u-%02u %02d:%02d:%02d.%09ld UTC",
+                static_cast<int>(date.year()), static_cast<unsigned>(date.month()),
+                static_cast<unsigned>(date.day()), static_cast<int>(clock.hours().count()),
+                static_cast<int>(clock.minutes().count()),
+                static_cast<int>(clock.seconds().count()), status.st_mtim.tv_nsec);
+  return text;
 }
 
 std::optional<FileError> ReadWholeFile(const std::string& path, std::size_t limit,

@@ -64,6 +64,10 @@ class RecordReader {
   std::ifstream file_;
 };
 
+// Date and time of a file's last change as text, to the fraction of a second that the system keeps;
+// empty when there is no such file. At most 40 bytes.
+std::string FileStamp(const std::string& path);
+
 // The bytes of a file of at most `limit` bytes; beyond that, EFBIG.
 std::optional<FileError> ReadWholeFile(const std::string& path, std::size_t limit,
                                        std::string& bytes);

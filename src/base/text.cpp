@@ -55,6 +55,12 @@ bool ContainsIgnoringCase(std::string_view text, std::string_view part) {
          part.empty();
 }
 
+std::string OneLine(std::string_view text) {
+  std::string line(text);
+  std::replace(line.begin(), line.end(), '\n', ' ');
+  return line;
+}
+
 std::string_view CutAtCharacter(std::string_view text, std::size_t width) {
   if (text.size() <= width) return text;
   // Only a well-formed character that the cut would split is given up whole; bytes of any other

@@ -30,9 +30,9 @@
 #include "engine/new_game.h"
 #include "engine/place_bet.h"
 #include "engine/roll_cycle.h"
+#include "files/file_commands.h"
 #include "stats/bankroll_history.h"
 #include "stats/roll_statistics.h"
-#include "view/game_commands.h"
 #include "view/rules_rows.h"
 #include "view/state_record.h"
 #include "view/table_rows.h"
@@ -902,6 +902,38 @@ Reply Flag(Console& console, Arguments& args) {
 
 // ---- Files ------------------------------------------------------------------------------------
 
+// Questions that a person at the table would be asked come up only where somebody can answer them:
+// from a pipe without queued answers a file named outright is opened or written.
+bool SomebodyAnswers(const Console& console) {
+  return !console.Surface.Answers.empty() || console.Surface.Ask != nullptr;
+}
+
+Reply Open(Console& console, Arguments& args) {
+  Game& game = console.Table;
+  const std::string file = args.Rest("FILE");
+  if (args.Failed()) return Refused(args);
+  game.FileStatus = 1;
+  if (OpenNamedGame(game, file, SomebodyAnswers(console))) {
+    return Done({}, file + " is open. " + BankrollInWords(game, game.BetAmount[kBankroll]));
+  }
+  if (game.FileStatus < 0) {
+    return Refused("FILE " + Quoted(file) + " cannot be opened: " + OneLine(game.LastErrorText));
+  }
+  return Done({}, "The game goes on.\n");
+}
+
+Reply Save(Console& console, Arguments& args) {
+  Game& game = console.Table;
+  const std::string file = args.Rest("FILE");
+  if (args.Failed()) return Refused(args);
+  game.LastErrorText.clear();
+  if (SaveNamedGame(game, file, SomebodyAnswers(console))) {
+    return Done({}, "The game is saved in " + file + ".\n");
+  }
+  if (game.LastErrorText.empty()) return Done({}, "The game is not saved.\n");
+  return Refused("FILE " + Quoted(file) + " cannot be written: " + OneLine(game.LastErrorText));
+}
+
 Reply PrbOpen(Console& console, Arguments& args) {
   Game& game = console.Table;
   const std::string file = args.Rest("FILE");
@@ -915,8 +947,13 @@ Reply PrbOpen(Console& console, Arguments& args) {
        kButtonOk | kPictureStop);
   return Done();
 }
-Reply PrbSave(Console&, Arguments&) {
-  return NotYet("prb save");
+Reply PrbSave(Console& console, Arguments& args) {
+  const std::string file = args.Rest("FILE");
+  if (args.Failed()) return Refused(args);
+  if (!SaveProbabilityFile(console.Table, file)) {
+    return Refused("FILE " + Quoted(file) + " cannot be written: " + console.Table.LastErrorText);
+  }
+  return Done();
 }
 Reply UsePrb(Console& console, Arguments& args, bool use) {
   args.End();
@@ -954,7 +991,11 @@ Reply Echo(Console&, Arguments& args) {
 Reply QuitConsole(Console& console, Arguments& args) {
   args.End();
   if (args.Failed()) return Refused(args);
+  if (SomebodyAnswers(console) && !AskToClose(console.Table)) {
+    return Done({}, "The table stays open.\n");
+  }
   console.Quit = true;
+  EndProgram(console.Table);
   return Done();
 }
 
@@ -995,8 +1036,8 @@ constexpr Command kCommands[] = {
      Script},
     {"flag", "NAME true|false", "sets a flag of the script", Flag},
     {"hotkey", "CHAR", "runs the script of a Hot-Key", Later},
-    {"open", "FILE", "opens a game file", Later},
-    {"save", "FILE", "saves the game", Later},
+    {"open", "FILE", "opens a game file", Open},
+    {"save", "FILE", "saves the game", Save},
     {"record", "FILE", "records the rolls in a Dice Roll File", Later},
     {"playback", "FILE", "plays the rolls of a Dice Roll File", Later},
     {"recorder", "off", "stops recording or playback", Later},

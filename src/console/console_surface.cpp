@@ -253,6 +253,12 @@ SettleReply ConsoleSurface::ShowSettle(const SettleRequest& request) {
   return reply;
 }
 
+std::string ConsoleSurface::AskFile(const FileRequest& request) {
+  if (!Ask) return {};
+  return Ask("  " + std::string(request.caption) + " (" + std::string(request.pattern) + "): ")
+      .value_or(std::string());
+}
+
 bool ConsoleSurface::ShowStep(const StepRequest& request) {
   if (Paper != nullptr) {
     *Paper << "  Line #" << request.line << ' ' << Trim(request.text) << "\n    "

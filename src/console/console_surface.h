@@ -56,6 +56,7 @@ class ConsoleSurface : public NullSurface {
   bool ShowStep(const StepRequest& request) override;
   void AnimateDice() override;
   void RefreshOpenScreens() override;
+  std::string AskFile(const FileRequest& request) override;
 
   std::deque<QueuedAnswer> Answers;
   std::deque<int> SettleButtons;

@@ -14,10 +14,13 @@
 #include <string_view>
 #include <system_error>
 
+#include "base/text.h"
 #include "console/console_commands.h"
 #include "console/line_editor.h"
 #include "console/verbs.h"
 #include "engine/start_up.h"
+#include "files/file_commands.h"
+#include "files/game_file.h"
 
 namespace feltmaster {
 
@@ -128,12 +131,16 @@ int ServePerson(Console& console) {
   });
 }
 
+int ServePipe(Console& console, bool json) {
+  return Serve(console, json, []() -> std::optional<std::string> {
+    std::string line;
+    if (!std::getline(std::cin, line)) return std::nullopt;
+    return line;
+  });
+}
+
 int RunConsole(const ConsoleOptions& options) {
   signal(SIGPIPE, SIG_IGN);  // the data folder is to be cleared away in any case
-  if (!options.GameFile.empty()) {
-    std::cerr << "feltmaster console: opening a game file is not available yet.\n";
-    return 2;
-  }
   std::optional<DataFolder> folder;
   try {
     folder.emplace(options.DataDir);
@@ -147,17 +154,25 @@ int RunConsole(const ConsoleOptions& options) {
   if (options.Seed != 0) seed = options.Seed;
   const auto console = std::make_unique<Console>(seed);
   StartUp(console->Table, {folder->WithSeparator(), seed});
+  // Names typed at a terminal mean the folder one is in.
+  std::error_code ignored;
+  console->Table.FileDialogPath = (fs::current_path(ignored) / "").string();
+  if (!options.GameFile.empty() && !OpenGame(console->Table, options.GameFile, true)) {
+    const Game& table = console->Table;
+    std::cerr << "feltmaster console: "
+              << OneLine(table.FileStatus < 0
+                             ? options.GameFile + " cannot be opened: " + table.LastErrorText
+                             : table.MsgText)
+              << '\n';
+    return 2;
+  }
   if (options.Rng != 0) console->Table.RngSelected = options.Rng - 1;
 
   if (!options.Json) console->Surface.Paper = &std::cout;
-  if (!options.Json && isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0) {
-    return ServePerson(*console);
-  }
-  return Serve(*console, options.Json, []() -> std::optional<std::string> {
-    std::string line;
-    if (!std::getline(std::cin, line)) return std::nullopt;
-    return line;
-  });
+  const bool person = !options.Json && isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0;
+  const int exit_code = person ? ServePerson(*console) : ServePipe(*console, options.Json);
+  if (!console->Quit) EndProgram(console->Table);
+  return exit_code;
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <iostream>
 #include <string>
 
+#include "base/text.h"
 #include "console/verbs.h"
 
 namespace {
@@ -15,13 +16,6 @@ std::string UnknownVerb(const CLI::App& app, int argc, char** argv) {
     if (verb->get_name() == argv[1]) return {};
   }
   return argv[1];
-}
-
-std::string OneLine(std::string text) {
-  for (char& c : text) {
-    if (c == '\n') c = ' ';
-  }
-  return text;
 }
 
 }  // namespace
@@ -50,10 +44,10 @@ int main(int argc, char** argv) {
   } catch (const CLI::Success& wanted) {  // --help and --version
     return app.exit(wanted);
   } catch (const CLI::ParseError& fault) {
-    std::cerr << "feltmaster: " << OneLine(fault.what()) << '\n';
+    std::cerr << "feltmaster: " << feltmaster::OneLine(fault.what()) << '\n';
     return kNotStarted;
   } catch (const std::exception& fault) {
-    std::cerr << "feltmaster: " << OneLine(fault.what()) << '\n';
+    std::cerr << "feltmaster: " << feltmaster::OneLine(fault.what()) << '\n';
     return kNotStarted;
   }
   if (argc == 1) std::cout << app.help();

@@ -7,8 +7,10 @@
 #include <cstring>
 #include <fstream>
 #include <limits>
+#include <optional>
 #include <vector>
 
+#include "base/record_file.h"
 #include "base/text.h"
 #include "surface/surface.h"
 
@@ -275,7 +277,7 @@ std::int64_t PlainBelow(Game& game, std::int64_t n) {
 
 constexpr std::string_view kProbabilityTitle = "Feltking Probability File, Data Format 4.6";
 constexpr std::size_t kTitleSize = 92;
-constexpr std::size_t kRecordSize = 256;
+constexpr std::size_t kNumbersPerRecord = kRecordSize / sizeof(std::int32_t);
 constexpr std::size_t kProbabilityFileSize = 5 * kRecordSize;
 
 std::int32_t LittleEndian(const char* bytes) {
@@ -358,6 +360,31 @@ bool LoadProbabilityFile(Game& game, const std::string& path) {
   game.ProbabilityFileName = path;
   game.ProbabilityChanged = false;
   game.FileStatus = 1;
+  return true;
+}
+
+bool SaveProbabilityFile(Game& game, const std::string& path) {
+  Record record;
+  record.SetText(0, kTitleSize, kProbabilityTitle);
+  std::string bytes(record.Bytes());
+  // One record is filled again and again: behind the last number stands what the record before it
+  // held there.
+  std::size_t number = 0;
+  for (const Layer& layer : game.DiceProbability) {
+    for (const Layer::value_type& row : layer) {
+      for (const std::int32_t cell : row) {
+        record.SetInt32(number % kNumbersPerRecord * sizeof cell, cell);
+        if (++number % kNumbersPerRecord == 0) bytes += record.Bytes();
+      }
+    }
+  }
+  bytes += record.Bytes();
+  if (const std::optional<FileError> error = WriteFileAtomically(path, bytes)) {
+    game.LastErrorText = error->At("Save Probability File");
+    return false;
+  }
+  game.ProbabilityFileName = path;
+  game.ProbabilityChanged = false;
   return true;
 }
 

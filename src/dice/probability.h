@@ -49,5 +49,8 @@ void SetProbabilityCell(Game& game, int row, int column, double value, bool raw)
 // untouched, when the file cannot be read or is none. FileStatus tells the result as for game
 // files. Missing numbers are 0; weights outside 0 to 100,000 are brought into range.
 bool LoadProbabilityFile(Game& game, const std::string& path);
+// Writes one, whole or not at all; it becomes the file in use. False with LastErrorText when it
+// could not be written.
+bool SaveProbabilityFile(Game& game, const std::string& path);
 
 }  // namespace feltmaster

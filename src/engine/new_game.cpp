@@ -31,6 +31,7 @@ void ClearTable(Game& game) {
   game.BetState = {};
   game.WorkOnComeOut.ForEach([&](int bet) { game.BetState.Set(bet, kWorking); });
   game.Decisions.count = 0;
+  game.ChipList.clear();
 }
 
 void ClearChipStacks(Game& game) {

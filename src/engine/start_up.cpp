@@ -1,15 +1,34 @@
 #include "engine/start_up.h"
 
+#include <filesystem>
+#include <string>
+#include <system_error>
+
 #include "config/configure.h"
 #include "config/payoffs.h"
 #include "dice/probability.h"
 #include "dice/rng.h"
 #include "engine/bet_states.h"
 #include "engine/roll_cycle.h"
+#include "files/game_file.h"
 #include "stats/bankroll_history.h"
 #include "surface/surface.h"
 
 namespace feltmaster {
+
+namespace {
+
+// The state in which the program was left, if there is any; a file that cannot be opened leaves the
+// defaults.
+void OpenDefaultGame(Game& game) {
+  if (game.AppPath.empty()) return;
+  const std::string path = game.AppPath + std::string(kDefaultGame);
+  std::error_code ignored;
+  if (std::filesystem::exists(path, ignored)) OpenGame(game, path, false);
+  WriteActiveScript(game);
+}
+
+}  // namespace
 
 void SeedGenerators(Game& game, std::optional<std::int32_t> seed) {
   for (std::int32_t rng = 4; rng >= 0; --rng) {
@@ -21,6 +40,7 @@ void SeedGenerators(Game& game, std::optional<std::int32_t> seed) {
 
 void StartUp(Game& game, const StartOptions& options) {
   game.AppPath = options.data_dir;
+  game.FileDialogPath = options.data_dir;
   if (!options.data_dir.empty()) game.GamesLogFile = options.data_dir + "default.glg";
   SeedGenerators(game, options.seed);
 
@@ -31,6 +51,7 @@ void StartUp(Game& game, const StartOptions& options) {
   SetDefaultDenominations(game);
   DefaultPayoffs(game);
   RestartGraph(game);
+  OpenDefaultGame(game);
 
   game.surface->TableChanged(kChangedAll);
   game.surface->LetEventsThrough();

@@ -13,7 +13,8 @@ struct StartOptions {
   std::optional<std::int32_t> seed;  // seeds every base generator instead of the clock
 };
 
-// Sets every default in its fixed order, seeds the generators and makes the table ready.
+// Sets every default in its fixed order, seeds the generators, takes the state in which the program
+// was left from the data folder, and makes the table ready.
 // game.surface must be set.
 void StartUp(Game& game, const StartOptions& options);
 

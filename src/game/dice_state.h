@@ -62,12 +62,21 @@ struct ProbabilityState {
 
 enum DiceRollMode : std::int32_t { kRecorderOff = 0, kRecording = 1, kPlayback = 2 };
 
+enum InsertMode : std::int32_t { kInsert = 0, kTypeOver = 1 };
+
 struct DiceRollFileState {
   std::int32_t DiceRollFileMode = kRecorderOff;
   std::string DiceRollFileName;
   std::int32_t DiceRollNext = 1;
   std::int32_t DiceRollLast = 0;
   std::int32_t DiceRollSelectEnd = 1;
+  std::int32_t InsertRolls = kTypeOver;
+  std::int32_t PrintDieNumbers = 1;
+  std::int32_t PrintRollNumbers = 1;
+  std::int32_t PrintNumbersCalled = 1;
+  std::int32_t PrintSelectedRolls = 0;
+  std::int32_t RollPrintFontSize = 6;                  // points, 3 to 20
+  std::array<std::array<bool, 7>, 7> RollHighlight{};  // by Die2 and Die1
 };
 
 }  // namespace feltmaster

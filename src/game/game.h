@@ -8,6 +8,7 @@
 #include "game/dice_state.h"
 #include "game/preferences.h"
 #include "game/rules.h"
+#include "game/screens.h"
 #include "game/script.h"
 #include "game/statistics.h"
 #include "game/table.h"
@@ -28,7 +29,9 @@ struct FileNames {
   std::string AppPath;  // the data folder, with its final separator
   std::string GameFileName;
   std::string GamesLogFile;
-  std::int32_t FileStatus = 0;
+  std::string FileDialogPath;  // the folder and the name with which the file dialog opens
+  std::string FileDialogName;
+  std::int32_t FileStatus = 0;  // of the last open: 1 done, 0 refused, -1 a file error
   std::string LastErrorText;
 };
 
@@ -47,6 +50,7 @@ struct Game : TableState,
               ScriptState,
               MessageState,
               ChipStackState,
+              ScreenState,
               FileNames {
   RollDecisions Decisions;  // of the last roll
   SettleDisplay Settle;

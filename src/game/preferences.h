@@ -32,6 +32,10 @@ struct Preferences {
   std::int32_t ChipPicture = 1;
   std::int32_t DicePicture = 1;
   std::int32_t DiceAction = kDiceReturnAfterThrown;
+  // 0xBBGGRR: felt, lines, four kinds of text, dice, pips.
+  std::array<std::int32_t, 8> TableColors = {0x4A781B, 0xFFFFFF, 0x77BBFF, 0xFFFFFF,
+                                             0xFFFFFF, 0xFFFFFF, 0x0000FF, 0xFFFFFF};
+  std::int32_t TextureRow = 8;
   bool UseCentsSymbol = true;
   std::int32_t StickPersonChoice = 0;
   std::int32_t DiceSoundChoice = 0;
@@ -69,6 +73,8 @@ struct Preferences {
   std::int32_t RollTotalsVScroll = 0;
   bool ShowSkewedPercent = false;
   std::int32_t RollFreqsListIndex = 0;
+  std::int32_t GamesViewChoice = 7;     // bits 0 to 2 what is included, bit 3 the histogram
+  std::int32_t GamesDisplayChoice = 0;  // the variable, 0 to 31
 
   bool KeyInBetAmounts = false;
   bool DisplayBetAmounts = false;

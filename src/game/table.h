@@ -66,6 +66,16 @@ class BetStreaks {
   BetSet changed_;
 };
 
+// A chip as it lies on the picture of the table: 1 to 5 a denomination, 6 the marker of a stack
+// that chips cannot show. A bet of 0 marks one that has been taken away.
+struct TableChip {
+  std::int32_t bet = 0;
+  std::int32_t chip = 0;
+  std::int32_t x = 0;
+  std::int32_t y = 0;
+};
+inline constexpr std::size_t kMaxTableChips = 1000;
+
 struct TableState {
   BetAmounts BetAmount;
   std::array<MoneyAmount, kAmountSlots> BetAmountAtRollStart{};
@@ -77,6 +87,7 @@ struct TableState {
   std::array<MoneyAmount, kSlotCount> BuyVigPaid{};
   BetStates BetState;
   BetStreaks BetStreak;
+  std::vector<TableChip> ChipList;  // at most kMaxTableChips
 
   std::int32_t Die1 = 3;
   std::int32_t Die2 = 4;

@@ -66,6 +66,7 @@ struct FileRequest {
   std::string_view pattern;
   bool for_saving = false;
   std::string_view start_name;
+  std::string_view folder = {};
 };
 
 // What of the table picture has changed.
@@ -104,7 +105,7 @@ class Surface {
   virtual SettleReply ShowSettle(const SettleRequest& request) = 0;
   // False when the player cancels the step-through.
   virtual bool ShowStep(const StepRequest& request) = 0;
-  // The chosen path, or empty when the player gave up.
+  // The name as typed or chosen, with or without a folder; empty when the player gave up.
   virtual std::string AskFile(const FileRequest& request) = 0;
 
   // Plays a wave file; waits for its end if asked to. An empty name stops what plays.

@@ -253,6 +253,34 @@ constexpr StateName LineField(std::string_view name) {
       });
 }
 
+int ChipsOnTable(const Game& game) {
+  return static_cast<int>(game.ChipList.size());
+}
+// ChipList(n, 1 to 4): the bet, the chip, x and y of the n-th chip.
+struct ChipColumn {
+  std::int32_t TableChip::*number;
+  std::int32_t low, high;
+};
+constexpr std::array<ChipColumn, 4> kChipColumns = {{{&TableChip::bet, 0, kLastStack},
+                                                     {&TableChip::chip, 1, 6},
+                                                     {&TableChip::x, -32768, 32767},
+                                                     {&TableChip::y, -32768, 32767}}};
+constexpr StateName ChipTable() {
+  StateName entry = Custom(
+      "ChipList", StateType::kWhole, 2, {{{1, 0}, {1, 4}}},
+      [](Game& game, const StateIndex& index) {
+        const ChipColumn& column = kChipColumns[static_cast<std::size_t>(index[1] - 1)];
+        return Wrap(game.ChipList[static_cast<std::size_t>(index[0] - 1)].*column.number);
+      },
+      [](Game& game, const StateIndex& index, const StateValue& value) {
+        const ChipColumn& column = kChipColumns[static_cast<std::size_t>(index[1] - 1)];
+        if (Whole(value) < column.low || Whole(value) > column.high) return false;
+        return Assign(game.ChipList[static_cast<std::size_t>(index[0] - 1)].*column.number, value);
+      });
+  entry.length = ChipsOnTable;
+  return entry;
+}
+
 std::string BetNameOf(const Game& game, int slot) {
   if (slot > kFirstStack) {
     return game.StackPileName[static_cast<std::size_t>(slot - kFirstStack)];
@@ -351,6 +379,15 @@ const StateName
                 "BetName", kText, 1, {{{0, kBetNames - 1}}},
                 [](Game& game, const StateIndex& index) { return Wrap(BetNameOf(game, index[0])); },
                 nullptr),
+            Custom(
+                "ChipCount", kWhole, 0, {},
+                [](Game& game, const StateIndex&) { return Wrap(ChipsOnTable(game)); },
+                [](Game& game, const StateIndex&, const StateValue& value) {
+                  if (Whole(value) < 0 || Whole(value) > std::int64_t{kMaxTableChips}) return false;
+                  game.ChipList.resize(static_cast<std::size_t>(Whole(value)));
+                  return true;
+                }),
+            ChipTable(),
             BOUNDED(Die1, 1, 6),
             BOUNDED(Die2, 1, 6),
             BOUNDED(DiceTotal, 2, 12),
@@ -478,6 +515,23 @@ const StateName
             NAME(DiceRollNext),
             NAME(DiceRollLast),
             NAME(DiceRollSelectEnd),
+            Setting(BOUNDED(InsertRolls, kInsert, kTypeOver)),
+            Setting(BOUNDED(PrintDieNumbers, 0, 1)),
+            Setting(BOUNDED(PrintRollNumbers, 0, 1)),
+            Setting(BOUNDED(PrintNumbersCalled, 0, 1)),
+            Setting(BOUNDED(PrintSelectedRolls, 0, 1)),
+            Setting(BOUNDED(RollPrintFontSize, 3, 20)),
+            Custom(
+                "RollHighlight", kSwitch, 2, {{{0, 6}, {0, 6}}},
+                [](Game& game, const StateIndex& index) {
+                  return Wrap(game.RollHighlight[static_cast<std::size_t>(index[0])]
+                                                [static_cast<std::size_t>(index[1])]);
+                },
+                [](Game& game, const StateIndex& index, const StateValue& value) {
+                  return Assign(game.RollHighlight[static_cast<std::size_t>(index[0])]
+                                                  [static_cast<std::size_t>(index[1])],
+                                value);
+                }),
 
             // Roll statistics.
             EVENTS(RollCounts),
@@ -568,6 +622,8 @@ const StateName
             Setting(NAME(ChipPicture)),
             Setting(NAME(DicePicture)),
             Setting(BOUNDED(DiceAction, kDiceStationary, kDiceRemain)),
+            Setting(ROW(TableColors, 0, 7)),
+            Setting(BOUNDED(TextureRow, 0, 8)),
             Setting(NAME(UseCentsSymbol)),
             Setting(NAME(StickPersonChoice)),
             Setting(NAME(DiceSoundChoice)),
@@ -600,6 +656,8 @@ const StateName
             Setting(NAME(RollTotalsVScroll)),
             Setting(NAME(ShowSkewedPercent)),
             Setting(NAME(RollFreqsListIndex)),
+            Setting(BOUNDED(GamesViewChoice, 0, 15)),
+            Setting(BOUNDED(GamesDisplayChoice, 0, 31)),
             Setting(NAME(KeyInBetAmounts)),
             Setting(NAME(DisplayBetAmounts)),
             Setting(NAME(RollYourOwnNumbers)),
@@ -666,6 +724,8 @@ const StateName
             NAME(AppPath),
             NAME(GameFileName),
             NAME(GamesLogFile),
+            NAME(FileDialogPath),
+            NAME(FileDialogName),
             NAME(FileStatus),
             NAME(LastErrorText),
 };
