@@ -69,6 +69,9 @@ struct Preferences {
   std::int32_t RollTotalsVScroll = 0;
   bool ShowSkewedPercent = false;
   std::int32_t RollFreqsListIndex = 0;
+  // The screen's memory from one opening to the next, kept in no file; see
+  // view/bet_results_table.h.
+  std::string BetResultsSelection;
 
   bool KeyInBetAmounts = false;
   bool DisplayBetAmounts = false;

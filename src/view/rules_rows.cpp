@@ -73,6 +73,12 @@ Rows PayoffRows(const Game& game) {
 
 Rows AdvantageRows(const Game& game) {
   Rows rows;
+  if (game.ShowMiscData) {
+    rows.push_back({"", "Rolls/Dec", "Decs/Roll", "Decs/Hour", "Decs/Min", "Time/Dec"});
+  } else {
+    rows.push_back({"All figures shown in percentage", "EV/Roll", "StDev/Roll", "EV/Dec",
+                    "StDev/Dec", "EV/Hour"});
+  }
   const double rate = game.RollsPerHour.ToDouble();
   const auto figure = [](double value) { return FormatNumber(value, "0.00;-0.00;0.00"); };
   for (int bet = 1; bet <= kBetCount; ++bet) {

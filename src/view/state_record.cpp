@@ -600,6 +600,7 @@ const StateName
             Setting(NAME(RollTotalsVScroll)),
             Setting(NAME(ShowSkewedPercent)),
             Setting(NAME(RollFreqsListIndex)),
+            NAME(BetResultsSelection),
             Setting(NAME(KeyInBetAmounts)),
             Setting(NAME(DisplayBetAmounts)),
             Setting(NAME(RollYourOwnNumbers)),
