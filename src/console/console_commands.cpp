@@ -19,10 +19,12 @@
 #include "base/number_format.h"
 #include "base/text.h"
 #include "config/advantage.h"
+#include "config/comps.h"
 #include "config/configure.h"
 #include "console/arguments.h"
 #include "console/dealer_words.h"
 #include "console/json_text.h"
+#include "console/text_table.h"
 #include "dice/probability.h"
 #include "dice/rng.h"
 #include "engine/amounts.h"
@@ -33,8 +35,13 @@
 #include "files/file_commands.h"
 #include "stats/bankroll_history.h"
 #include "stats/roll_statistics.h"
+#include "view/bankroll_graph.h"
+#include "view/bet_results_table.h"
+#include "view/roll_frequencies.h"
+#include "view/roll_totals.h"
 #include "view/rules_rows.h"
 #include "view/state_record.h"
+#include "view/summary.h"
 #include "view/table_rows.h"
 
 namespace feltmaster {
@@ -518,8 +525,21 @@ Reply CallFigureAdvantage(Console& console, Arguments& args) {
                                .Text();
   return Done(json, json + '\n');
 }
-Reply CallFigureComps(Console&, Arguments&) {
-  return NotYet("FigureComps");
+// Target 1 is the Comps tab, 2 the Summary.
+Reply CallFigureComps(Console& console, Arguments& args) {
+  args.Number("Target", 1, 2);
+  args.End();
+  if (args.Failed()) return Refused(args);
+  const Comps comps = FigureComps(console.Table);
+  const std::string json = JsonObject()
+                               .Add("Action", comps.Action)
+                               .Add("Count", comps.Count)
+                               .Add("Value", comps.Value)
+                               .Add("Hours", comps.Hours)
+                               .Add("ActionTime", comps.ActionTime)
+                               .Add("CompValue", comps.CompValue)
+                               .Text();
+  return Done(json, json + '\n');
 }
 Reply CallProbablePercent(Console& console, Arguments& args) {
   const auto category = static_cast<int>(args.Number("category", 0, kRollCategories - 1));
@@ -665,21 +685,26 @@ Reply CallProcedure(Console& console, Arguments& args) {
   return GoOn(console, args, kProcedures, "PROCEDURE");
 }
 
-Reply RowsReply(const Rows& rows) {
+Reply RowsReply(const Rows& rows, std::string words) {
   std::vector<std::string> list;
-  std::string words;
   for (const Row& row : rows) {
     std::vector<std::string> cells;
+    for (const std::string& cell : row) cells.push_back(JsonOf(cell));
+    list.push_back(JsonList(cells));
+  }
+  return Done(JsonList(list), std::move(words));
+}
+Reply RowsReply(const Rows& rows) {
+  std::string words;
+  for (const Row& row : rows) {
     std::string line;
     for (const std::string& cell : row) {
-      cells.push_back(JsonOf(cell));
       if (!line.empty() && !line.ends_with(' ')) line += "  ";
       line += cell;
     }
-    list.push_back(JsonList(cells));
     words += line + '\n';
   }
-  return Done(JsonList(list), words);
+  return RowsReply(rows, words);
 }
 
 template <auto kRows>
@@ -694,6 +719,89 @@ Reply ShowStatus(Console& console, Arguments& args) {
   const Game& game = console.Table;
   return RowsReply(StatusRows(game, game.EntryBoxOpen ? game.EntryBoxBet : 0));
 }
+// The rows of a screen, in columns.
+template <auto kRows>
+Reply ShowTable(Console& console, Arguments& args) {
+  args.End();
+  if (args.Failed()) return Refused(args);
+  const Rows rows = kRows(console.Table);
+  return RowsReply(rows, TextTable(rows));
+}
+template <auto kFigures>
+Reply ShowFigures(Console& console, Arguments& args) {
+  args.End();
+  if (args.Failed()) return Refused(args);
+  const Rows rows = RowsOf(kFigures(console.Table));
+  return RowsReply(rows, TextTable(rows));
+}
+
+// A person reads a line for each bar, with the bar drawn.
+Reply ShowTotals(Console& console, Arguments& args) {
+  args.End();
+  if (args.Failed()) return Refused(args);
+  constexpr int kBarWidth = 30;
+  const Rows rows = RollTotalRows(console.Table);
+  const RollTotals totals = RollTotalsOf(console.Table);
+  Rows lines(rows[1].size());
+  for (std::size_t row = 1; row < rows.size(); ++row) {
+    for (std::size_t bar = 0; bar < lines.size(); ++bar) lines[bar].push_back(rows[row][bar]);
+  }
+  lines[0][2] = "since last";
+  lines[0].push_back("");
+  for (std::size_t bar = 0; bar < totals.bars.size(); ++bar) {
+    lines[bar + 1].push_back(TextBar(totals.bars[bar].actual_height, kBarWidth));
+  }
+  return RowsReply(rows, TextTable(lines, true) + "Total rolls  " + totals.total_rolls + '\n');
+}
+
+// Without N the entry that the screen has selected.
+Reply ShowFrequencies(Console& console, Arguments& args) {
+  Game& game = console.Table;
+  std::int64_t entry = std::clamp(game.RollFreqsListIndex, 0, kFrequencyEntries - 1);
+  bool skewed = args.Take("skewed");
+  if (!skewed && !args.AtEnd()) {
+    entry = args.Number("N", 0, kFrequencyEntries - 1);
+    skewed = args.Take("skewed");
+  }
+  args.End();
+  if (args.Failed()) return Refused(args);
+  const FrequencyEntry& chosen = kFrequencyEntry[static_cast<std::size_t>(entry)];
+  Rows rows = {{"Display frequencies for:", std::string(chosen.caption)}};
+  const Rows figures = RowsOf(FrequencyFigures(game, chosen.event, skewed));
+  rows.insert(rows.end(), figures.begin(), figures.end());
+  std::string words = TextTable(rows) + '\n';
+
+  const Rows gaps = GapRows(game, chosen.event);
+  Rows columns(kGapRowsShown);
+  for (std::size_t gap = 0; gap < gaps.size(); ++gap) {
+    Row& line = columns[gap % kGapRowsShown];
+    line.insert(line.end(), gaps[gap].begin(), gaps[gap].end());
+  }
+  rows.insert(rows.end(), gaps.begin(), gaps.end());
+  return RowsReply(rows, words + TextTable(columns));
+}
+
+// What the arguments choose, or else the screen's own choice, or else all bets.
+Reply ShowResults(Console& console, Arguments& args) {
+  Game& game = console.Table;
+  BetResultsChoice choice = ReadBetResultsSelection(game.BetResultsSelection);
+  if (args.Take("phantom")) {
+    choice.phantom = true;
+  } else if (args.Take("actual")) {
+    choice.phantom = false;
+  }
+  if (args.Take("all")) {
+    choice.bets = kLayoutBets;
+  } else if (!args.AtEnd()) {
+    choice.bets.Clear();
+    while (!args.AtEnd() && !args.Failed()) choice.bets.Add(args.LayoutBet(game));
+  }
+  args.End();
+  if (args.Failed()) return Refused(args);
+  if (choice.bets.Empty()) choice.bets = kLayoutBets;
+  const Rows rows = BetResultRows(game, choice);
+  return RowsReply(rows, TextTable(rows));
+}
 Reply ShowLater(Console&, Arguments&) {
   return NotYet("This screen");
 }
@@ -701,19 +809,19 @@ Reply ShowLater(Console&, Arguments&) {
 constexpr Command kScreens[] = {
     {"bets", "", "the bets that stand", ShowRows<BetRows>},
     {"status", "", "the status lines", ShowStatus},
-    {"summary", "", "a digest of the game", ShowLater},
-    {"totals", "", "how often each roll came", ShowLater},
-    {"frequencies", "N", "one roll event in depth", ShowLater},
-    {"results", "", "what the bets have won and lost", ShowLater},
-    {"trends", "", "runs of wins and losses", ShowRows<TrendRows>},
-    {"bankroll", "", "the figures of the bankroll", ShowRows<BankrollHeaderRows>},
+    {"summary", "", "a digest of the game", ShowFigures<SummaryFigures>},
+    {"totals", "", "how often each roll came", ShowTotals},
+    {"frequencies", "[N] [skewed]", "one roll event in depth", ShowFrequencies},
+    {"results", "[phantom|actual] [all|BET ...]", "what the bets have won and lost", ShowResults},
+    {"trends", "", "runs of wins and losses", ShowTable<TrendRows>},
+    {"bankroll", "", "the figures of the bankroll", ShowFigures<BankrollHeader>},
     {"games", "", "the Games Log", ShowLater},
     {"stacks", "", "the Chip-Stacks", ShowRows<ChipStackRows>},
     {"flags", "", "the flags of the script", ShowRows<FlagRows>},
-    {"advantage", "", "what each bet is worth", ShowRows<AdvantageRows>},
-    {"payoffs", "", "the payoffs in force", ShowRows<PayoffRows>},
-    {"comps", "", "the comps earned", ShowLater},
-    {"settings", "", "all settings", ShowRows<SettingRows>},
+    {"advantage", "", "what each bet is worth", ShowTable<AdvantageRows>},
+    {"payoffs", "", "the payoffs in force", ShowTable<PayoffRows>},
+    {"comps", "", "the comps earned", ShowFigures<CompFigures>},
+    {"settings", "", "all settings", ShowTable<SettingRows>},
 };
 
 Reply Show(Console& console, Arguments& args) {

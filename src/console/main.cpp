@@ -28,6 +28,8 @@ int main(int argc, char** argv) {
   feltmaster::AddConsoleVerb(app, exit_code);
   feltmaster::AddSimulateVerb(app, exit_code);
   feltmaster::AddScriptVerb(app, exit_code);
+  feltmaster::AddAdvantageVerb(app, exit_code);
+  feltmaster::AddPayoffsVerb(app, exit_code);
   feltmaster::AddBenchVerb(app, exit_code);
   app.footer(
       "feltmaster VERB --help tells more about a verb.\n\n"

@@ -104,14 +104,6 @@ std::uint64_t SeedFromClock() {
   return static_cast<std::uint64_t>(ticks) % kSeeds;
 }
 
-std::pair<std::string, std::string> ReadSetting(const std::string& text) {
-  const std::size_t sign = text.find('=');
-  if (sign == std::string::npos || sign == 0) {
-    throw BadOption{"--set takes NAME=VALUE, not \"" + text + "\"."};
-  }
-  return {text.substr(0, sign), text.substr(sign + 1)};
-}
-
 Experiment ReadExperiment(const SimulateOptions& options) {
   const MoneyAmount least = MoneyAmount::FromRaw(1);
   const MoneyAmount most = MoneyAmount::FromWhole(kBankLimit);
@@ -146,7 +138,8 @@ Experiment ReadExperiment(const SimulateOptions& options) {
     experiment.stop_loss = ReadDecimal("--stop-loss", *options.stop_loss, least, most);
   }
   for (const std::string& setting : options.settings) {
-    experiment.settings.push_back(ReadSetting(setting));
+    const std::string fault = ReadHouseSetting(setting, experiment.settings);
+    if (!fault.empty()) throw BadOption{fault};
   }
   if (options.rng) {
     experiment.rng = static_cast<std::int32_t>(ReadWhole("--rng", *options.rng, 1, kRngCount));

@@ -18,7 +18,6 @@
 #include "base/hash.h"
 #include "base/text.h"
 #include "config/advantage.h"
-#include "config/configure.h"
 #include "console/batch_surface.h"
 #include "dice/rng.h"
 #include "engine/new_game.h"
@@ -52,32 +51,6 @@ std::uint64_t Permute(std::uint64_t index, std::uint64_t size, std::uint64_t key
 }
 
 // --- The table -------------------------------------------------------------------------------
-
-// Listens while the table is made: a refusal of the house is a fault of the experiment.
-class SetUpSurface final : public NullSurface {
- public:
-  bool TableMinimised() override { return false; }
-  MessageReply ShowMessage(const MessageRequest& request) override {
-    const bool asks = (request.options & (kButtonYes | kOneInput)) != 0;
-    if (!asks && refusal_.empty()) refusal_ = OneLine(request.text);
-    return {};
-  }
-  const std::string& Refusal() const { return refusal_; }
-
-  static std::string OneLine(std::string_view text) {
-    std::string line;
-    for (const char c : text) {
-      const bool blank = c == '\n' || c == '\r' || c == ' ';
-      if (!blank) line += c;
-      if (blank && !line.empty() && line.back() != ' ') line += ' ';
-    }
-    while (!line.empty() && line.back() == ' ') line.pop_back();
-    return line;
-  }
-
- private:
-  std::string refusal_;
-};
 
 // An option and the settings that say the same in another way.
 std::string FindContradiction(const Experiment& experiment) {
@@ -291,14 +264,8 @@ std::string PrepareTable(const Experiment& experiment, Game& table) {
   }
 
   if (experiment.bankroll) table.AllowNegBankroll = false;
-  for (const auto& [name, value] : experiment.settings) {
-    const std::string fault = Configure(table, name, value);
-    if (!fault.empty()) return "--set " + name + "=" + value + ": " + fault;
-    if (!surface.Refusal().empty()) {
-      return "--set " + name + "=" + value + ": " + surface.Refusal();
-    }
-  }
-  if (!CheckLimits(table)) return "--set: " + surface.Refusal();
+  std::string refused = ApplyHouseSettings(table, surface, experiment.settings);
+  if (!refused.empty()) return refused;
 
   if (experiment.bankroll) {
     table.BankrollInitType = kStartBankrollWith;

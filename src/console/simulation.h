@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/money.h"
+#include "console/house_settings.h"
 #include "game/game.h"
 
 namespace feltmaster {
@@ -25,8 +26,8 @@ inline constexpr std::int64_t kMaxGames = 10'000'000;  // of one run; the result
 struct Experiment {
   std::string
       script;  // path of a .bet file or of a script as text; empty for the built-in strategy
-  std::vector<std::pair<std::string, std::string>> settings;  // name and value, in their order
-  std::optional<std::int32_t> rng;                            // 1 to 8; as the settings say
+  HouseSettings settings;
+  std::optional<std::int32_t> rng;  // 1 to 8; as the settings say
   std::uint64_t seed = 0;
 
   std::int64_t first_game = 1;

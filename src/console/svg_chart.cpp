@@ -151,6 +151,40 @@ void SvgChart::Bars(const std::vector<Bar>& bars) {
   }
 }
 
+void SvgChart::NamedBars(const Frame& frame, std::string_view title,
+                         const std::vector<NamedBar>& bars) {
+  constexpr double kLabelWidth = 60;
+  constexpr double kBarShare = 0.7;  // of the height that a bar has
+  Text(frame.left, frame.top - 12, "panel", title);
+  if (bars.empty()) return;
+  double low = 0;
+  double high = 0;
+  for (const NamedBar& bar : bars) {
+    low = std::fmin(low, bar.value);
+    high = std::fmax(high, bar.value);
+  }
+  frame_ = {frame.left + kLabelWidth, frame.top, frame.width - 2 * kLabelWidth, frame.height};
+  x_ = {low, high > low ? high : low + 1, "", false};
+  const double step = frame.height / static_cast<double>(bars.size());
+  double top = frame.top;
+  for (const NamedBar& bar : bars) {
+    const double base = top + step * 0.72;  // of the letters
+    const double left = PlaceX(std::fmin(bar.value, 0));
+    const double right = PlaceX(std::fmax(bar.value, 0));
+    Text(frame.left - 8, base, "tick beside", bar.name);
+    body_ += "  <rect" + Attribute("class", bar.value < 0 ? "lost" : "won") + Attribute("x", left) +
+             Attribute("y", top + step * (1 - kBarShare) / 2) + Attribute("width", right - left) +
+             Attribute("height", step * kBarShare) + "/>\n";
+    if (bar.value < 0) {
+      Text(left - 4, base, "tick beside", bar.label);
+    } else {
+      Text(right + 4, base, "tick", bar.label);
+    }
+    top += step;
+  }
+  body_ += LineElement("zero", PlaceX(0), frame.top, PlaceX(0), frame.top + frame.height);
+}
+
 void SvgChart::Line(const std::vector<Point>& points, std::string_view color, double opacity) {
   if (points.empty()) return;
   body_ += "  <polyline" + Attribute("class", "path") + Attribute("stroke", color) +

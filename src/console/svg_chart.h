@@ -40,6 +40,15 @@ class SvgChart {
   void Panel(const Frame& frame, std::string_view title, const Axis& x, const Axis& y);
   void Bars(const std::vector<Bar>& bars);  // losing values in red, winning ones in green
   void Line(const std::vector<Point>& points, std::string_view color, double opacity);
+  // A panel of bars that lie under one another, from zero to their values, each between its name
+  // and its value as a text. The height of the frame is shared out.
+  struct NamedBar {
+    std::string name;
+    double value = 0;
+    std::string label;
+  };
+  void NamedBars(const Frame& frame, std::string_view title, const std::vector<NamedBar>& bars);
+
   // A marked value of the x axis, and one of the y axis.
   void MarkX(double value, std::string_view label);
   void MarkY(double value);

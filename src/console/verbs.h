@@ -12,5 +12,7 @@ void AddConsoleVerb(CLI::App& app, int& exit_code);
 void AddSimulateVerb(CLI::App& app, int& exit_code);
 void AddBenchVerb(CLI::App& app, int& exit_code);
 void AddScriptVerb(CLI::App& app, int& exit_code);
+void AddAdvantageVerb(CLI::App& app, int& exit_code);
+void AddPayoffsVerb(CLI::App& app, int& exit_code);
 
 }  // namespace feltmaster

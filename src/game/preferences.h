@@ -75,6 +75,9 @@ struct Preferences {
   std::int32_t RollFreqsListIndex = 0;
   std::int32_t GamesViewChoice = 7;     // bits 0 to 2 what is included, bit 3 the histogram
   std::int32_t GamesDisplayChoice = 0;  // the variable, 0 to 31
+  // The screen's memory from one opening to the next, kept in no file; see
+  // view/bet_results_table.h.
+  std::string BetResultsSelection;
 
   bool KeyInBetAmounts = false;
   bool DisplayBetAmounts = false;

@@ -17,16 +17,17 @@ Row PayoffRow(std::string label, const PayRow& row) {
           PlainNumber(row.PayDenominator)};
 }
 
-std::string FieldLabel(int die1, int die2) {
-  return std::to_string(die1 + die2) + " (" + std::to_string(die1) + '-' + std::to_string(die2) +
-         ')';
-}
-
-// The Pass Line and its odds have no payoffs of their own, but an advantage.
-std::string AdvantageLabel(int bet) {
-  if (bet == kPassLine) return "Passline/Come";
-  if (bet == kPassOdds) return "Passline/Come Odds";
-  return PayoffLabel(bet);
+// "4 (1-3)", by the row of FieldPayTable.
+std::array<std::string, kFieldRows> FieldRowLabels() {
+  std::array<std::string, kFieldRows> labels;
+  for (int low = 1; low <= 6; ++low) {
+    for (int high = low; high <= 6; ++high) {
+      labels[static_cast<std::size_t>(FieldRowOfDice(low, high))] =
+          std::to_string(low + high) + " (" + std::to_string(low) + '-' + std::to_string(high) +
+          ')';
+    }
+  }
+  return labels;
 }
 
 // A length of time in hours as hours, minutes and seconds.
@@ -59,12 +60,7 @@ Rows PayoffRows(const Game& game) {
   for (const int bet : kPayoffGrid) {
     rows.push_back(PayoffRow(PayoffLabel(bet), game.PayTable[static_cast<std::size_t>(bet)]));
   }
-  std::array<std::string, kFieldRows> labels;
-  for (int die1 = 1; die1 <= 6; ++die1) {
-    for (int die2 = die1; die2 <= 6; ++die2) {
-      labels[static_cast<std::size_t>(FieldRowOfDice(die1, die2))] = FieldLabel(die1, die2);
-    }
-  }
+  const auto labels = FieldRowLabels();
   for (std::size_t row = 1; row < kFieldRows; ++row) {
     rows.push_back(PayoffRow(labels[row], game.FieldPayTable[row]));
   }
@@ -73,12 +69,18 @@ Rows PayoffRows(const Game& game) {
 
 Rows AdvantageRows(const Game& game) {
   Rows rows;
+  if (game.ShowMiscData) {
+    rows.push_back({"", "Rolls/Dec", "Decs/Roll", "Decs/Hour", "Decs/Min", "Time/Dec"});
+  } else {
+    rows.push_back({"All figures shown in percentage", "EV/Roll", "StDev/Roll", "EV/Dec",
+                    "StDev/Dec", "EV/Hour"});
+  }
   const double rate = game.RollsPerHour.ToDouble();
   const auto figure = [](double value) { return FormatNumber(value, "0.00;-0.00;0.00"); };
   for (int bet = 1; bet <= kBetCount; ++bet) {
     const Advantage worth = FigureAdvantage(game, bet);
     const double rolls = worth.rolls_per_decision;
-    Row row = {AdvantageLabel(bet)};
+    Row row = {PayoffLabel(bet)};
     if (!game.ShowMiscData) {
       for (const double value :
            {worth.ev_per_roll * 100, worth.deviation_per_roll * 100, worth.ev_per_decision * 100,

@@ -9,8 +9,8 @@ namespace feltmaster {
 // denominator.
 Rows PayoffRows(const Game& game);
 
-// What every bet is worth under the rules in force: label and five figures, those that the screen
-// is set to show.
+// What every bet is worth under the rules in force: under a heading, label and five figures, those
+// that the screen is set to show. Row n is bet n.
 Rows AdvantageRows(const Game& game);
 
 // Every setting by its name; of a table a row for each element.

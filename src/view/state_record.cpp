@@ -658,6 +658,7 @@ const StateName
             Setting(NAME(RollFreqsListIndex)),
             Setting(BOUNDED(GamesViewChoice, 0, 15)),
             Setting(BOUNDED(GamesDisplayChoice, 0, 31)),
+            NAME(BetResultsSelection),
             Setting(NAME(KeyInBetAmounts)),
             Setting(NAME(DisplayBetAmounts)),
             Setting(NAME(RollYourOwnNumbers)),

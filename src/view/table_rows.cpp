@@ -2,13 +2,10 @@
 
 #include "base/number_format.h"
 #include "engine/amounts.h"
-#include "stats/roll_statistics.h"
 
 namespace feltmaster {
 
 namespace {
-
-constexpr std::string_view kWholeFormat = "#,#;-#,#;0";
 
 std::string NameOfLayoutBet(int bet) {
   return std::string(kBetName[static_cast<std::size_t>(bet)]);
@@ -90,24 +87,6 @@ Rows TrendRows(const Game& game) {
     rows.push_back({NameOfLayoutBet(bet), run == 0 ? std::string() : std::to_string(run)});
   }
   return rows;
-}
-
-Rows BankrollHeaderRows(const Game& game) {
-  const std::int32_t rolls = RollCounts(game, 0);
-  const MoneyAmount rate = game.RollsPerHour;
-  const MoneyAmount hours =
-      rate.Raw() == 0 ? MoneyAmount() : Quotient(MoneyAmount::FromWhole(rolls), rate);
-  const MoneyAmount current = game.BetAmount[kBankroll];
-  const bool whole = game.BankrollHigh.IsWhole() && game.BankrollLow.IsWhole() && current.IsWhole();
-  const std::string_view money = whole ? kWholeFormat : "#,#.00;-#,#.00;0.00";
-  return {
-      {"Total Rolls:", FormatNumber(std::int64_t{rolls}, "#,#;0;0")},
-      {"Rolls / hr:", FormatNumber(rate, rate.IsWhole() ? kWholeFormat : "#,#.0###;-#,#;0")},
-      {"Sim hrs:", FormatNumber(hours, hours.IsWhole() ? kWholeFormat : "#,#.00;-#,#;0.00")},
-      {"High:", FormatNumber(game.BankrollHigh, money)},
-      {"Low:", FormatNumber(game.BankrollLow, money)},
-      {"Current:", FormatNumber(current, money)},
-  };
 }
 
 Rows FlagRows(const Game& game) {

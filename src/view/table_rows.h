@@ -20,9 +20,6 @@ Rows ChipStackRows(const Game& game);
 // The current run of wins or losses of every bet; blank where there is none.
 Rows TrendRows(const Game& game);
 
-// The figures above the bankroll graph.
-Rows BankrollHeaderRows(const Game& game);
-
 // The flags of the script: "NAME - True".
 Rows FlagRows(const Game& game);
 
