@@ -8,7 +8,9 @@
 #include <utility>
 
 #include "autobet/message.h"
+#include "autobet/script_conversion.h"
 #include "autobet/script_lines.h"
+#include "autobet/script_record.h"
 #include "autobet/script_text.h"
 #include "base/number_format.h"
 #include "base/record_file.h"
@@ -18,31 +20,8 @@ namespace feltmaster {
 
 namespace {
 
-constexpr std::string_view kHeader = "Feltmaster AutoBets, Data Format 5.0";
-constexpr std::string_view kTitle = "Feltmaster AutoBets";
-constexpr std::string_view kSiblingTitle = "Feltking AutoBets";
 constexpr double kVersion = 5.0;
-constexpr std::size_t kVersionSize = 4;
 constexpr std::size_t kTextLimit = 4 << 20;  // no script is longer than that
-
-// Byte offsets in a line record. The header has its title in the place of LineText and the count of
-// lines in the place of LineAmount.
-enum Offset : std::size_t {
-  kAtText = 0,
-  kAtKind = 128,
-  kAtCode = 130,
-  kAtName = 134,
-  kAtAmount = 214,
-  kAtSubject = 222,
-  kAtSubjectStack = 226,
-  kAtReserved1 = 228,
-  kAtTarget = 230,
-  kAtTargetStack = 234,
-  kAtReserved2 = 236,
-  kAtEnd = 238,
-};
-static_assert(kAtKind - kAtText == kLineTextSize && kAtAmount - kAtName == kLineNameSize);
-static_assert(kAtEnd + 18 == kRecordSize);
 
 Record LineRecord(const ScriptLine& line) {
   Record record;
@@ -93,15 +72,8 @@ std::string Shortest(double value) {
 // Whether the header is that of a script that this program can read. If not, tells why.
 bool AcceptHeader(Game& game, const std::string& path, const Record& header) {
   const std::string title = header.Text(kAtText, kLineTextSize);
-  if (title.starts_with(kSiblingTitle)) {
-    Refuse(
-        game, path,
-        "was created using Feltking, and the conversion of Feltking files is not available yet.");
-    return false;
-  }
-  const std::size_t tail = title.size() > kVersionSize ? title.size() - kVersionSize : 0;
-  const double version = NumericPrefix(title.substr(tail));
-  if (!title.starts_with(kTitle) || version < kVersion || std::isnan(version)) {
+  const double version = ScriptVersion(header);
+  if (!title.starts_with(kScriptTitle) || version < kVersion || std::isnan(version)) {
     Refuse(game, path, "has either been corrupted or is not a true Feltmaster Auto-Bet file.");
     return false;
   }
@@ -167,6 +139,10 @@ bool LoadScript(Game& game, const std::string& path) {
   Record record;
   if (!file.Read(record)) record = Record();
   game.FileStatus = 0;
+  if (IsSiblingScript(record)) {
+    std::string converted = path;
+    return OfferConversion(game, converted) && LoadScript(game, converted);
+  }
   if (!AcceptHeader(game, path, record)) return false;
   game.FileStatus = 1;
 
@@ -194,10 +170,7 @@ bool SaveScript(Game& game, const std::string& path) {
     bytes += LineRecord(line).Bytes();
     ++count;
   }
-  Record header;
-  header.SetText(kAtText, kLineTextSize, kHeader);
-  header.SetMoney(kAtAmount, MoneyAmount::FromWhole(count));
-  bytes.replace(0, kRecordSize, header.Bytes());
+  bytes.replace(0, kRecordSize, ScriptHeader(count).Bytes());
   if (const std::optional<FileError> error = WriteFileAtomically(path, bytes)) {
     game.LastErrorText = error->At("Save Auto-Bet File");
     return false;
@@ -235,7 +208,12 @@ std::optional<std::string> LoadScriptOrText(Game& game, const std::string& path)
   if (LooksLikeScriptFile(text)) {
     game.MsgText.clear();
     game.LastErrorText.clear();
-    if (LoadScript(game, path)) return CutShort(game, path, text);
+    const bool sibling = text.starts_with(kSiblingScriptTitle);
+    if (LoadScript(game, path)) return sibling ? std::nullopt : CutShort(game, path, text);
+    if (sibling) {
+      return path +
+             " is a script of Feltking; \"feltmaster script convert\" makes a copy that loads.";
+    }
     return OneLine(game.LastErrorText.empty() ? game.MsgText : game.LastErrorText);
   }
   if (text.find('\0') != std::string::npos) {

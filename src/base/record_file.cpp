@@ -219,4 +219,16 @@ std::optional<FileError> WriteFileAtomically(const std::string& path, std::strin
   return std::nullopt;
 }
 
+std::optional<FileError> WriteOverStart(const std::string& path, std::string_view bytes) {
+  constexpr std::size_t kLimit = 64 << 20;
+  std::string whole(bytes);
+  struct stat status {};
+  std::string older;
+  if (::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
+      !ReadWholeFile(path, kLimit, older) && older.size() > bytes.size()) {
+    whole += std::string_view(older).substr(bytes.size());
+  }
+  return WriteFileAtomically(path, whole);
+}
+
 }  // namespace feltmaster

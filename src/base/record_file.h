@@ -75,5 +75,8 @@ std::optional<FileError> ReadWholeFile(const std::string& path, std::size_t limi
 // Writes a file whole or not at all: beside the old one, flushed to the disk and renamed over it.
 // The old file's permissions stay; a link is followed. A device or pipe is written as it is.
 std::optional<FileError> WriteFileAtomically(const std::string& path, std::string_view bytes);
+// The same, but what an older and longer file holds behind these bytes stays. A file too large to
+// be one of records is replaced.
+std::optional<FileError> WriteOverStart(const std::string& path, std::string_view bytes);
 
 }  // namespace feltmaster

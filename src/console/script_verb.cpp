@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "autobet/check_bets.h"
+#include "autobet/script_conversion.h"
 #include "autobet/script_file.h"
 #include "autobet/script_text.h"
 #include "autobet/vocabulary.h"
@@ -173,6 +174,39 @@ int Compile(const ScriptOptions& options) {
   return Printed(TellStructure(options.file, desk.table.ScriptLines));
 }
 
+int Convert(const ScriptOptions& options) {
+  if (!Lower(options.output).ends_with(".bet")) {
+    return Refuse("OUT " + options.output + " is no name of a script file; it must end in .bet.");
+  }
+  Record header;
+  RecordReader source;
+  if (const auto error = source.Open(options.file)) {
+    return Refuse(options.file + " cannot be read: " + error->description + '.');
+  }
+  if (!source.Read(header) || !IsSiblingScript(header)) {
+    return Refuse(options.file + " is no script of Feltking; nothing to convert.");
+  }
+  ConversionCount count;
+  if (const auto error = ConvertScriptFile(options.file, options.output, count)) {
+    return Refuse(options.file + " cannot be converted to " + options.output + ": " +
+                  error->description + '.');
+  }
+  if (options.json) {
+    std::cout << JsonObject()
+                     .Add("file", options.output)
+                     .Add("lines", count.kept)
+                     .Add("dropped", count.dropped)
+                     .Text()
+              << '\n';
+  } else {
+    std::cout << options.output << ": " << count.kept << " lines, " << count.dropped
+              << " dropped.\n";
+  }
+  Desk desk;
+  if (const int refused = desk.Load(options.output)) return refused;
+  return Printed(TellStructure(options.output, desk.table.ScriptLines));
+}
+
 // What stands for a field in the list of words.
 std::string_view PlaceOf(Field field) {
   switch (field) {
@@ -329,6 +363,17 @@ void AddScriptVerb(CLI::App& app, int& exit_code) {
       "written too, and the fault told.\n\n"
       "Example:\n"
       "  feltmaster script compile mine.txt mine.bet");
+
+  CLI::App* convert = add("convert", "Converts a script of Feltking", Convert);
+  convert->add_option("IN", options->file, "A .bet file of Feltking, which stays as it is")
+      ->required();
+  convert->add_option("OUT", options->output, "The .bet file to write")->required();
+  convert->add_flag("--json", options->json, "Prints an object: file, lines, dropped");
+  convert->footer(
+      "Lines that speak of Don't Pass or Don't Come bets are dropped. If that leaves a\n"
+      "fault in the structure, the script is written all the same and the fault told.\n\n"
+      "Example:\n"
+      "  feltmaster script convert theirs.bet ours.bet");
 
   CLI::App* check = add("check", "Tests the structure of a script", Check);
   check->add_option("FILE", options->file, "A .bet file or the text of a script")->required();
