@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "autobet/message.h"
+#include "autobet/output_file.h"
 #include "autobet/run_script.h"
 #include "base/number_format.h"
 #include "config/payoffs.h"
@@ -199,6 +200,7 @@ void PlayRoll(Game& game) {
 
 void EndHyperDrive(Game& game) {
   game.HyperDriveActive = false;
+  FlushScriptOutput(game);
   game.surface->ShowBanner("");
   if (!game.HyperDriveStopText.empty()) {
     Tell(game, "Hyper-Drive Stopped", game.HyperDriveStopText);
