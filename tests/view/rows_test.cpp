@@ -6,6 +6,8 @@
 #include "engine/place_bet.h"
 #include "engine/start_up.h"
 #include "surface/null_surface.h"
+#include "view/bankroll_graph.h"
+#include "view/figure.h"
 #include "view/rules_rows.h"
 #include "view/table_rows.h"
 
@@ -53,12 +55,12 @@ TEST_F(RowsTest, StatusTellsHowThePlayerStandsAndTheBetUnderThePointer) {
 TEST_F(RowsTest, BankrollHeaderShowsCentsOnAllAmountsOrNone) {
   game_->BetAmount.Set(kBankroll, 1000_usd);
   game_->BankrollHigh = 12345_usd;
-  EXPECT_THAT(BankrollHeaderRows(*game_),
+  EXPECT_THAT(RowsOf(BankrollHeader(*game_)),
               ElementsAre(Row{"Total Rolls:", "0"}, Row{"Rolls / hr:", "120"}, Row{"Sim hrs:", "0"},
                           Row{"High:", "12,345"}, Row{"Low:", "0"}, Row{"Current:", "1,000"}));
   game_->BankrollLow = -0.5_usd;
-  EXPECT_THAT(BankrollHeaderRows(*game_)[3], ElementsAre("High:", "12,345.00"));
-  EXPECT_THAT(BankrollHeaderRows(*game_)[4], ElementsAre("Low:", "-.50"));
+  EXPECT_THAT(RowsOf(BankrollHeader(*game_))[3], ElementsAre("High:", "12,345.00"));
+  EXPECT_THAT(RowsOf(BankrollHeader(*game_))[4], ElementsAre("Low:", "-.50"));
 }
 
 TEST_F(RowsTest, PayoffsAreShownInTheirOwnWord) {
