@@ -1,11 +1,11 @@
 #include "autobet/script_conversion.h"
 
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <cerrno>
+#include <filesystem>
 #include <span>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include "autobet/message.h"
@@ -90,10 +90,6 @@ std::string ConvertedBytes(std::string_view source, ConversionCount& count) {
   return bytes;
 }
 
-bool IsSameFile(const struct stat& a, const struct stat& b) {
-  return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
-}
-
 }  // namespace
 
 bool IsSiblingScript(const Record& header) {
@@ -112,10 +108,8 @@ std::optional<std::int32_t> ConvertedCode(std::int32_t code) {
 
 std::optional<FileError> ConvertScriptFile(const std::string& source, const std::string& target,
                                            ConversionCount& count) {
-  struct stat from {};
-  struct stat to {};
-  if (::stat(source.c_str(), &from) != 0) return SystemError(errno);
-  if (::stat(target.c_str(), &to) == 0 && IsSameFile(from, to)) return SystemError(EINVAL);
+  std::error_code no_target;
+  if (std::filesystem::equivalent(source, target, no_target)) return SystemError(EINVAL);
   std::string bytes;
   if (const auto error = ReadWholeFile(source, kSizeLimit, bytes)) return error;
   if (bytes.size() < kRecordSize || !IsSiblingScript(RecordAt(bytes, 0))) {
@@ -137,8 +131,9 @@ bool ConvertScript(Game& game, std::string& file_name) {
   if (source.size() < kOldEndingSize) return false;
   std::string target(source.substr(0, source.size() - kOldEndingSize));
   target += kEnding;
-  struct stat status {};
-  if (::stat(target.c_str(), &status) == 0 && status.st_size > 0 &&
+  std::error_code no_target;
+  const std::uintmax_t size = std::filesystem::file_size(target, no_target);
+  if (!no_target && size > 0 &&
       !AskYesNo(game, std::string(kTitle),
                 target + "\nis already on file.\n\nDo you want to overwrite it?",
                 kButtonYes | kButtonNo | kPictureQuestion | kDefaultNo, kHelp)) {

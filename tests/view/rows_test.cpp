@@ -77,11 +77,11 @@ TEST_F(RowsTest, PayoffsAreShownInTheirOwnWord) {
 }
 
 TEST_F(RowsTest, AdvantagesInPercentOrInTime) {
-  EXPECT_THAT(AdvantageRows(*game_)[kPlace + 4 - 1],
+  EXPECT_THAT(AdvantageRows(*game_)[kPlace + 4],
               ElementsAre("Place 6", "-0.46", "59.64", "-1.52", "107.88", "-55.56"));
   game_->ShowMiscData = true;
   // 3.27 rolls at 120 an hour are 98.1 seconds.
-  EXPECT_THAT(AdvantageRows(*game_)[kPlace + 4 - 1],
+  EXPECT_THAT(AdvantageRows(*game_)[kPlace + 4],
               ElementsAre("Place 6", "3.27", "0.31", "36.70", "0.61", "0:01:38.1"));
 }
 
