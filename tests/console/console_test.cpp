@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -444,7 +445,8 @@ TEST(Console, BetsAreOrderedAboutByTheirCommands) {
 }
 
 TEST(Console, ScriptsAreComposedCheckedSavedAndRun) {
-  const std::string folder = std::filesystem::temp_directory_path() / "feltmaster-script-test";
+  const std::string folder = std::filesystem::temp_directory_path() /
+                             ("feltmaster-script-test-" + std::to_string(getpid()));
   std::filesystem::create_directories(folder);
   const std::string file = folder + "/six.bet";
   const auto answers = Play({

@@ -1,6 +1,7 @@
 #include "dice/probability.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <array>
 #include <cmath>
@@ -237,8 +238,9 @@ TEST(SetProbabilityCell, KeepsTheWholeThroughAnyEdits) {
 class ProbabilityFile : public testing::Test {
  protected:
   void SetUp() override {
-    path_ =
-        (std::filesystem::path(testing::TempDir()) / "feltmaster_probability_test.prb").string();
+    path_ = (std::filesystem::path(testing::TempDir()) /
+             ("feltmaster_probability_test_" + std::to_string(getpid()) + ".prb"))
+                .string();
   }
   void TearDown() override { std::filesystem::remove(path_); }
 

@@ -1,5 +1,6 @@
 // The bytes of a game file against its layout, written and read without the program's own table.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstring>
 #include <filesystem>
@@ -46,7 +47,8 @@ std::string AnyName(std::mt19937_64& random) {
 class GameFileLayout : public testing::Test {
  protected:
   void SetUp() override {
-    folder_ = std::filesystem::path(testing::TempDir()) / "game_file_layout";
+    folder_ = std::filesystem::path(testing::TempDir()) /
+              ("game_file_layout_" + std::to_string(getpid()));  // tests run side by side
     std::filesystem::remove_all(folder_);
     std::filesystem::create_directories(folder_);
     game_ = NewTable();
