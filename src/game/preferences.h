@@ -41,7 +41,7 @@ struct Preferences {
   std::int32_t DiceSoundChoice = 0;
   std::int32_t ChipSoundChoice = 0;
   std::int32_t WinSoundChoice = 0;
-  std::array<std::string, 19> StickCallFiles;                                            // 1 to 18
+  std::array<std::string, 19> StickCallFiles;  // 1 to 18
   std::vector<std::string> StickPersonList, DiceSoundList, WinSoundList, ChipSoundList;
   bool AutoBetSoundOff = false;
   bool AllSoundOff = false;
