@@ -29,6 +29,7 @@
 #include "dice/rng.h"
 #include "engine/amounts.h"
 #include "engine/bet_limits.h"
+#include "engine/entry_box.h"
 #include "engine/new_game.h"
 #include "engine/place_bet.h"
 #include "engine/roll_cycle.h"
@@ -41,6 +42,7 @@
 #include "view/roll_totals.h"
 #include "view/rules_rows.h"
 #include "view/state_record.h"
+#include "view/status_lines.h"
 #include "view/summary.h"
 #include "view/table_rows.h"
 
@@ -224,11 +226,9 @@ Reply Enter(Console& console, Arguments& args) {
   const MoneyAmount amount = args.Amount("AMOUNT", IsChipStack(slot));
   args.End();
   if (args.Failed()) return Refused(args);
-  game.EntryBoxOpen = true;
-  game.EntryBoxBet = slot;
-  game.EntryBoxText = PlainNumber(amount);
+  MoveEntryBox(game, slot);
+  EditEntryBox(game, PlainNumber(amount));
   CommitEnteredBet(game);
-  game.EntryBoxOpen = false;
   return Amount(game.BetAmount[slot], BetInWords(game, slot));
 }
 
@@ -319,7 +319,8 @@ Reply Drag(Console& console, Arguments& args) {
   const int to = off_table ? kRail : args.BetOrStack(game, "TO");
   args.End();
   if (args.Failed()) return Refused(args);
-  DragBet(game, from, to);
+  LiftForDrag(game, from);
+  DropDragged(game, to);
   return Done({}, BetInWords(game, from) + (off_table ? std::string() : BetInWords(game, to)));
 }
 
@@ -717,7 +718,7 @@ Reply ShowStatus(Console& console, Arguments& args) {
   args.End();
   if (args.Failed()) return Refused(args);
   const Game& game = console.Table;
-  return RowsReply(StatusRows(game, game.EntryBoxOpen ? game.EntryBoxBet : 0));
+  return RowsReply(StatusRows(game, BetOfStatus(game)));
 }
 // The rows of a screen, in columns.
 template <auto kRows>
