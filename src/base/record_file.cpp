@@ -161,8 +161,8 @@ std::optional<FileError> ReadWholeFile(const std::string& path, std::size_t limi
 
 std::optional<FileError> WriteFileAtomically(const std::string& path, std::string_view bytes) {
   struct stat status {};
-  const bool device = ::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode) &&
-                      !S_ISDIR(status.st_mode);
+  const bool device =
+      ::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
   if (device) return WriteInPlace(path, bytes);
   DraftFile file;
   std::optional<FileError> error = file.Open(path);
