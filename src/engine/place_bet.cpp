@@ -198,7 +198,7 @@ bool TellNotes(Game& game, int slot, const BetNotes& notes) {
   const bool granted = game.BetChange.Raw() != 0;
   std::string text = notes.Text();
   std::string title;
-  if (IsChipStack(slot)) {
+  if (IsStackSlot(slot)) {
     text += granted ? "\nwhich is being stacked." : "\nwhich is already stacked.";
     title = "Chip-Stack #" + std::to_string(slot - kFirstStack);
   } else {
@@ -277,7 +277,7 @@ Outcome ApplyRequest(Game& game, int bet) {
       std::clamp(game.BetRequest, -kStackLimit.Times(2), kStackLimit.Times(2));
   game.BetChange = request;
   game.MsgText.clear();
-  if (IsChipStack(bet)) return StackChips(game, bet);
+  if (IsStackSlot(bet)) return StackChips(game, bet);
   if (!IsLayoutBet(bet)) {
     game.BetChange = MoneyAmount();
     return Outcome::kQuiet;
@@ -356,7 +356,7 @@ Outcome PlaceVisibly(Game& game, int slot, std::optional<Pixel> pointer = std::n
     } else if (game.BetChange.Raw() > 0) {
       AddChip(game, slot, *pointer);
     }
-    if (IsChipStack(slot)) game.surface->RefreshOpenScreens();
+    if (IsStackSlot(slot)) game.surface->RefreshOpenScreens();
   }
   if (game.BetChange.Raw() != 0) FollowWithOdds(game, slot);
   if (game.CallBetMode != 0) {
