@@ -18,6 +18,7 @@
 #include "engine/bet_limits.h"
 #include "engine/chip_list.h"
 #include "engine/place_bet.h"
+#include "engine/sounds.h"
 #include "engine/table_effects.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
@@ -361,8 +362,11 @@ constexpr auto kSettings = std::to_array<Setting>({
      }, {1, 3}},
     {"AllSoundOff", Box(), &Game::AllSoundOff},
     {"AutoBetSoundOff", Box(), &Game::AutoBetSoundOff},
-    {"StickPersonChoice", List(0), &Game::StickPersonChoice, {}, false,
-     &Preferences::StickPersonList},
+    {"StickPersonChoice", List(0),
+     [](Game& game, const Entry& entry) {
+       game.StickPersonChoice = static_cast<std::int32_t>(entry.whole);
+       BuildStickCalls(game);
+     }, {}, false, &Preferences::StickPersonList},
     {"DiceSoundChoice", List(0), &Game::DiceSoundChoice, {}, false, &Preferences::DiceSoundList},
     {"ChipSoundChoice", List(0), &Game::ChipSoundChoice, {}, false, &Preferences::ChipSoundList},
     {"WinSoundChoice", List(0), &Game::WinSoundChoice, {}, false, &Preferences::WinSoundList},

@@ -26,12 +26,6 @@
 namespace feltmaster {
 namespace {
 
-constexpr int kClipPair = 16;
-constexpr int kClipComeOut = 17;
-constexpr int kClipNewShooter = 18;
-constexpr int kClipPointMade = 13;
-constexpr int kClipSevenOut = 14;
-
 constexpr std::string_view kProgramName = "Feltmaster";
 
 std::string NewGameHint() {
@@ -75,8 +69,7 @@ void ShowDice(Game& game) {
   PlayChosenClip(game, game.DiceSoundList, game.DiceSoundChoice, false);
   game.surface->AnimateDice();
   if (game.DiceAction == kDiceStationary || game.DiceAction == kDiceReturnAfterThrown) {
-    game.DiceReturned = true;
-    game.surface->TableChanged(kChangedDice);
+    ReturnDice(game);
   }
 }
 
@@ -238,7 +231,8 @@ void TrapError(Game& game, const char* what) {
 
 void StickCall(Game& game, int clip) {
   if (game.HyperDriveActive || game.AllSoundOff || game.StickPersonChoice == 0) return;
-  game.surface->PlaySound(game.StickCallFiles[static_cast<std::size_t>(clip)], false);
+  const std::string& file = game.StickCallFiles[static_cast<std::size_t>(clip)];
+  if (!file.empty()) game.surface->PlaySound(file, false);
 }
 
 void ComeOutCall(Game& game) {

@@ -14,6 +14,7 @@
 #include "autobet/script_file.h"
 #include "base/text.h"
 #include "dice/probability.h"
+#include "engine/sounds.h"
 #include "stats/bankroll_history.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
@@ -304,6 +305,8 @@ void CompleteState(Game& game, bool recorder_goes_on) {
   game.Decisions.count = 0;
   game.HyperDriveStopText.clear();
   game.EntryBoxEdited = false;
+  game.LastStackBet = game.StackSlots[1];
+  BuildStickCalls(game);
   game.RedrawTable = true;
   game.ScriptUnsaved = false;
   game.ScriptNeedsInit = false;
