@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <functional>
 #include <system_error>
 #include <utility>
 
@@ -16,41 +17,55 @@ namespace fs = std::filesystem;
 
 using Names = std::vector<std::string>;
 
-bool IsBefore(const std::string& a, const std::string& b) {
-  const std::string low_a = Lower(a);
-  const std::string low_b = Lower(b);
-  return low_a != low_b ? low_a < low_b : a < b;
+constexpr std::array<std::string_view, 5> kEndings = {".stk", ".dce", ".win", ".chp", ".wav"};
+
+std::string NameOf(const std::string& path) {
+  return fs::path(path).filename().string();
 }
 
-// In order, and each once in whatever case.
-void PutInOrder(Names& names) {
-  std::ranges::stable_sort(names, IsBefore);
-  const auto [first, last] = std::ranges::unique(
-      names, [](const std::string& a, const std::string& b) { return EqualIgnoringCase(a, b); });
+bool IsBefore(const std::string& a, const std::string& b) {
+  return Lower(a) < Lower(b);
+}
+
+// In order, and each once in whatever case: the first of them.
+template <typename Projection>
+void PutInOrder(Names& names, Projection projection) {
+  std::ranges::stable_sort(names, IsBefore, projection);
+  const auto [first, last] = std::ranges::unique(names, EqualIgnoringCase, projection);
   names.erase(first, last);
 }
 
-Names FilesIn(const std::vector<std::string>& folders) {
-  Names names;
+bool EndsWith(const std::string& file, std::string_view ending) {
+  return file.size() > ending.size() &&
+         EqualIgnoringCase(std::string_view(file).substr(file.size() - ending.size()), ending);
+}
+
+bool IsClip(const std::string& path) {
+  return std::ranges::any_of(kEndings, [&](std::string_view end) { return EndsWith(path, end); });
+}
+
+Names ClipsIn(const std::vector<std::string>& folders) {
+  Names clips;
   for (const std::string& folder : folders) {
+    Names here;
     std::error_code error;
     fs::directory_iterator entry(folder, error);
     for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
       std::error_code ignored;
-      if (entry->is_regular_file(ignored)) names.push_back(entry->path().filename().string());
+      const std::string path = entry->path().string();
+      if (IsClip(path) && entry->is_regular_file(ignored)) here.push_back(path);
     }
+    std::ranges::sort(here);
+    clips.insert(clips.end(), here.begin(), here.end());
   }
-  PutInOrder(names);
-  return names;
+  PutInOrder(clips, NameOf);
+  return clips;
 }
 
-Names WithEnding(const Names& files, std::string_view ending) {
+Names NamesWithEnding(const Names& clips, std::string_view ending) {
   Names names;
-  for (const std::string& file : files) {
-    const bool longer = file.size() > ending.size();
-    if (longer && EqualIgnoringCase(file.substr(file.size() - ending.size()), ending)) {
-      names.push_back(file);
-    }
+  for (const std::string& clip : clips) {
+    if (EndsWith(clip, ending)) names.push_back(NameOf(clip));
   }
   return names;
 }
@@ -69,7 +84,7 @@ Names Persons(const Names& calls) {
   for (const std::string& call : calls) {
     if (std::string person = PersonOf(call); !person.empty()) persons.push_back(std::move(person));
   }
-  PutInOrder(persons);
+  PutInOrder(persons, std::identity());
   return persons;
 }
 
@@ -81,13 +96,13 @@ std::int32_t FirstChoice(const Names& list, std::int32_t wanted) {
 
 }  // namespace
 
-void FindSounds(Game& game, std::vector<std::string> folders) {
-  game.SoundFolders = std::move(folders);
-  const Names files = FilesIn(game.SoundFolders);
-  game.StickPersonList = Persons(WithEnding(files, ".stk"));
-  game.DiceSoundList = WithEnding(files, ".dce");
-  game.WinSoundList = WithEnding(files, ".win");
-  game.ChipSoundList = WithEnding(files, ".chp");
+void FindSounds(Game& game, const std::vector<std::string>& folders) {
+  const Names clips = ClipsIn(folders);
+  game.SoundFiles = clips;
+  game.StickPersonList = Persons(NamesWithEnding(clips, ".stk"));
+  game.DiceSoundList = NamesWithEnding(clips, ".dce");
+  game.WinSoundList = NamesWithEnding(clips, ".win");
+  game.ChipSoundList = NamesWithEnding(clips, ".chp");
   game.StickPersonChoice = FirstChoice(game.StickPersonList, 1);
   game.DiceSoundChoice = FirstChoice(game.DiceSoundList, 4);
   game.WinSoundChoice = FirstChoice(game.WinSoundList, 2);
@@ -96,13 +111,10 @@ void FindSounds(Game& game, std::vector<std::string> folders) {
 }
 
 std::string SoundFile(const Game& game, std::string_view name) {
-  for (const std::string& folder : game.SoundFolders) {
-    std::string path = folder + std::string(name);
-    std::error_code ignored;
-    if (fs::exists(path, ignored)) return path;
-  }
-  return (game.SoundFolders.empty() ? std::string() : game.SoundFolders.front()) +
-         std::string(name);
+  const auto found = std::ranges::find_if(game.SoundFiles, [&](const std::string& path) {
+    return EqualIgnoringCase(NameOf(path), name);
+  });
+  return found != game.SoundFiles.end() ? *found : game.AppPath + std::string(name);
 }
 
 void BuildStickCalls(Game& game) {

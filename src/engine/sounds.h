@@ -23,11 +23,12 @@ enum StickClip : int {
 inline constexpr int kStickClips = 18;
 
 // Fills the sound lists from these folders, in alphabetical order, and makes the choices of a first
-// start. Of two files of the same name that of the earlier folder counts. Folders end with a
-// separator; one that cannot be read holds nothing.
-void FindSounds(Game& game, std::vector<std::string> folders);
+// start. Of two files of the same name that of the earlier folder counts; a folder that cannot be
+// read holds nothing.
+void FindSounds(Game& game, const std::vector<std::string>& folders);
 
-// The path of a clip, in the first folder that has it; in the first folder at all if none does.
+// The path of a clip that was found, by its name in whatever case; a name that was not found is one
+// in the data folder. "Chips.wav", the shower of chips, is found here too.
 std::string SoundFile(const Game& game, std::string_view name);
 
 // StickCallFiles follows the choice of the stick person: all empty for none.

@@ -35,7 +35,7 @@ void FindSoundsOf(Game& game, const StartOptions& options) {
   for (const std::string& folder : {options.data_dir, options.sound_dir}) {
     if (!folder.empty()) folders.push_back(folder);
   }
-  FindSounds(game, std::move(folders));
+  FindSounds(game, folders);
 }
 
 }  // namespace
