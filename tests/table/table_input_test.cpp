@@ -7,7 +7,7 @@
 
 #include "engine/bet_fixture.h"
 #include "engine/entry_box.h"
-#include "engine/roll_cycle.h"
+#include "engine/start_up.h"
 #include "stats/roll_statistics.h"
 #include "table/calls.h"
 #include "table/table_commands.h"
@@ -24,7 +24,12 @@ constexpr Modifiers kAlt = {.alt = true};
 
 class TableInput : public BetTable {
  protected:
-  TableInput() { game.HandleWinningBets = game.HandleLosingBets = 1; }
+  TableInput() {
+    StartUp(game, {"", 7});
+    SetBankroll(1000_usd);
+    game.HandleWinningBets = game.HandleLosingBets = 1;
+    game.AutoAdjustBetAmounts = kAdjustManually;
+  }
 
   static Pixel At(int bet) {
     const Box box = BoxOfBet(bet);
@@ -304,6 +309,7 @@ TEST_F(TableInput, AmountsAreKeyedIntoTheBox) {
 
   // What acts on one bet takes the bet of the box.
   Left(At(kPlace + 5));
+  Type("12");
   Choose("mnuCallOn");
   EXPECT_EQ(game.BetState[kPlace + 5], kCalledOn);
   EXPECT_EQ(game.CallBetMode, 0);
