@@ -56,7 +56,7 @@ TEST(ConsolePress, KeysWalkAndFillTheEntryBox) {
                     "get EntryBoxText",
                     "key esc",
                     "get EntryBoxText",
-                    "key 6",
+                    "key 8",
                     "key enter",
                     "key down",
                     "get BetAmount(32)",
@@ -65,7 +65,7 @@ TEST(ConsolePress, KeysWalkAndFillTheEntryBox) {
                     "get EntryBoxBet",
                     "enter 54 10",
                     "get KeyInBetAmounts"}),
-            json::parse(R"([1, 32, 12, "7", "0", 6, 53, 32, 10, true])"));
+            json::parse(R"([1, 32, 12, "7", "0", 8, 53, 32, 10, true])"));
 }
 
 TEST(ConsolePress, GuardsAndWrongWords) {
