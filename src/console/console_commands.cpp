@@ -18,7 +18,6 @@
 #include "autobet/values.h"
 #include "automation/auto_play.h"
 #include "automation/hyper_drive.h"
-#include "automation/table_guards.h"
 #include "base/number_format.h"
 #include "base/text.h"
 #include "config/advantage.h"
@@ -1110,7 +1109,7 @@ Reply PressHotKey(Console& console, Arguments& args) {
   const char key = HotKeyChar(args);
   args.End();
   if (args.Failed()) return Refused(args);
-  if (!TableListens(console.Table) || RunHotKey(console.Table, key)) return Done();
+  if (PressKey(console.Table, {Key::kCharacter, key, true})) return Done();
   return Done({}, "No Hot-Key has that key.\n");
 }
 

@@ -10,7 +10,7 @@
 #include "autobet/output_file.h"
 #include "autobet/run_script.h"
 #include "autobet/script_file.h"
-#include "automation/interruption.h"
+#include "automation/table_guards.h"
 #include "dice/probability.h"
 #include "engine/new_game.h"
 #include "engine/roll_cycle.h"

@@ -5,7 +5,7 @@
 
 #include "autobet/message.h"
 #include "automation/auto_play.h"
-#include "automation/interruption.h"
+#include "automation/table_guards.h"
 #include "engine/entry_box.h"
 #include "engine/place_bet.h"
 #include "engine/table_effects.h"
@@ -197,7 +197,7 @@ void OpenMenu(Game& game, Menu menu) {
 }
 
 WindowCommand Choose(Game& game, const MenuCommand& command) {
-  if (command.interrupts && !TableTakesCommands(game)) return kNone;
+  if (command.interrupts && !TableListens(game)) return kNone;
   if (command.carry_out != nullptr) command.carry_out(game);
   return command.window;
 }

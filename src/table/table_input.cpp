@@ -4,7 +4,7 @@
 
 #include "autobet/hot_keys.h"
 #include "automation/auto_play.h"
-#include "automation/interruption.h"
+#include "automation/table_guards.h"
 #include "engine/entry_box.h"
 #include "engine/place_bet.h"
 #include "engine/roll_cycle.h"
@@ -135,7 +135,7 @@ void PointerLeaves(Game& game) {
 
 void PressTable(Game& game, MouseButton button, Pixel at, Modifiers held) {
   MovePointer(game, at);
-  if (!TableTakesCommands(game)) return;
+  if (!TableListens(game)) return;
   if (button == MouseButton::kRight) {
     RollCommand(game);
   } else {
@@ -204,24 +204,6 @@ bool PressKey(Game& game, KeyPress key) {
 FieldKey FilterEntryKey(const Game& game, const FieldKey& field, char key) {
   const bool stack = IsChipStack(game.EntryBoxBet);
   return NumericKeyFilter(field, key, stack ? 4 : 2, stack);
-}
-
-// ---- What goes before a command ---------------------------------------------------------------
-
-bool TableIsFree(Game& game) {
-  if (game.AutoBetRunning) {
-    if (AskToEndScript(game)) game.KeepRolling = false;
-    return false;
-  }
-  if (game.HyperDriveActive) {
-    AskToStopHyperDrive(game);
-    return false;
-  }
-  return true;
-}
-
-bool TableTakesCommands(Game& game) {
-  return TableIsFree(game) && CommitEnteredBet(game);
 }
 
 }  // namespace feltmaster

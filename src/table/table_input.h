@@ -6,10 +6,11 @@
 #include "config/configure.h"
 #include "table/layout.h"
 
-// The player's hand at the table: what a press, a key or a movement of the pointer does. Every
-// front end turns its events into these calls and nothing else. All of them may raise dialogs, and
-// a press may roll, so a call can last as long as a run of rolls; while it lasts, the surface hands
-// on further presses and keys from where it lets events through.
+// The player's hand at the table: what a press, a key or a movement of the pointer does, with the
+// guards of automation/table_guards.h in front. Every front end turns its events into these calls
+// and nothing else. All of them may raise dialogs, and a press may roll, so a call can last as long
+// as a run of rolls; while it lasts, the surface hands on further presses and keys from where it
+// lets events through.
 namespace feltmaster {
 
 // ---- The pointer ------------------------------------------------------------------------------
@@ -70,13 +71,5 @@ bool PressKey(Game& game, KeyPress key);
 // What a key makes of the text in the entry box, for a front end whose box edits its own text; the
 // text goes back by EditEntryBox.
 FieldKey FilterEntryKey(const Game& game, const FieldKey& field, char key);
-
-// ---- What goes before a command ---------------------------------------------------------------
-
-// Asks whether to interrupt what is running. True when nothing is; otherwise the press, key or
-// command ends here, whatever the answer.
-bool TableIsFree(Game& game);
-// TableIsFree, and what was keyed in is committed: false when that raised a message.
-bool TableTakesCommands(Game& game);
 
 }  // namespace feltmaster
