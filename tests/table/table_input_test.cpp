@@ -191,7 +191,7 @@ TEST_F(TableInput, WhatRunsIsInterruptedBeforeAnythingElse) {
     const bool asks = menu == Menu::kGame || menu == Menu::kAction;
     EXPECT_EQ(surface.messages.size(), asks ? 2u : 0u);
     EXPECT_EQ(game.AutoBetRunning, !asks);
-    EXPECT_TRUE(game.KeepRolling);
+    EXPECT_EQ(game.KeepRolling, !asks);
     surface.answers.clear();
   }
 }
