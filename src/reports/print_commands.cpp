@@ -62,6 +62,9 @@ bool PrintScript(Game& game, Confirm confirm) {
 bool PrintFlags(Game& game, Confirm confirm) {
   return PrintReport(game, confirm, FlagsReport, "Print Flags");
 }
+bool PrintHotKeys(Game& game, Confirm confirm) {
+  return PrintReport(game, confirm, HotKeysReport, "Print Hot-Keys");
+}
 bool PrintAdvantage(Game& game, Confirm confirm) {
   return PrintReport(game, confirm, AdvantageReport, "Print Advantage");
 }
@@ -84,6 +87,7 @@ constexpr auto kPrintCommands = std::to_array<PrintCommand>({
     {"bankroll", "the graph of the bankroll", PrintBankroll},
     {"script", "the lines of the Auto-Bet script", PrintScript},
     {"flags", "the flags of the script", PrintFlags},
+    {"hotkeys", "the Hot-Keys", PrintHotKeys},
     {"advantage", "the payoffs, and what each bet is worth", PrintAdvantage},
     {"settings", "all settings", PrintSettings},
 });

@@ -41,4 +41,16 @@ Document FlagsReport(Game& game) {
   return pages.Finish();
 }
 
+Document HotKeysReport(Game& game) {
+  ReportPages pages(game, "Feltmaster Hot-Keys");
+  pages.AddDate();
+  pages.EndHeading();
+  Table table;
+  table.columns = {Align::kLeft, Align::kLeft, Align::kLeft};
+  table.gap = 2 * kTextSize;
+  for (const Row& row : HotKeyRows(game)) table.rows.push_back(PlainRow(row));
+  pages.AddTable(table);
+  return pages.Finish();
+}
+
 }  // namespace feltmaster

@@ -5,8 +5,9 @@
 
 namespace feltmaster {
 
-// The lines of the script and the values of its flags.
+// The lines of the script, the values of its flags, and the Hot-Keys.
 Document ScriptReport(Game& game);
 Document FlagsReport(Game& game);
+Document HotKeysReport(Game& game);
 
 }  // namespace feltmaster
