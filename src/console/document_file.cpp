@@ -3,6 +3,7 @@
 #include <cairo-pdf.h>
 
 #include <cerrno>
+#include <iostream>
 #include <memory>
 
 #include "base/text.h"
@@ -109,6 +110,10 @@ std::string PdfOf(const Document& document) {
 }
 
 std::optional<FileError> WriteDocument(const Document& document, const std::string& path) {
+  if (path == kStandardOutput) {
+    std::cout << TextOf(document) << std::flush;
+    return std::cout ? std::nullopt : std::optional(SystemError(EIO));
+  }
   switch (DocumentFormatOf(path).value_or(DocumentFormat::kPdf)) {
     case DocumentFormat::kSvg:
       return WriteSvg(document, path);

@@ -14,6 +14,9 @@ enum class DocumentFormat { kPdf, kSvg, kText };
 inline constexpr std::string_view kDocumentEndings = ".pdf, .svg and .txt";
 std::optional<DocumentFormat> DocumentFormatOf(std::string_view path);
 
+// Stands for a file; what goes there is text.
+inline constexpr const char* kStandardOutput = "-";
+
 // The whole report as one file. The same report gives the same bytes.
 std::string PdfOf(const Document& document);
 

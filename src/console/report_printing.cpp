@@ -1,7 +1,6 @@
 #include "console/report_printing.h"
 
 #include "base/text.h"
-#include "console/document_file.h"
 
 namespace feltmaster {
 

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "console/console_commands.h"
+#include "console/document_file.h"
 #include "reports/print_commands.h"
 
 namespace feltmaster {
