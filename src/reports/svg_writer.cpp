@@ -12,7 +12,9 @@ namespace feltmaster {
 namespace {
 
 std::string Number(double value) {
-  return FormatNumber(value, "0.##");
+  std::string text = FormatNumber(value, "0.##");
+  if (text.ends_with('.')) text.pop_back();
+  return text;
 }
 
 std::string Color(int ink) {

@@ -55,6 +55,8 @@ TEST_F(ReportFiles, TheEndOfTheNameTellsTheFormat) {
   EXPECT_EQ(answers[3]["value"], 3);
   EXPECT_THAT(Bytes("c.svg"), HasSubstr(">Feltmaster Payoffs and Advantage</text>"));
   EXPECT_THAT(Bytes("c-3.svg"), HasSubstr(">Page 3 of 3</text>"));
+  EXPECT_THAT(Bytes("c.svg"), HasSubstr("viewBox=\"0 0 612 792\""));
+  EXPECT_THAT(Bytes("c.svg"), Not(HasSubstr(".\"")));  // a number ends in a digit
   EXPECT_FALSE(fs::exists(Path("c-4.svg")));
   EXPECT_THAT(Bytes("d.txt"), HasSubstr("phantom $1 wagers for these 88 bets:"));
   EXPECT_THAT(Bytes("e.txt"), HasSubstr("Roll Frequencies for Any 7\n"));
