@@ -5,21 +5,32 @@
 
 namespace feltmaster {
 
-bool TableListens(Game& game) {
+bool AskToEndScript(Game& game) {
+  if (!AskYesNo(game, "Auto-Bet Active", "Do you want to interrupt Auto-Betting? ")) return false;
+  game.AutoBetRunning = false;
+  return true;
+}
+
+bool AskToStopHyperDrive(Game& game) {
+  if (!AskYesNo(game, "Hyper-Drive Active", "Do you want to stop Hyper-Drive?")) return false;
+  game.KeepRolling = false;
+  return true;
+}
+
+bool TableIsFree(Game& game) {
   if (game.AutoBetRunning) {
-    if (AskYesNo(game, "Auto-Bet Active", "Do you want to interrupt Auto-Betting? ")) {
-      game.AutoBetRunning = false;
-      game.KeepRolling = false;
-    }
+    if (AskToEndScript(game)) game.KeepRolling = false;
     return false;
   }
   if (game.HyperDriveActive) {
-    if (AskYesNo(game, "Hyper-Drive Active", "Do you want to stop Hyper-Drive?")) {
-      game.KeepRolling = false;
-    }
+    AskToStopHyperDrive(game);
     return false;
   }
-  return !game.EntryBoxOpen || CommitEnteredBet(game);
+  return true;
+}
+
+bool TableListens(Game& game) {
+  return TableIsFree(game) && CommitEnteredBet(game);
 }
 
 }  // namespace feltmaster

@@ -16,7 +16,9 @@
 #include "config/payoffs.h"
 #include "engine/amounts.h"
 #include "engine/bet_limits.h"
+#include "engine/chip_list.h"
 #include "engine/place_bet.h"
+#include "engine/sounds.h"
 #include "engine/table_effects.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
@@ -114,6 +116,7 @@ void LeaveConfigure(Game& game) {
   SettlePhantoms(game);
   SetFieldCommonDenominator(game);
   if (game.AutoAdjustBetAmounts != kAdjustManually) AdjustAllBets(game);
+  RebuildAllChips(game);
   game.RedrawTable = true;
   ShowTableChange(game, kChangedAll);
 }
@@ -359,8 +362,11 @@ constexpr auto kSettings = std::to_array<Setting>({
      }, {1, 3}},
     {"AllSoundOff", Box(), &Game::AllSoundOff},
     {"AutoBetSoundOff", Box(), &Game::AutoBetSoundOff},
-    {"StickPersonChoice", List(0), &Game::StickPersonChoice, {}, false,
-     &Preferences::StickPersonList},
+    {"StickPersonChoice", List(0),
+     [](Game& game, const Entry& entry) {
+       game.StickPersonChoice = static_cast<std::int32_t>(entry.whole);
+       BuildStickCalls(game);
+     }, {}, false, &Preferences::StickPersonList},
     {"DiceSoundChoice", List(0), &Game::DiceSoundChoice, {}, false, &Preferences::DiceSoundList},
     {"ChipSoundChoice", List(0), &Game::ChipSoundChoice, {}, false, &Preferences::ChipSoundList},
     {"WinSoundChoice", List(0), &Game::WinSoundChoice, {}, false, &Preferences::WinSoundList},
@@ -392,7 +398,7 @@ constexpr auto kSettings = std::to_array<Setting>({
     {"AutoArrangeChips", Box(),
      [](Game& game, const Entry& entry) {
        game.AutoArrangeChips = entry.on;
-       if (entry.on) ShowTableChange(game, kChangedChips);
+       if (entry.on) RebuildAllChips(game);
      }},
     {"AutoRollDice", Box(),
      [](Game& game, const Entry& entry) { SetAutoRollDice(game, entry.on); }},

@@ -18,7 +18,6 @@
 #include "autobet/values.h"
 #include "automation/auto_play.h"
 #include "automation/hyper_drive.h"
-#include "automation/table_guards.h"
 #include "base/number_format.h"
 #include "base/text.h"
 #include "config/advantage.h"
@@ -32,6 +31,7 @@
 #include "dice/rng.h"
 #include "engine/amounts.h"
 #include "engine/bet_limits.h"
+#include "engine/entry_box.h"
 #include "engine/new_game.h"
 #include "engine/place_bet.h"
 #include "engine/roll_cycle.h"
@@ -39,12 +39,14 @@
 #include "files/roll_recorder.h"
 #include "stats/bankroll_history.h"
 #include "stats/roll_statistics.h"
+#include "table/table_input.h"
 #include "view/bankroll_graph.h"
 #include "view/bet_results_table.h"
 #include "view/roll_frequencies.h"
 #include "view/roll_totals.h"
 #include "view/rules_rows.h"
 #include "view/state_record.h"
+#include "view/status_lines.h"
 #include "view/summary.h"
 #include "view/table_rows.h"
 
@@ -229,11 +231,9 @@ Reply Enter(Console& console, Arguments& args) {
   const MoneyAmount amount = args.Amount("AMOUNT", IsChipStack(slot));
   args.End();
   if (args.Failed()) return Refused(args);
-  game.EntryBoxOpen = true;
-  game.EntryBoxBet = slot;
-  game.EntryBoxText = PlainNumber(amount);
+  MoveEntryBox(game, slot);
+  EditEntryBox(game, PlainNumber(amount));
   CommitEnteredBet(game);
-  game.EntryBoxOpen = false;
   return Amount(game.BetAmount[slot], BetInWords(game, slot));
 }
 
@@ -324,8 +324,91 @@ Reply Drag(Console& console, Arguments& args) {
   const int to = off_table ? kRail : args.BetOrStack(game, "TO");
   args.End();
   if (args.Failed()) return Refused(args);
-  DragBet(game, from, to);
+  LiftForDrag(game, from);
+  DropDragged(game, to);
   return Done({}, BetInWords(game, from) + (off_table ? std::string() : BetInWords(game, to)));
+}
+
+// What a press does from now on.
+std::string ToolInWords(const Game& game) {
+  if (IsChipTool(game.ChipColor)) {
+    return "In hand: $" + FormatMoney(game.BetAmount[kFirstChip - 1 + game.ChipColor]) +
+           " chips.\n";
+  }
+  if (IsPileTool(game.ChipColor)) {
+    const int pile = game.ChipColor - kFirstPileTool + 1;
+    return "In hand: " + NameOfBet(game, game.StackSlots[static_cast<std::size_t>(pile)]) + ".\n";
+  }
+  switch (game.ChipColor) {
+    case kBuyTool:
+      return "In hand: Buy.\n";
+    case kCallOffTool:
+      return "In hand: OFF.\n";
+    case kCallOnTool:
+      return "In hand: ON.\n";
+    default:
+      return {};
+  }
+}
+
+// What stands where a press or a key has done something.
+std::string TouchedInWords(const Game& game, int slot) {
+  return IsLayoutBet(slot) || IsChipStack(slot) ? BetInWords(game, slot) : std::string();
+}
+
+Reply Press(Console& console, Arguments& args) {
+  Game& game = console.Table;
+  const bool right = args.Take("right");
+  if (!right && !args.Take("left")) return Refused("BUTTON is left or right.");
+  Pixel at;
+  at.x = static_cast<int>(args.Number("X", 0, kTableWidth - 1));
+  at.y = static_cast<int>(args.Number("Y", 0, kTableHeight - 1));
+  Modifiers held;
+  for (bool more = true; more;) {
+    const bool shift = args.Take("shift");
+    const bool ctrl = args.Take("ctrl");
+    const bool alt = args.Take("alt");
+    held = {held.shift || shift, held.ctrl || ctrl, held.alt || alt};
+    more = shift || ctrl || alt;
+  }
+  args.End();
+  if (args.Failed()) return Refused(args);
+
+  const std::int32_t tool = game.ChipColor;
+  PressTable(game, right ? MouseButton::kRight : MouseButton::kLeft, at, held);
+  if (right) return Done();
+  return Done({}, game.ChipColor != tool ? ToolInWords(game) : TouchedInWords(game, game.HitBet));
+}
+
+Reply PressKeyOfTable(Console& console, Arguments& args) {
+  struct NamedKey {
+    std::string_view name;
+    Key key;
+  };
+  constexpr NamedKey kNamedKeys[] = {{"left", Key::kLeft},   {"right", Key::kRight},
+                                     {"up", Key::kUp},       {"down", Key::kDown},
+                                     {"enter", Key::kEnter}, {"esc", Key::kEscape}};
+  Game& game = console.Table;
+  const std::string word = args.Word("KEY");
+  KeyPress press;
+  press.ctrl = args.Take("ctrl");
+  args.End();
+  if (args.Failed()) return Refused(args);
+  const auto* named = std::ranges::find_if(
+      kNamedKeys, [&](const NamedKey& key) { return EqualIgnoringCase(key.name, word); });
+  if (named != std::end(kNamedKeys)) {
+    press.key = named->key;
+  } else if (word.size() == 1) {
+    press.character = word[0];
+  } else {
+    return Refused("KEY " + Quoted(word) +
+                   " is not left, right, up, down, enter, esc or a character.");
+  }
+  const bool taken = PressKey(game, press);
+  if (!taken) return Done({}, "The table has no use for that key.\n");
+  return Done({}, EntryBoxOpen(game)
+                      ? NameOfBet(game, game.EntryBoxBet) + ": [" + TextInEntryBox(game) + "]\n"
+                      : std::string());
 }
 
 Reply UseAtm(Console& console, Arguments& args) {
@@ -722,7 +805,7 @@ Reply ShowStatus(Console& console, Arguments& args) {
   args.End();
   if (args.Failed()) return Refused(args);
   const Game& game = console.Table;
-  return RowsReply(StatusRows(game, game.EntryBoxOpen ? game.EntryBoxBet : 0));
+  return RowsReply(StatusRows(game, BetOfStatus(game)));
 }
 // The rows of a screen, in columns.
 template <auto kRows>
@@ -1028,7 +1111,7 @@ Reply PressHotKey(Console& console, Arguments& args) {
   const char key = HotKeyChar(args);
   args.End();
   if (args.Failed()) return Refused(args);
-  if (!TableListens(console.Table) || RunHotKey(console.Table, key)) return Done();
+  if (PressKey(console.Table, {Key::kCharacter, key, true})) return Done();
   return Done({}, "No Hot-Key has that key.\n");
 }
 
@@ -1230,8 +1313,8 @@ constexpr Command kCommands[] = {
     {"off", "BET|all", "calls bets OFF", CallOff},
     {"odds", "BET|all", "takes full odds", Odds},
     {"drag", "FROM TO", "drags a whole bet or Chip-Stack", Drag},
-    {"press", "BUTTON X Y [shift] [ctrl] [alt]", "presses a mouse button on the table", Later},
-    {"key", "KEY [ctrl]", "presses a key on the table", Later},
+    {"press", "BUTTON X Y [shift] [ctrl] [alt]", "presses a mouse button on the table", Press},
+    {"key", "KEY [ctrl]", "presses a key on the table", PressKeyOfTable},
     {"atm", "withdraw|deposit AMOUNT", "moves money between pocket and bankroll", UseAtm},
     {"auto", "[N]", "starts Auto-Roll, for N rolls", AutoRoll},
     {"hyper", "[N]", "starts Hyper-Drive, for N rolls", HyperDrive},

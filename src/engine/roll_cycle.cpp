@@ -14,6 +14,7 @@
 #include "dice/rng.h"
 #include "engine/amounts.h"
 #include "engine/bet_states.h"
+#include "engine/chip_list.h"
 #include "engine/place_bet.h"
 #include "engine/resolve.h"
 #include "engine/table_effects.h"
@@ -25,12 +26,6 @@
 
 namespace feltmaster {
 namespace {
-
-constexpr int kClipPair = 16;
-constexpr int kClipComeOut = 17;
-constexpr int kClipNewShooter = 18;
-constexpr int kClipPointMade = 13;
-constexpr int kClipSevenOut = 14;
 
 constexpr std::string_view kProgramName = "Feltmaster";
 
@@ -75,8 +70,7 @@ void ShowDice(Game& game) {
   PlayChosenClip(game, game.DiceSoundList, game.DiceSoundChoice, false);
   game.surface->AnimateDice();
   if (game.DiceAction == kDiceStationary || game.DiceAction == kDiceReturnAfterThrown) {
-    game.DiceReturned = true;
-    game.surface->TableChanged(kChangedDice);
+    ReturnDice(game);
   }
 }
 
@@ -215,6 +209,7 @@ void EndHyperDrive(Game& game) {
   if (!game.HyperDriveStopText.empty()) {
     Tell(game, "Hyper-Drive Stopped", game.HyperDriveStopText);
   }
+  RebuildAllChips(game);
   game.RefreshBetAmounts = false;
   game.surface->TableChanged(kChangedAll);
 }
@@ -246,7 +241,8 @@ void TrapError(Game& game, const char* what) {
 
 void StickCall(Game& game, int clip) {
   if (game.HyperDriveActive || game.AllSoundOff || game.StickPersonChoice == 0) return;
-  game.surface->PlaySound(game.StickCallFiles[static_cast<std::size_t>(clip)], false);
+  const std::string& file = game.StickCallFiles[static_cast<std::size_t>(clip)];
+  if (!file.empty()) game.surface->PlaySound(file, false);
 }
 
 void ComeOutCall(Game& game) {
@@ -276,7 +272,7 @@ void BankLimitReached(Game& game) {
 
 void RollCycle(Game& game) {
   if (game.RollInProgress) return;
-  if (game.EntryBoxOpen && !CommitEnteredBet(game)) return;
+  if (game.KeyInBetAmounts && !CommitEnteredBet(game)) return;
   if (PastBankLimit(game)) {
     BankLimitReached(game);
     return;

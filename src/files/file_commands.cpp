@@ -10,6 +10,7 @@
 #include "autobet/output_file.h"
 #include "autobet/run_script.h"
 #include "autobet/script_file.h"
+#include "automation/table_guards.h"
 #include "dice/probability.h"
 #include "engine/new_game.h"
 #include "engine/roll_cycle.h"
@@ -195,14 +196,12 @@ void ShowPath(Game& game) {
 
 bool AskToClose(Game& game) {
   if (game.AutoBetRunning) {
-    if (!AskYesNo(game, "Auto-Bet Active", "Do you want to interrupt Auto-Betting? ")) return false;
-    game.AutoBetRunning = false;
+    if (!AskToEndScript(game)) return false;
     game.KeepRolling = false;
   }
   game.surface->LetEventsThrough();
   if (game.HyperDriveActive) {
-    if (!AskYesNo(game, "Hyper-Drive Active", "Do you want to stop Hyper-Drive?")) return false;
-    game.KeepRolling = false;
+    if (!AskToStopHyperDrive(game)) return false;
     game.surface->LetEventsThrough();
   }
   return AskToSaveAll(game);

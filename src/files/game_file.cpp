@@ -14,6 +14,7 @@
 #include "autobet/script_file.h"
 #include "base/text.h"
 #include "dice/probability.h"
+#include "engine/sounds.h"
 #include "files/roll_recorder.h"
 #include "stats/bankroll_history.h"
 #include "stats/bet_results.h"
@@ -305,7 +306,9 @@ void CompleteState(Game& game, bool recorder_goes_on) {
   game.CallBetMode = 0;
   game.Decisions.count = 0;
   game.HyperDriveStopText.clear();
-  game.EntryBoxOpen = false;
+  game.EntryBoxEdited = false;
+  game.LastStackBet = game.StackSlots[1];
+  BuildStickCalls(game);
   game.RedrawTable = true;
   game.ScriptUnsaved = false;
   game.ScriptNeedsInit = false;

@@ -219,20 +219,6 @@ Pixel NumberPlace(int bet) {
   return Offset(PlaceOfBet(bet), -10, lower);
 }
 
-int PileOfStack(const Game& game, int stack) {
-  for (int pile = 1; pile <= kPileCount; ++pile) {
-    if (game.StackSlots[static_cast<std::size_t>(pile)] == stack) return pile;
-  }
-  return 0;
-}
-
-std::optional<Pixel> PlaceOf(const Game& game, int slot) {
-  if (IsLayoutBet(slot)) return PlaceOfBet(slot);
-  const int pile = PileOfStack(game, slot);
-  if (pile == 0) return std::nullopt;
-  return kPilePlace[static_cast<std::size_t>(pile)];
-}
-
 bool HiddenByPanel(const Game& game, int bet) {
   const bool of_props = bet >= kHard4 && bet <= kHorn && bet != kCAndE;
   const bool of_hops = bet >= kWorld && bet <= kHop55;
