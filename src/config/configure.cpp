@@ -222,9 +222,8 @@ bool IsInPayoffGrid(int bet) {
   return false;
 }
 
-// Bets on the list of what works on the come-out: the contract bets are not.
 bool IsOnWorkList(int bet) {
-  return !IsComePoint(bet) && bet != kPassLine && bet != kPassOdds && bet != kComeBox;
+  return WorkList().Has(bet);
 }
 
 PayRow& BetRow(Game& game, const Entry& entry) {
@@ -413,7 +412,11 @@ constexpr auto kSettings = std::to_array<Setting>({
      [](Game& game, const Entry& entry) { ElementOf(game.AutoStopOn, entry) = entry.on; },
      {0, kAutoStops - 1}},
     {"WorkOnComeOut", Box(),
-     [](Game& game, const Entry& entry) { SetWorkOnComeOut(game, entry.index, entry.on); },
+     [](Game& game, const Entry& entry) {
+       BetSet bet;
+       bet.Add(entry.index);
+       MarkWorkOnComeOut(game, bet, entry.on ? BetMark::kYes : BetMark::kNo);
+     },
      {1, kBetCount, 0, IsOnWorkList}},
 });
 // clang-format on

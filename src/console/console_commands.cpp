@@ -9,6 +9,7 @@
 #include <span>
 
 #include "autobet/check_bets.h"
+#include "autobet/flags.h"
 #include "autobet/hot_keys.h"
 #include "autobet/message.h"
 #include "autobet/run_script.h"
@@ -31,6 +32,7 @@
 #include "dice/rng.h"
 #include "engine/amounts.h"
 #include "engine/bet_limits.h"
+#include "engine/chip_stacks.h"
 #include "engine/entry_box.h"
 #include "engine/new_game.h"
 #include "engine/place_bet.h"
@@ -45,6 +47,7 @@
 #include "view/roll_frequencies.h"
 #include "view/roll_totals.h"
 #include "view/rules_rows.h"
+#include "view/settings_rows.h"
 #include "view/state_record.h"
 #include "view/status_lines.h"
 #include "view/summary.h"
@@ -890,6 +893,35 @@ Reply ShowResults(Console& console, Arguments& args) {
   const Rows rows = BetResultRows(game, choice);
   return RowsReply(rows, TextTable(rows));
 }
+std::string TabNames() {
+  std::string names;
+  for (const SettingTab& tab : SettingTabs()) {
+    names += (names.empty() ? "" : ", ") + std::string(tab.caption);
+  }
+  return names;
+}
+
+// All tabs, or one of them. A person reads the tabs under headings.
+Reply ShowSettings(Console& console, Arguments& args) {
+  const std::string wanted = args.AtEnd() ? std::string() : args.Rest("TAB");
+  Rows rows = SettingRows(console.Table);
+  if (!wanted.empty()) {
+    std::erase_if(rows, [&](const Row& row) { return !EqualIgnoringCase(row[0], wanted); });
+    if (rows.empty()) {
+      args.Fail("TAB " + Quoted(wanted) + " is none of " + TabNames() + '.');
+    }
+  }
+  args.End();
+  if (args.Failed()) return Refused(args);
+  std::string words;
+  for (const Row& row : rows) {
+    const bool heading = &row == &rows.front() || (&row - 1)->front() != row.front();
+    if (heading) words += (words.empty() ? "" : "\n") + row.front() + '\n';
+    constexpr std::size_t kCaptionWidth = 46;
+    words += "  " + PadRight(row[1], std::max(row[1].size(), kCaptionWidth)) + ' ' + row[2] + '\n';
+  }
+  return RowsReply(rows, words);
+}
 Reply ShowLater(Console&, Arguments&) {
   return NotYet("This screen");
 }
@@ -910,7 +942,7 @@ constexpr Command kScreens[] = {
     {"advantage", "", "what each bet is worth", ShowTable<AdvantageRows>},
     {"payoffs", "", "the payoffs in force", ShowTable<PayoffRows>},
     {"comps", "", "the comps earned", ShowFigures<CompFigures>},
-    {"settings", "", "all settings", ShowTable<SettingRows>},
+    {"settings", "[TAB]", "the Configure and Auto-Play screens", ShowSettings},
 };
 
 Reply Show(Console& console, Arguments& args) {
@@ -1088,13 +1120,74 @@ Reply Flag(Console& console, Arguments& args) {
   if (name.size() >= 2 && name.front() == '"' && name.back() == '"') {
     name = Trim(name.substr(1, name.size() - 2));
   }
-  for (ScriptFlag& flag : game.ScriptFlags) {
-    if (!EqualIgnoringCase(Trim(flag.FlagName), name)) continue;
-    flag.FlagValue = value;  // set by hand, this is no new occurrence for the script
-    game.GameChanged = true;
+  for (std::size_t row = 0; row < game.ScriptFlags.size(); ++row) {
+    if (!EqualIgnoringCase(Trim(game.ScriptFlags[row].FlagName), name)) continue;
+    PressFlagButton(game, {&row, 1}, value ? FlagButton::kTrue : FlagButton::kFalse);
     return Done();
   }
   return Refused("NAME " + Quoted(name) + " is not a flag of the script.");
+}
+
+// ---- Chip-Stacks ------------------------------------------------------------------------------
+
+int StackNumber(Arguments& args) {
+  return static_cast<int>(args.Number("N", 0, kStackCount - 1));
+}
+Reply StackValue(Console& console, Arguments& args) {
+  const int stack = StackNumber(args);
+  const MoneyAmount amount = args.Amount("AMOUNT");
+  args.End();
+  if (args.Failed()) return Refused(args);
+  EnterStackCell(console.Table, {stack, false}, PlainNumber(amount));
+  return Amount(console.Table.BetAmount[kFirstStack + stack]);
+}
+Reply StackName(Console& console, Arguments& args) {
+  const int stack = StackNumber(args);
+  const std::string name = args.AtEnd() ? std::string() : args.Rest("NAME");
+  args.End();
+  if (args.Failed()) return Refused(args);
+  EnterStackCell(console.Table, {stack, true}, name);
+  return Done();
+}
+Reply StacksClear(Console& console, Arguments& args) {
+  const bool values = args.Take("values");
+  const bool names = !values && args.Take("names");
+  if (!values && !names && !args.Take("all")) {
+    return Refused("stacks clear goes on with values, names or all.");
+  }
+  args.End();
+  if (args.Failed()) return Refused(args);
+  const bool cleared = ClearStacks(console.Table, values  ? StackClearing::kValues
+                                                  : names ? StackClearing::kNames
+                                                          : StackClearing::kAll);
+  return Truth(cleared, cleared ? "Cleared.\n" : "They stay.\n");
+}
+Reply StacksVisible(Console& console, Arguments& args) {
+  std::array<int, 4> numbers{};
+  for (int& number : numbers) number = StackNumber(args);
+  args.End();
+  if (args.Failed()) return Refused(args);
+  return Truth(SetVisibleStacks(console.Table, numbers) == 0);
+}
+Reply StacksZero(Console& console, Arguments& args) {
+  const bool on = args.Take("on");
+  if (!on && !args.Take("off")) return Refused("stacks zero goes on with on or off.");
+  args.End();
+  if (args.Failed()) return Refused(args);
+  SetStackDisplayZero(console.Table, on);
+  return Done();
+}
+
+constexpr Command kStackCommands[] = {
+    {"value", "N AMOUNT", "keys in the amount of Chip-Stack N", StackValue},
+    {"name", "N [NAME]", "names it", StackName},
+    {"clear", "all|values|names", "clears all of them, after a question", StacksClear},
+    {"visible", "N N N N", "which of them lie on the table, from the bottom up", StacksVisible},
+    {"zero", "on|off", "whether the list shows amounts of 0", StacksZero},
+};
+
+Reply EditStacks(Console& console, Arguments& args) {
+  return GoOn(console, args, kStackCommands, "The word after stacks");
 }
 
 // ---- Hot-Keys ---------------------------------------------------------------------------------
@@ -1336,6 +1429,7 @@ constexpr Command kCommands[] = {
      "run, fields",
      Script},
     {"flag", "NAME true|false", "sets a flag of the script", Flag},
+    {"stacks", "WORD ...", "the Chip-Stacks: value, name, clear, visible, zero", EditStacks},
     {"hotkey", "CHAR", "runs the script of a Hot-Key", PressHotKey},
     {"hotkeys", "WORD ...", "the list of Hot-Keys: add, delete, list", EditHotKeys},
     {"open", "FILE", "opens a game file", Open},
@@ -1380,6 +1474,7 @@ Reply Help(Console&, Arguments& args) {
     if (command == nullptr) return Refused("COMMAND " + Quoted(word) + " is not a command.");
     text = UsageOf(*command) + "\n  " + std::string(command->help) + ".\n";
     if (command->handler == Script) text += HelpOn(kScriptCommands, kUsageWidth);
+    if (command->handler == EditStacks) text += HelpOn(kStackCommands, kUsageWidth);
     if (command->handler == EditHotKeys) text += HelpOn(kHotKeyCommands, kUsageWidth);
     if (command->handler == Prb) text += HelpOn(kPrbCommands, kUsageWidth);
     if (command->handler == Show) text += HelpOn(kScreens, kUsageWidth);
@@ -1475,6 +1570,8 @@ std::vector<std::string> Completions(std::string_view line) {
     for (const StateName& entry : StateRecord()) offer(std::string(entry.name));
   } else if (command == "script") {
     offer_all(kScriptCommands);
+  } else if (command == "stacks") {
+    offer_all(kStackCommands);
   } else if (command == "hotkeys") {
     offer_all(kHotKeyCommands);
   } else if (command == "prb") {
