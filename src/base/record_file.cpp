@@ -14,8 +14,8 @@
 #include <cstring>
 #include <limits>
 #include <system_error>
-#include <utility>
 
+#include "base/descriptor.h"
 #include "base/text.h"
 
 namespace feltmaster {
@@ -39,43 +39,24 @@ void PutLittleEndian(char* bytes, Unsigned value) {
   }
 }
 
-// An open file, closed at the end of its life.
-class Descriptor {
- public:
-  explicit Descriptor(int number) : number_(number) {}
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() { Close(); }
-
-  bool IsOpen() const { return number_ >= 0; }
-  int Number() const { return number_; }
-  int Close() {
-    const int number = std::exchange(number_, -1);
-    return number < 0 ? 0 : ::close(number);
-  }
-
- private:
-  int number_;
-};
-
-bool WriteAll(int file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = ::write(file, bytes.data(), bytes.size());
-    if (written < 0) {
-      if (errno == EINTR) continue;
-      return false;
-    }
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return true;
-}
-
 std::optional<FileError> WriteInPlace(const std::string& path, std::string_view bytes) {
   Descriptor file(::open(path.c_str(), O_WRONLY | O_CLOEXEC));
   if (!file.IsOpen() || !WriteAll(file.Number(), bytes) || file.Close() != 0) {
     return SystemError(errno);
   }
   return std::nullopt;
+}
+
+// With its separator; empty for a bare name.
+std::string FolderOf(const std::string& path) {
+  return path.substr(0, path.rfind('/') + 1);
+}
+
+// Where the new file grows up. It is no longer than a name may be, however long the file's own is.
+std::string NameBeside(const std::string& path) {
+  constexpr std::size_t kLongest = 200;
+  const std::string folder = FolderOf(path);
+  return folder + path.substr(folder.size(), kLongest) + ".new" + std::to_string(::getpid());
 }
 
 }  // namespace
@@ -198,7 +179,7 @@ std::optional<FileError> WriteFileAtomically(const std::string& path, std::strin
       std::free(resolved);
     }
   }
-  const std::string beside = target + ".new" + std::to_string(::getpid());
+  const std::string beside = NameBeside(target);
   ::unlink(beside.c_str());
   Descriptor file(::open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
   if (!file.IsOpen()) return SystemError(errno);
@@ -212,9 +193,9 @@ std::optional<FileError> WriteFileAtomically(const std::string& path, std::strin
     return error;
   }
   // The name is on the disk only when its folder is. A folder that cannot be flushed is no fault.
-  const std::size_t slash = target.rfind('/');
-  const std::string folder = slash == std::string::npos ? "." : target.substr(0, slash + 1);
-  Descriptor directory(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  const std::string folder = FolderOf(target);
+  Descriptor directory(
+      ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (directory.IsOpen()) ::fsync(directory.Number());
   return std::nullopt;
 }
@@ -223,10 +204,13 @@ std::optional<FileError> WriteOverStart(const std::string& path, std::string_vie
   constexpr std::size_t kLimit = 64 << 20;
   std::string whole(bytes);
   struct stat status {};
-  std::string older;
-  if (::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
-      !ReadWholeFile(path, kLimit, older) && older.size() > bytes.size()) {
-    whole += std::string_view(older).substr(bytes.size());
+  if (::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode)) {
+    std::string older;
+    const std::optional<FileError> error = ReadWholeFile(path, kLimit, older);
+    if (error && error->number != EFBIG) return error;
+    if (!error && older.size() > bytes.size()) {
+      whole += std::string_view(older).substr(bytes.size());
+    }
   }
   return WriteFileAtomically(path, whole);
 }

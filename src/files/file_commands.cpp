@@ -30,11 +30,6 @@ bool AskToSave(Game& game, std::string title, std::string text, bool (*save)(Gam
   return game.MsgAnswer == kAnswerNo;
 }
 
-void TellNotSaved(Game& game, std::string_view what, const std::string& path) {
-  Tell(game, "Unable to Save " + std::string(what),
-       path + "\ncould not be saved: " + game.LastErrorText + '.', kButtonOk | kPictureStop);
-}
-
 bool SaveAutoBets(Game& game) {
   const std::string path = game.ScriptFileName;
   if (path.empty() || IsNamed(path, kDefaultScript)) {
@@ -209,7 +204,7 @@ bool AskToClose(Game& game) {
 void EndProgram(Game& game) {
   if (game.AppPath.empty()) return;
   SaveGame(game, game.AppPath + std::string(kDefaultGame));
-  CloseScriptOutput(game);
+  EndScriptOutput(game);
   for (const std::string_view scratch : {std::string_view("copyfile.rll"), kActiveScript}) {
     std::error_code ignored;
     std::filesystem::remove(game.AppPath + std::string(scratch), ignored);

@@ -138,12 +138,6 @@ class HeaderWriter {
   std::vector<std::string> too_long_;
 };
 
-void TellNotSaved(Game& game, std::string_view what, const std::string& path,
-                  std::string_view reason) {
-  Tell(game, "Unable to Save " + std::string(what),
-       path + "\ncould not be saved: " + std::string(reason) + '.', kButtonOk | kPictureStop);
-}
-
 // The script's file as the game notes it. Lines without a file live on in default.bet, but only
 // beside the default game.
 std::string ScriptToNote(Game& game, bool is_default) {
@@ -152,7 +146,7 @@ std::string ScriptToNote(Game& game, bool is_default) {
   const std::string path = game.AppPath + std::string(kDefaultScript);
   const WholeScript whole(game, false);
   if (SaveScript(game, path)) return path;
-  TellNotSaved(game, "Auto-Bet File", path, game.LastErrorText);
+  TellNotSaved(game, "Auto-Bet File", path);
   return "";
 }
 
@@ -160,7 +154,7 @@ std::string ProbabilitiesToNote(Game& game, bool is_default) {
   if (game.ProbabilityChanged && is_default && !game.AppPath.empty()) {
     const std::string path = game.AppPath + std::string(kDefaultProbabilities);
     if (SaveProbabilityFile(game, path)) return path;
-    TellNotSaved(game, "Probability File", path, game.LastErrorText);
+    TellNotSaved(game, "Probability File", path);
   }
   return IsPlainFile(game.ProbabilityFileName) ? game.ProbabilityFileName : "";
 }
@@ -259,7 +253,7 @@ void OpenProbabilities(Game& game, const Companion& probabilities) {
 }
 
 void OpenOutput(Game& game, const std::string& path) {
-  CloseScriptOutput(game);
+  EndScriptOutput(game);
   game.ScriptOutputFile = path;
   std::error_code ignored;
   // Opening a pipe would wait for somebody at its other end.
@@ -398,7 +392,7 @@ bool SaveGame(Game& game, const std::string& path) {
   WriteGameFields(game, records);
   if (const std::optional<FileError> error = WriteFileAtomically(path, records.Bytes())) {
     game.LastErrorText = error->At("Save Game");
-    TellNotSaved(game, "Game File", path, error->description);
+    TellNotSaved(game, "Game File", path);
     return false;
   }
   headers.TellPathsTooLong();
