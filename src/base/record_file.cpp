@@ -115,10 +115,15 @@ FileError SystemError(int number) {
   return {number, std::generic_category().message(number)};
 }
 
-std::optional<FileError> RecordReader::Open(const std::string& path) {
+std::optional<FileError> FaultOfRecordFile(const std::string& path) {
   struct stat status {};
   if (::stat(path.c_str(), &status) != 0) return SystemError(errno);
   if (S_ISDIR(status.st_mode)) return SystemError(EISDIR);
+  return S_ISREG(status.st_mode) ? std::nullopt : std::optional(SystemError(ENOTSUP));
+}
+
+std::optional<FileError> RecordReader::Open(const std::string& path) {
+  if (std::optional<FileError> fault = FaultOfRecordFile(path)) return fault;
   errno = 0;
   file_.open(path, std::ios::binary);
   if (!file_.is_open()) return SystemError(errno != 0 ? errno : EIO);

@@ -10,11 +10,11 @@
 #include "autobet/output_file.h"
 #include "autobet/run_script.h"
 #include "autobet/script_file.h"
-#include "dice/probability.h"
 #include "engine/new_game.h"
 #include "engine/roll_cycle.h"
 #include "files/file_dialog.h"
 #include "files/game_file.h"
+#include "files/probability_commands.h"
 #include "surface/surface.h"
 
 namespace feltmaster {
@@ -50,23 +50,13 @@ bool AskAboutAutoBets(Game& game) {
                    SaveAutoBets);
 }
 
-bool SaveProbabilities(Game& game) {
-  const std::string path = game.ProbabilityFileName;
-  if (path.empty() || IsNamed(path, kDefaultProbabilities)) {
-    return ShowFileDialog(game, "Save Probability File As").has_value();
-  }
-  if (SaveProbabilityFile(game, path)) return true;
-  TellNotSaved(game, "Probability File", path);
-  return false;
-}
-
 bool AskAboutProbabilities(Game& game) {
   if (!game.UseSkewedProbability || !game.ProbabilityChanged) return true;
   return AskToSave(game, "Save Probabilities?",
                    "Your current probabilities (listed on the\n"
                    "configuration screen) have not been saved.\n\n"
                    "Do you want to save them now?",
-                   SaveProbabilities);
+                   SaveProbabilitiesCommand);
 }
 
 // The dialog names the game; a name that could not be written to is not kept.

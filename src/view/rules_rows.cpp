@@ -117,4 +117,16 @@ Rows SettingRows(Game& game) {
   return rows;
 }
 
+Rows ChangedSettingRows(Game& game, Game& other) {
+  Rows changed;
+  const Rows rows = SettingRows(game);
+  const Rows others = SettingRows(other);
+  for (std::size_t i = 0; i < rows.size() && i < others.size(); ++i) {
+    if (rows[i] == others[i]) continue;
+    changed.push_back(rows[i]);
+    changed.back().push_back(others[i].back());
+  }
+  return changed;
+}
+
 }  // namespace feltmaster

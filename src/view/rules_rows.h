@@ -15,5 +15,7 @@ Rows AdvantageRows(const Game& game);
 
 // Every setting by its name; of a table a row for each element.
 Rows SettingRows(Game& game);
+// The settings of SettingRows in which a game differs from another, with the values of both.
+Rows ChangedSettingRows(Game& game, Game& other);
 
 }  // namespace feltmaster

@@ -114,11 +114,12 @@ ssize_t read(int file, void* bytes, std::size_t count) {
 ssize_t pread(int file, void* bytes, std::size_t count, off_t at) {
   return Fails("pread") ? -1 : syscall(SYS_pread64, file, bytes, count, at);
 }
-int fsync(int file) {
-  return static_cast<int>(Made("fsync", SYS_fsync, file));
+// The files of a test need not outlive a crash of the machine.
+int fsync(int) {
+  return Fails("fsync") ? -1 : 0;
 }
-int fdatasync(int file) {
-  return static_cast<int>(Made("fdatasync", SYS_fdatasync, file));
+int fdatasync(int) {
+  return Fails("fdatasync") ? -1 : 0;
 }
 // Closed in any case, as the system does it.
 int close(int file) {
