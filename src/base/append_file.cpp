@@ -31,7 +31,7 @@ std::error_code AppendFile::Flush() {
   if (waiting_.empty()) return {};
   const off_t end = ::lseek(file_.Number(), 0, SEEK_END);
   std::error_code error;
-  if (!WriteAll(file_.Number(), waiting_)) {
+  if (!file_.Write(waiting_)) {
     error = LastError();
     if (end >= 0 && ::ftruncate(file_.Number(), end) == 0) return error;
   }

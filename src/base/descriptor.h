@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 #include <utility>
 
@@ -11,21 +12,25 @@ class Descriptor {
   explicit Descriptor(int number = -1) : number_(number) {}
   Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
   Descriptor& operator=(Descriptor&& other) noexcept {
-    std::swap(number_, other.number_);
+    Close();
+    number_ = std::exchange(other.number_, -1);
     return *this;
   }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
   ~Descriptor() { Close(); }
 
   bool IsOpen() const { return number_ >= 0; }
   int Number() const { return number_; }
-  // 0, or -1 with errno: what was written may not have arrived. Closed in any case.
+  // As close(2): 0, or -1 with errno.
   int Close();
+
+  // All of the bytes, at the place where the file stands or at the one given. False with errno.
+  bool Write(std::string_view bytes) const;
+  bool WriteAt(std::uint64_t place, std::string_view bytes) const;
 
  private:
   int number_;
 };
-
-// Writes all of it, however often the system stops short. False with errno.
-bool WriteAll(int file, std::string_view bytes);
 
 }  // namespace feltmaster

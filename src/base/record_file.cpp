@@ -10,12 +10,12 @@
 #include <chrono>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <limits>
 #include <system_error>
 
 #include "base/descriptor.h"
+#include "base/draft_file.h"
 #include "base/text.h"
 
 namespace feltmaster {
@@ -41,22 +41,10 @@ void PutLittleEndian(char* bytes, Unsigned value) {
 
 std::optional<FileError> WriteInPlace(const std::string& path, std::string_view bytes) {
   Descriptor file(::open(path.c_str(), O_WRONLY | O_CLOEXEC));
-  if (!file.IsOpen() || !WriteAll(file.Number(), bytes) || file.Close() != 0) {
+  if (!file.IsOpen() || !file.Write(bytes) || file.Close() != 0) {
     return SystemError(errno);
   }
   return std::nullopt;
-}
-
-// With its separator; empty for a bare name.
-std::string FolderOf(const std::string& path) {
-  return path.substr(0, path.rfind('/') + 1);
-}
-
-// Where the new file grows up. It is no longer than a name may be, however long the file's own is.
-std::string NameBeside(const std::string& path) {
-  constexpr std::size_t kLongest = 200;
-  const std::string folder = FolderOf(path);
-  return folder + path.substr(folder.size(), kLongest) + ".new" + std::to_string(::getpid());
 }
 
 }  // namespace
@@ -134,6 +122,11 @@ bool RecordReader::Read(Record& record) {
   return static_cast<bool>(file_.read(record.Data(), kRecordSize));
 }
 
+void RecordReader::Seek(std::int64_t number) {
+  file_.clear();
+  file_.seekg((number - 1) * static_cast<std::int64_t>(kRecordSize));
+}
+
 std::string FileStamp(const std::string& path) {
   struct stat status {};
   if (::stat(path.c_str(), &status) != 0) return {};
@@ -170,39 +163,14 @@ std::optional<FileError> ReadWholeFile(const std::string& path, std::size_t limi
 }
 
 std::optional<FileError> WriteFileAtomically(const std::string& path, std::string_view bytes) {
-  std::string target = path;
-  mode_t mode = 0666;
   struct stat status {};
-  const bool exists = ::stat(path.c_str(), &status) == 0;
-  if (exists) {
-    if (S_ISDIR(status.st_mode)) return SystemError(EISDIR);
-    if (!S_ISREG(status.st_mode)) return WriteInPlace(path, bytes);
-    if (::access(path.c_str(), W_OK) != 0) return SystemError(errno);
-    mode = status.st_mode & 07777;
-    if (char* resolved = ::realpath(path.c_str(), nullptr)) {
-      target = resolved;
-      std::free(resolved);
-    }
-  }
-  const std::string beside = NameBeside(target);
-  ::unlink(beside.c_str());
-  Descriptor file(::open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
-  if (!file.IsOpen()) return SystemError(errno);
-  const bool done = WriteAll(file.Number(), bytes) &&
-                    (!exists || ::fchmod(file.Number(), mode) == 0) &&
-                    ::fsync(file.Number()) == 0 && file.Close() == 0 &&
-                    ::rename(beside.c_str(), target.c_str()) == 0;
-  if (!done) {
-    const FileError error = SystemError(errno);
-    ::unlink(beside.c_str());
-    return error;
-  }
-  // The name is on the disk only when its folder is. A folder that cannot be flushed is no fault.
-  const std::string folder = FolderOf(target);
-  Descriptor directory(
-      ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (directory.IsOpen()) ::fsync(directory.Number());
-  return std::nullopt;
+  const bool device =
+      ::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
+  if (device) return WriteInPlace(path, bytes);
+  DraftFile file;
+  std::optional<FileError> error = file.Open(path);
+  if (!error) error = file.Write(bytes);
+  return error ? error : file.PutInPlace();
 }
 
 std::optional<FileError> WriteOverStart(const std::string& path, std::string_view bytes) {

@@ -45,7 +45,7 @@ struct Companion {
 // is opened for writing. False as OpenGame.
 bool ReadGame(Game& game, const std::string& path, std::vector<Companion>& companions);
 
-// Writes the script in memory to active.tmp, the copy to which a Hot-Key returns.
+// Writes the script in memory to active.tmp, its copy in the data folder.
 bool WriteActiveScript(Game& game);
 
 // "Feltmaster", or that and the name of the game's file.
