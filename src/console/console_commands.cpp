@@ -45,6 +45,7 @@
 #include "table/table_input.h"
 #include "view/bankroll_graph.h"
 #include "view/bet_results_table.h"
+#include "view/probability_grid.h"
 #include "view/roll_frequencies.h"
 #include "view/roll_totals.h"
 #include "view/rules_rows.h"
@@ -649,12 +650,6 @@ Reply CallMapSkewedDraw(Console& console, Arguments& args) {
   MapSkewedDraw(console.Table, x);
   return DiceReply(console.Table);
 }
-// The cells in use: the totals in row 1, their ordered rolls below them, the faces of either die in
-// the columns 12 and 13.
-bool IsProbabilityCell(int row, int column) {
-  if (column >= 12) return row >= 2;
-  return row <= 7 - (column > 6 ? column - 6 : 6 - column);
-}
 Reply CallSetProbabilityCell(Console& console, Arguments& args) {
   const auto row = static_cast<int>(args.Number("Row", 1, 7));
   const auto column = static_cast<int>(args.Number("Col", 1, 13));
@@ -671,8 +666,7 @@ Reply CallSetProbabilityCell(Console& console, Arguments& args) {
   args.End();
   if (args.Failed()) return Refused(args);
   SetProbabilityCell(console.Table, row, column, value, raw);
-  return Number(console.Table.DiceProbability[1][static_cast<std::size_t>(row)]
-                                             [static_cast<std::size_t>(column)]);
+  return Number(ProbabilityWeight(console.Table, row, column));
 }
 Reply CallSeedRng(Console& console, Arguments& args) {
   const auto ask = static_cast<std::int32_t>(args.Number(
@@ -942,6 +936,7 @@ constexpr Command kScreens[] = {
     {"hotkeys", "", "the Hot-Keys", ShowRows<HotKeyRows>},
     {"advantage", "", "what each bet is worth", ShowTable<AdvantageRows>},
     {"payoffs", "", "the payoffs in force", ShowTable<PayoffRows>},
+    {"probabilities", "", "the chances of the dice", ShowTable<ProbabilityRows>},
     {"comps", "", "the comps earned", ShowFigures<CompFigures>},
     {"settings", "[TAB]", "the Configure and Auto-Play screens", ShowSettings},
 };
@@ -1299,13 +1294,14 @@ Reply PrbOpen(Console& console, Arguments& args) {
   Game& game = console.Table;
   const std::string file = args.Rest("FILE");
   if (args.Failed()) return Refused(args);
-  constexpr std::int32_t kFileRefused = 0;
-  if (LoadProbabilityFile(game, file)) return Done();
-  if (game.FileStatus != kFileRefused) {
+  if (OpenProbabilityFile(game, file)) {
+    return Done({}, "The dice of " + file +
+                        (game.UseSkewedProbability ? " are on the table.\n"
+                                                   : "; prb on brings them to the table.\n"));
+  }
+  if (game.FileStatus < 0) {
     return Refused("FILE " + Quoted(file) + " cannot be read: " + game.LastErrorText + '.');
   }
-  Tell(game, "Unable to Open Feltmaster Probability File", game.LastErrorText,
-       kButtonOk | kPictureStop);
   return Done();
 }
 Reply PrbSave(Console& console, Arguments& args) {

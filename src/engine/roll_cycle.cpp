@@ -206,7 +206,7 @@ void PlayRoll(Game& game) {
 
 void EndHyperDrive(Game& game) {
   game.HyperDriveActive = false;
-  FlushScriptOutput(game);
+  SettleScriptOutput(game);
   game.surface->ShowBanner("");
   if (!game.HyperDriveStopText.empty()) {
     Tell(game, "Hyper-Drive Stopped", game.HyperDriveStopText);

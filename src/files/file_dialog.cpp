@@ -76,13 +76,8 @@ Outcome SaveSelectedLines(Game& game, const std::string& path) {
   return OutcomeOfSave(saved);
 }
 
-Outcome OpenProbabilityFile(Game& game, const std::string& path) {
-  const Outcome outcome = OutcomeOfLoad(game, LoadProbabilityFile(game, path));
-  if (outcome == Outcome::kRefused) {
-    Tell(game, "Unable to Open Feltmaster Probability File", game.LastErrorText,
-         kButtonOk | kPictureStop);
-  }
-  return outcome;
+Outcome OpenProbabilities(Game& game, const std::string& path) {
+  return OutcomeOfLoad(game, OpenProbabilityFile(game, path));
 }
 Outcome SaveProbabilities(Game& game, const std::string& path) {
   return OutcomeOfSave(SaveProbabilityFile(game, path));
@@ -133,7 +128,7 @@ constexpr auto kCommands = std::to_array<FileCommand>({
     {"Select Auto-Bet File for Hot-Key", "*.bet"},
     {"Open Games Log", "*.glg"},
     {"Save Games Log As", "*.glg", nullptr, "Save Games Log As"},
-    {"Open Probability File", "*.prb", OpenProbabilityFile},
+    {"Open Probability File", "*.prb", OpenProbabilities},
     {.caption = "Save Probability File As",
      .pattern = "*.prb",
      .act = SaveProbabilities,

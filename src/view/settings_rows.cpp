@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <map>
 #include <memory>
 
 #include "automation/auto_play.h"
@@ -18,6 +19,9 @@
 namespace feltmaster {
 
 namespace {
+
+// The columns of the rows.
+enum SettingColumn { kSettingTab, kSettingCaption, kSettingValue, kSettingName };
 
 using Choices = std::span<const std::string_view>;
 
@@ -389,6 +393,19 @@ Rows SettingRows(Game& game) {
     }
   }
   return rows;
+}
+
+Rows ChangedSettingRows(Game& game, Game& other) {
+  std::map<std::string, std::string> there;
+  for (const Row& row : SettingRows(other)) there[row[kSettingName]] = row[kSettingValue];
+  Rows changed;
+  for (const Row& row : SettingRows(game)) {
+    const auto same = there.find(row[kSettingName]);
+    const std::string usual = same == there.end() ? "Feltmaster's own" : same->second;
+    if (row[kSettingName].empty() || row[kSettingValue] == usual) continue;
+    changed.push_back({row[kSettingCaption], row[kSettingValue], usual, row[kSettingName]});
+  }
+  return changed;
 }
 
 }  // namespace feltmaster
