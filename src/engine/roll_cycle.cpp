@@ -17,6 +17,7 @@
 #include "engine/place_bet.h"
 #include "engine/resolve.h"
 #include "engine/table_effects.h"
+#include "files/games_log.h"
 #include "stats/bankroll_history.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
@@ -279,6 +280,7 @@ void RollCycle(Game& game) {
   } catch (const std::exception& error) {
     TrapError(game, error.what());
   }
+  FlushGamesLog(game);
   if (!game.surface->TableMinimised()) game.HyperDriveStopText.clear();
   if (game.Point == 0) ComeOutCall(game);
   game.RollInProgress = false;

@@ -15,6 +15,7 @@
 #include "engine/roll_cycle.h"
 #include "files/file_dialog.h"
 #include "files/game_file.h"
+#include "files/games_log.h"
 #include "surface/surface.h"
 
 namespace feltmaster {
@@ -136,6 +137,7 @@ bool AskToSaveAll(Game& game) {
 
 bool NewGame(Game& game) {
   if (!AskToSaveAll(game)) return false;
+  LogFinishedGame(game);
   ResetGame(game, ResetMode::kAll);
   game.RefreshBetAmounts = true;
   game.surface->TableChanged(kChangedAll);

@@ -14,6 +14,7 @@
 #include "autobet/script_file.h"
 #include "base/text.h"
 #include "dice/probability.h"
+#include "files/games_log.h"
 #include "stats/bankroll_history.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
@@ -270,6 +271,15 @@ void OpenOutput(Game& game, const std::string& path) {
   }
 }
 
+// A log that is not there yet is made by its first game.
+void TakeGamesLog(Game& game, const Companion& log) {
+  if (!log.exists) {
+    game.GamesLogFile = log.path;
+  } else {
+    OpenGamesLog(game, log.path);
+  }
+}
+
 // What the fields build on: counters whose clock starts anew, and nothing of the roll before.
 void ClearForFields(Game& game) {
   ResetRollStatistics(game);
@@ -322,7 +332,7 @@ void Adopt(Game& game, const std::string& path, const GameRecords& records) {
   const bool recorder_goes_on = OpenDiceRolls(game, companion(kDiceRollHeader));
   OpenProbabilities(game, companion(kProbabilityHeader));
   OpenOutput(game, companion(kOutputHeader).path);
-  game.GamesLogFile = companion(kLogHeader).path;
+  TakeGamesLog(game, companion(kLogHeader));
 
   ClearForFields(game);
   ReadGameFields(game, records, is_default);
