@@ -15,6 +15,7 @@
 #include "engine/amounts.h"
 #include "engine/new_game.h"
 #include "engine/place_bet.h"
+#include "files/games_log.h"
 #include "stats/roll_statistics.h"
 #include "surface/surface.h"
 
@@ -316,7 +317,7 @@ void SetHandling(std::int32_t& rule, std::int32_t choice) {
 }
 
 void ResetTable(Game& game, ResetMode mode) {
-  // The Games Log takes the game in progress here, once there is one.
+  LogFinishedGame(game);
   ResetGame(game, mode);
 }
 

@@ -39,12 +39,15 @@
 #include "engine/place_bet.h"
 #include "engine/roll_cycle.h"
 #include "files/file_commands.h"
+#include "files/games_log.h"
 #include "files/roll_recorder.h"
 #include "stats/bankroll_history.h"
+#include "stats/games_analysis.h"
 #include "stats/roll_statistics.h"
 #include "table/table_input.h"
 #include "view/bankroll_graph.h"
 #include "view/bet_results_table.h"
+#include "view/games_screen.h"
 #include "view/probability_grid.h"
 #include "view/roll_frequencies.h"
 #include "view/roll_totals.h"
@@ -78,9 +81,6 @@ Reply Refused(std::string sentence) {
 }
 Reply Refused(const Arguments& args) {
   return Refused(args.Error());
-}
-Reply NotYet(std::string_view what) {
-  return Refused(std::string(what) + " is not available yet.");
 }
 
 Reply Amount(MoneyAmount amount, std::string words = {}) {
@@ -888,6 +888,7 @@ Reply ShowResults(Console& console, Arguments& args) {
   const Rows rows = BetResultRows(game, choice);
   return RowsReply(rows, TextTable(rows));
 }
+
 std::string TabNames() {
   std::string names;
   for (const SettingTab& tab : SettingTabs()) {
@@ -917,8 +918,17 @@ Reply ShowSettings(Console& console, Arguments& args) {
   }
   return RowsReply(rows, words);
 }
-Reply ShowLater(Console&, Arguments&) {
-  return NotYet("This screen");
+
+// The log by the variable that the screen has chosen; each time as if the screen were opened.
+Reply ShowGames(Console& console, Arguments& args) {
+  Game& game = console.Table;
+  args.End();
+  if (args.Failed()) return Refused(args);
+  game.GamesValueBox = {};
+  game.GamesDeviationBox = {};
+  const std::optional<GamesAnalysis> analysis = AnalyzeGames(game, game.GamesDisplayChoice);
+  const Rows rows = analysis ? GamesRows(game, *analysis) : Rows();
+  return RowsReply(rows, TextTable(rows));
 }
 
 constexpr Command kScreens[] = {
@@ -930,7 +940,7 @@ constexpr Command kScreens[] = {
     {"results", "[phantom|actual] [all|BET ...]", "what the bets have won and lost", ShowResults},
     {"trends", "", "runs of wins and losses", ShowTable<TrendRows>},
     {"bankroll", "", "the figures of the bankroll", ShowFigures<BankrollHeader>},
-    {"games", "", "the Games Log", ShowLater},
+    {"games", "", "the Games Log", ShowGames},
     {"stacks", "", "the Chip-Stacks", ShowRows<ChipStackRows>},
     {"flags", "", "the flags of the script", ShowRows<FlagRows>},
     {"hotkeys", "", "the Hot-Keys", ShowRows<HotKeyRows>},
@@ -1422,8 +1432,34 @@ Reply Report(Console& console, Arguments& args) {
                   : std::to_string(pages) + (pages == 1 ? " page" : " pages") + " printed.\n");
 }
 
-Reply Later(Console&, Arguments&) {
-  return NotYet("This command");
+Reply GamesReply(const Game& game) {
+  GamesLogReader log;
+  const std::optional<LogFault> fault = log.Open(game.GamesLogFile);
+  const std::int32_t games = fault ? 0 : log.Count();
+  return Done(JsonOf(games), CountText(games) + (games == 1 ? " game" : " games") + " in " +
+                                 game.GamesLogFile + ".\n");
+}
+Reply LogAdd(Console& console) {
+  Game& game = console.Table;
+  if (!LogFinishedGame(game) && !console.Surface.Messages.empty()) {
+    return Refused("The Games Log " + Quoted(game.GamesLogFile) +
+                   " cannot be written: " + OneLine(console.Surface.Messages.back().text));
+  }
+  return GamesReply(game);
+}
+Reply Log(Console& console, Arguments& args) {
+  Game& game = console.Table;
+  const std::string file = args.Rest("FILE");
+  if (args.Failed()) return Refused(args);
+  if (EqualIgnoringCase(file, "add")) return LogAdd(console);
+  std::error_code ignored;
+  std::optional<LogFault> fault;
+  if (!std::filesystem::exists(file, ignored)) fault = MakeEmptyLog(file);
+  if (fault) game.LastErrorText = fault->error.At("Open Games File");
+  if (fault || (!OpenGamesLog(game, file) && game.FileStatus < 0)) {
+    return Refused("FILE " + Quoted(file) + " cannot be used: " + OneLine(game.LastErrorText));
+  }
+  return GamesReply(game);
 }
 
 Reply Echo(Console&, Arguments& args) {
@@ -1487,7 +1523,7 @@ constexpr Command kCommands[] = {
     {"playback", "FILE", "plays the rolls of a Dice Roll File", PlayBackRolls},
     {"recorder", "off", "stops recording or playback", Recorder},
     {"prb", "open FILE|save FILE|on|off", "the probabilities of the dice", Prb},
-    {"log", "FILE|add", "the Games Log", Later},
+    {"log", "FILE|add", "takes a file as the Games Log, or logs the game in progress", Log},
     {"report", "NAME FILE.pdf", "prints a report into a file, .pdf, .svg or .txt", Report},
     {"help", "[COMMAND]", "tells about the commands", Help},
     {"echo", "TEXT", "says the text", Echo},

@@ -18,6 +18,7 @@
 #include "engine/place_bet.h"
 #include "engine/resolve.h"
 #include "engine/table_effects.h"
+#include "files/games_log.h"
 #include "files/roll_recorder.h"
 #include "reports/graph_print.h"
 #include "stats/bankroll_history.h"
@@ -289,6 +290,7 @@ void RollCycle(Game& game) {
   } catch (const std::exception& error) {
     TrapError(game, error.what());
   }
+  FlushGamesLog(game);
   if (!game.surface->TableMinimised()) {
     if (game.HyperDriveStopText == kEndOfDiceRolls) DiceRollStopped(game);
     game.HyperDriveStopText.clear();

@@ -15,6 +15,7 @@
 #include "engine/roll_cycle.h"
 #include "files/file_dialog.h"
 #include "files/game_file.h"
+#include "files/games_log.h"
 #include "files/probability_commands.h"
 #include "files/roll_editor.h"
 #include "files/roll_recorder.h"
@@ -137,6 +138,7 @@ bool AskToSaveAll(Game& game) {
 bool NewGame(Game& game) {
   if (!AskToSaveAll(game)) return false;
   FinishGraphPrint(game);
+  LogFinishedGame(game);
   ResetGame(game, ResetMode::kAll);
   game.RefreshBetAmounts = true;
   game.surface->TableChanged(kChangedAll);

@@ -11,6 +11,7 @@
 #include "base/text.h"
 #include "dice/probability.h"
 #include "files/game_file.h"
+#include "files/games_log.h"
 #include "files/roll_editor.h"
 #include "files/roll_recorder.h"
 #include "surface/surface.h"
@@ -174,7 +175,7 @@ void ForgetProbabilities(Game& game) {
   game.ProbabilityChanged = true;
 }
 void ForgetGamesLog(Game& game) {
-  game.GamesLogFile = game.AppPath + "default.glg";
+  game.GamesLogFile = game.AppPath + std::string(kDefaultGamesLog);
 }
 struct FileInUse {
   std::string_view word;

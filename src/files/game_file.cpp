@@ -16,6 +16,7 @@
 #include "base/text.h"
 #include "dice/probability.h"
 #include "engine/sounds.h"
+#include "files/games_log.h"
 #include "files/roll_recorder.h"
 #include "stats/bankroll_history.h"
 #include "stats/bet_results.h"
@@ -281,6 +282,15 @@ void OpenOutput(Game& game, const std::string& path) {
   }
 }
 
+// A log that is not there yet is made by its first game.
+void TakeGamesLog(Game& game, const Companion& log) {
+  if (log.found == CompanionFound::kMissing) {
+    game.GamesLogFile = log.path;
+  } else {
+    OpenGamesLog(game, log.path);
+  }
+}
+
 // What the fields build on: counters whose clock starts anew, and nothing of the roll before.
 void ClearForFields(Game& game) {
   ResetRollStatistics(game);
@@ -339,7 +349,7 @@ void Adopt(Game& game, const std::string& path, const GameRecords& records) {
   const bool recorder_goes_on = OpenDiceRolls(game, companions[kDiceRollFile]);
   OpenProbabilities(game, companions[kProbabilityFile]);
   OpenOutput(game, companions[kOutputFile].path);
-  game.GamesLogFile = companions[kLogFile].path;
+  TakeGamesLog(game, companions[kLogFile]);
 
   ClearForFields(game);
   ReadGameFields(game, records, is_default);
