@@ -15,7 +15,7 @@
 #include "stats/roll_statistics.h"
 #include "surface/null_surface.h"
 #include "view/figure.h"
-#include "view/rules_rows.h"
+#include "view/settings_rows.h"
 #include "view/table_rows.h"
 
 namespace feltmaster {
