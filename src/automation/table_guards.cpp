@@ -6,9 +6,7 @@
 namespace feltmaster {
 
 bool AskToEndScript(Game& game) {
-  if (!AskYesNo(game, "Auto-Bet Active", "Do you want to interrupt Auto-Betting? ")) return false;
-  game.AutoBetRunning = false;
-  return true;
+  return AskYesNo(game, "Auto-Bet Active", "Do you want to interrupt Auto-Betting? ");
 }
 
 bool AskToStopHyperDrive(Game& game) {
@@ -19,7 +17,7 @@ bool AskToStopHyperDrive(Game& game) {
 
 bool TableIsFree(Game& game) {
   if (game.AutoBetRunning) {
-    if (AskToEndScript(game)) game.KeepRolling = false;
+    AskToEndScript(game);
     return false;
   }
   if (game.HyperDriveActive) {

@@ -4,9 +4,9 @@
 
 namespace feltmaster {
 
-// The questions that a command asks before it disturbs what is running. A Yes to the first ends the
-// script; a Yes to the second lets Hyper-Drive end after the roll in progress, and leaves
-// HyperDriveActive to it. True for a Yes.
+// The questions that a command asks before it disturbs what is running. True for a Yes: to the
+// first the message dialog itself ends the script and the rolling, to the second Hyper-Drive ends
+// after the roll in progress, and leaves HyperDriveActive to it.
 bool AskToEndScript(Game& game);
 bool AskToStopHyperDrive(Game& game);
 

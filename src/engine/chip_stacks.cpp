@@ -5,6 +5,7 @@
 #include "autobet/message.h"
 #include "base/number_format.h"
 #include "base/text.h"
+#include "engine/chip_list.h"
 #include "engine/table_effects.h"
 
 namespace feltmaster {
@@ -34,9 +35,10 @@ constexpr std::array<ClearingQuestion, 3> kClearings = {{
     {"Delete All Names", "Are you sure you want to delete all Chip-Stack names?", false, true},
 }};
 
-bool IsOnTable(const Game& game, int slot) {
-  return std::find(game.StackSlots.begin() + 1, game.StackSlots.end(), slot) !=
-         game.StackSlots.end();
+void RebuildPiles(Game& game) {
+  for (int pile = 1; pile <= kPileCount; ++pile) {
+    RebuildChips(game, game.StackSlots[static_cast<std::size_t>(pile)]);
+  }
 }
 
 // The second of two boxes with the same number, 0 when all differ.
@@ -66,6 +68,7 @@ void EnterStackCell(Game& game, const StackCell& cell, std::string_view text) {
     NameOf(game, cell.stack) = CutAtCharacter(text, kStackNameSize);
   } else {
     game.BetAmount.Set(kFirstStack + cell.stack, ParseMoney(text));
+    RebuildChips(game, kFirstStack + cell.stack);
   }
   ShowStacks(game, cell.name ? 0 : kChangedAmounts | kChangedChips);
 }
@@ -103,6 +106,7 @@ bool ClearStacks(Game& game, StackClearing what) {
     if (question.values) game.BetAmount.Set(kFirstStack + stack, {});
     if (question.names) NameOf(game, stack).clear();
   }
+  if (question.values) RebuildPiles(game);
   ShowStacks(game, question.values ? kChangedAmounts | kChangedChips : 0);
   return true;
 }
@@ -112,12 +116,14 @@ int SetVisibleStacks(Game& game, const std::array<int, 4>& numbers) {
     Tell(game, "Set Visible Chip-Stacks", "Each Chip-Stack entry should be a different number.");
     return box;
   }
-  std::erase_if(game.ChipList, [&](const TableChip& chip) { return IsOnTable(game, chip.bet); });
+  std::erase_if(game.ChipList,
+                [&](const TableChip& chip) { return PileOfStack(game, chip.bet) != 0; });
   for (std::size_t pile = 1; pile < game.StackSlots.size(); ++pile) {
     const int number = numbers[pile - 1];
     game.StackSlots[pile] = kFirstStack + number;
     game.StackPileName[pile] = "Chip-Stack #" + std::to_string(number);
   }
+  RebuildPiles(game);
   game.RedrawTable = true;
   ShowStacks(game, kChangedAll);
   return 0;

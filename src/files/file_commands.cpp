@@ -199,10 +199,7 @@ void ShowPath(Game& game) {
 }
 
 bool AskToClose(Game& game) {
-  if (game.AutoBetRunning) {
-    if (!AskToEndScript(game)) return false;
-    game.KeepRolling = false;
-  }
+  if (game.AutoBetRunning && !AskToEndScript(game)) return false;
   game.surface->LetEventsThrough();
   if (game.HyperDriveActive) {
     if (!AskToStopHyperDrive(game)) return false;

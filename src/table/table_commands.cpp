@@ -10,6 +10,7 @@
 #include "engine/place_bet.h"
 #include "engine/table_effects.h"
 #include "files/file_commands.h"
+#include "files/roll_recorder.h"
 #include "surface/surface.h"
 #include "table/calls.h"
 #include "table/layout.h"
@@ -216,6 +217,7 @@ std::string TableTitle(const Game& game, bool minimised) {
 void TableRestored(Game& game) {
   if (game.HyperDriveActive || game.HyperDriveStopText.empty()) return;
   Tell(game, "Hyper-Drive Stopped", game.HyperDriveStopText);
+  if (game.HyperDriveStopText == kEndOfDiceRolls) DiceRollStopped(game);
   game.HyperDriveStopText.clear();
 }
 

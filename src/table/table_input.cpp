@@ -10,6 +10,7 @@
 #include "engine/roll_cycle.h"
 #include "engine/sounds.h"
 #include "engine/table_effects.h"
+#include "files/roll_recorder.h"
 #include "table/calls.h"
 #include "table/key_walk.h"
 #include "table/table_commands.h"
@@ -62,6 +63,10 @@ void BetWithTool(Game& game, int slot, Pixel at, Modifiers held) {
 
 void PressLeft(Game& game, Hit hit, Pixel at, Modifiers held) {
   const bool on_bet = IsBetOrStack(hit.bet);
+  if (hit.bet == kHitRecorder) {
+    DiceRollStopped(game);
+    return;
+  }
   if (hit.bet == kHitFelt) {
     CancelCall(game);
     return;
@@ -105,15 +110,18 @@ bool WalkEntryBox(Game& game, Arrow arrow) {
   return true;
 }
 
-// Takes back what is under way: what was typed, or a command that waits for a bet.
+// Takes back what is under way: what was typed, a command that waits for a bet, or the recorder.
 bool TakeBack(Game& game) {
   if (game.EntryBoxEdited) {
     ResetEntryBox(game);
-    return true;
+  } else if (game.CallBetMode != 0) {
+    CancelCall(game);
+  } else if (game.DiceRollFileMode != kRecorderOff) {
+    DiceRollStopped(game);
+  } else {
+    return false;
   }
-  const bool waits = game.CallBetMode != 0;
-  CancelCall(game);
-  return waits;
+  return true;
 }
 
 }  // namespace

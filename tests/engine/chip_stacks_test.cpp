@@ -101,6 +101,10 @@ TEST_F(ChipStacks, FourOfThemLieOnTheTable) {
   EXPECT_TRUE(game_->RedrawTable);
   ASSERT_EQ(game_->ChipList.size(), 2U);
   EXPECT_EQ(game_->ChipList[0].bet, kField);
+  EnterStackCell(*game_, {57, false}, "5");
+  ASSERT_EQ(game_->ChipList.size(), 3U) << "the top pile shows what was entered";
+  EXPECT_EQ(game_->ChipList[2].bet, 157);
+  EXPECT_EQ(game_->ChipList[2].y, 64);
 }
 
 TEST_F(ChipStacks, KeysMoveTheEntryBox) {

@@ -191,7 +191,7 @@ TEST_F(TableInput, WhatRunsIsInterruptedBeforeAnythingElse) {
     const bool asks = menu == Menu::kGame || menu == Menu::kAction;
     EXPECT_EQ(surface.messages.size(), asks ? 2u : 0u);
     EXPECT_EQ(game.AutoBetRunning, !asks);
-    EXPECT_TRUE(game.KeepRolling);
+    EXPECT_EQ(game.KeepRolling, !asks);
     surface.answers.clear();
   }
 }
@@ -366,6 +366,29 @@ TEST_F(TableInput, DiceThatRemainGoBackAtTheNextPressOnTheLayout) {
   EXPECT_FALSE(game.DiceReturned) << "empty felt";
   Left(At(kField));
   EXPECT_TRUE(game.DiceReturned);
+}
+
+TEST_F(TableInput, TheRecorderIsStoppedByItsSignAndByEsc) {
+  const auto press = [&] { Left({480, 390}); };
+  const auto escape = [&] { EXPECT_TRUE(Press(Key::kEscape)); };
+  const std::function<void()> gestures[] = {press, escape};
+  for (const auto& gesture : gestures) {
+    game.DiceRollFileMode = kRecording;
+    surface.Answer(kAnswerNo);
+    gesture();
+    EXPECT_EQ(TakeMessage().text, "Recording stopped.\nRewind for playback?");
+    EXPECT_EQ(game.DiceRollFileMode, kRecorderOff);
+  }
+  press();
+  EXPECT_FALSE(Press(Key::kEscape));
+  game.HyperDriveStopText = "Stopped due to end of Dice Roll File reached.";
+  game.DiceRollFileMode = kPlayback;
+  surface.Answer(kAnswerOk);
+  surface.Answer(kAnswerNo);
+  TableRestored(game);
+  ASSERT_EQ(surface.messages.size(), 2u);
+  EXPECT_EQ(surface.messages[0].title, "Hyper-Drive Stopped");
+  EXPECT_EQ(surface.messages[1].text, "Playback stopped.\nRewind for playback?");
 }
 
 TEST_F(TableInput, EveryEntryOfTheMenuDoesSomething) {
