@@ -42,7 +42,8 @@ class SavedFiles : public testing::Test {
 };
 
 TEST_F(SavedFiles, AGame) {
-  std::ofstream(Path("s.txt")) << "Do this:\n  Set flag \"Paid\" to True\n";
+  std::ofstream(Path("s.txt"))
+      << "When . . .\n  Initializing Auto-Bet\nthen . . .\n  Set flag \"Paid\" to True\n";
   Play({"script load " + Path("s.txt"), "script save " + Path("s.bet"), "script active on",
         "configure MinPlacardBet 5", "atm deposit 300", "roll 3 3", "bet \"Place 8\" 12",
         "bet \"Field\" 5", "bet 104 7", "set ChipStackName(4) lucky", "save " + Path("a.crp")});
@@ -55,7 +56,7 @@ TEST_F(SavedFiles, AGame) {
   EXPECT_EQ(game["dice"], Json({3, 3}));
   EXPECT_EQ(game["bets"][0]["name"], "Place 8");
   EXPECT_EQ(game["bets"][0]["amount"], 12);
-  EXPECT_EQ(game["script"]["lines"], 2);
+  ASSERT_EQ(game["script"]["lines"], 4);
   EXPECT_EQ(game["script"]["active"], true);
   EXPECT_EQ(game["script"]["flags"][0]["FlagName"], "Paid");
   EXPECT_EQ(game["files"][0], Json({{"kind", "Auto-Bet file"},

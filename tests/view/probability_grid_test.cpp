@@ -86,6 +86,7 @@ TEST(ProbabilityGrid, AShooterWhoControlsTheDice) {
     EXPECT_NEAR(ProbabilityWeight(dice.game, face + 1, kFirstDieColumn), 16'667, 1);
     EXPECT_NEAR(ProbabilityWeight(dice.game, face + 1, kSecondDieColumn), 16'667, 1);
   }
+  UnlockAllCells(dice.game);
   SetProbabilityCell(dice.game, kTotalRow, 1, 50'000, true);
   ASSERT_EQ(DiceKindText(dice.game), "Free Form Dice");
   ComputeAxisDice(dice.game, {250, DieAxis::kThreeFour}, {40, DieAxis::kTwoFive});
