@@ -17,5 +17,6 @@ void AddPayoffsVerb(CLI::App& app, int& exit_code);
 void AddReportVerb(CLI::App& app, int& exit_code);
 void AddDiceVerb(CLI::App& app, int& exit_code);
 void AddGameVerb(CLI::App& app, int& exit_code);
+void AddLogVerb(CLI::App& app, int& exit_code);
 
 }  // namespace feltmaster

@@ -78,23 +78,17 @@ std::uint64_t SizeOf(const std::string& path) {
   return fault ? 0 : size;
 }
 
-// Gives `take` the games first to last of an open log in blocks of whole records, until it finds a
-// fault.
+// Gives `take` the games first to last of an open log in blocks, until it finds a fault.
 template <typename Take>
 std::optional<LogFault> CopyGames(GamesLogReader& log, std::int32_t first, std::int32_t last,
                                   Take&& take) {
   log.GoTo(first);
   std::string block;
-  block.reserve(kBlock);
-  Record game;
-  for (std::int64_t number = first; number <= last; ++number) {
-    if (!log.Read(game)) return Fault(SystemError(EIO));
-    block += game.Bytes();
-    if (block.size() < kBlock && number < last) continue;
+  for (;;) {
+    if (std::optional<LogFault> fault = log.ReadBlock(last, block)) return fault;
+    if (block.empty()) return std::nullopt;
     if (std::optional<LogFault> fault = take(block)) return fault;
-    block.clear();
   }
-  return std::nullopt;
 }
 
 }  // namespace
@@ -143,6 +137,16 @@ bool GamesLogReader::Read(Record& game) {
   if (next_ > count_ || !records_.Read(game)) return false;
   ++next_;
   return true;
+}
+
+std::optional<LogFault> GamesLogReader::ReadBlock(std::int32_t last, std::string& games) {
+  games.clear();
+  Record game;
+  while (games.size() < kBlock && next_ <= std::min(last, count_)) {
+    if (!Read(game)) return Fault(SystemError(EIO));
+    games += game.Bytes();
+  }
+  return std::nullopt;
 }
 
 void GamesLogReader::GoTo(std::int32_t number) {
@@ -356,7 +360,8 @@ Record RecordOfGame(Game& game) {
 
 bool UpdateGamesPlayed(Game& game, const std::string& path) {
   constexpr std::string_view kLoggingPlace = "UpdateGamesPlayed";
-  if (RollCounts(game, 0) == 0) return false;
+  const bool nowhere = path.empty() && game.GamesToLog == nullptr;
+  if (RollCounts(game, 0) == 0 || nowhere) return false;
   Record record;
   try {
     record = RecordOfGame(game);
@@ -368,7 +373,6 @@ bool UpdateGamesPlayed(Game& game, const std::string& path) {
     game.GamesToLog->push_back(record);
     return true;
   }
-  if (path.empty()) return false;
   // A script that ends game after game does not wait for the disk each time.
   const bool flush = !game.HyperDriveActive;
   GamesLogAppender log;

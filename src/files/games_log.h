@@ -55,6 +55,9 @@ class GamesLogReader {
   std::int32_t Count() const { return count_; }
   bool Exists() const { return exists_; }
   bool Read(Record& game);
+  // The games from here up to `last`, some thousands at most, as they lie in the file; empty when
+  // there are none left.
+  std::optional<LogFault> ReadBlock(std::int32_t last, std::string& games);
   // Goes on with game `number`, counted from 1.
   void GoTo(std::int32_t number);
 

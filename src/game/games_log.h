@@ -32,8 +32,9 @@ struct GamesLogState {
   // The two ends of the range, as typed: an amount, and standard deviations from the mean.
   std::array<std::string, 2> GamesValueBox;
   std::array<std::string, 2> GamesDeviationBox;
+  std::string GamesFindText;              // looked for last, as typed
   std::array<double, 2> GamesPointers{};  // columns of the histogram
-  std::int32_t GamesPointerHeld = 0;     // the pointer moved last
+  std::int32_t GamesPointerHeld = 0;      // the pointer moved last
   std::int32_t GamesMeanColumn = 0;
 };
 
