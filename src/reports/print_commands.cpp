@@ -6,8 +6,10 @@
 #include <string>
 
 #include "autobet/message.h"
+#include "base/number_format.h"
 #include "base/text.h"
 #include "reports/graph_print.h"
+#include "reports/rolls_report.h"
 #include "reports/rules_reports.h"
 #include "reports/script_reports.h"
 #include "reports/statistics_reports.h"
@@ -77,6 +79,29 @@ bool PrintBankroll(Game& game, Confirm) {
   return SendGraphPage(game);
 }
 
+// More than this many lines would be a report of hundreds of pages that nobody could hold.
+constexpr std::int64_t kMostLines = 2'500'000;
+bool IsTooLong(Game& game, std::int64_t lines, const char* title) {
+  if (lines <= kMostLines) return false;
+  Tell(game, title,
+       "That are " + FormatNumber(lines, "#,#") + " lines, and a report may have no more than " +
+           FormatNumber(kMostLines, "#,#") + ".");
+  return true;
+}
+
+bool PrintDiceRolls(Game& game, Confirm confirm) {
+  constexpr const char* kTitle = "Print Dice Rolls";
+  const std::optional<RollReport> rolls = PrepareRollReport(game);
+  if (!rolls || IsTooLong(game, rolls->Rolls.Count, kTitle)) return false;
+  RollsReport report(game, *rolls);
+  if (confirm == Confirm::kAsk && !ConfirmRollReport(game, *rolls, report.Pages())) return false;
+  game.LastErrorText.clear();
+  const Document document = report.Make();
+  if (game.LastErrorText.empty()) return SendToPrinter(game, document, kTitle);
+  TellFailure(game, game.LastErrorText);
+  return false;
+}
+
 constexpr auto kPrintCommands = std::to_array<PrintCommand>({
     {"totals", "how often each roll came", PrintRollTotals},
     {"frequencies", "one roll event in depth", PrintRollFrequencies},
@@ -85,6 +110,7 @@ constexpr auto kPrintCommands = std::to_array<PrintCommand>({
     {"trends", "runs of wins and losses", PrintBetTrends},
     {"stacks", "the Chip-Stacks", PrintChipStacks},
     {"bankroll", "the graph of the bankroll", PrintBankroll},
+    {"rolls", "the Dice Roll File", PrintDiceRolls},
     {"script", "the lines of the Auto-Bet script", PrintScript},
     {"flags", "the flags of the script", PrintFlags},
     {"hotkeys", "the Hot-Keys", PrintHotKeys},

@@ -21,6 +21,12 @@ TextLine PlainLine(std::string text, bool bold = false) {
   return {{{std::move(text), 0, bold}}, kTextSize, Align::kLeft};
 }
 
+// The rows of a table that fit below its head; the table itself has none yet.
+std::size_t RowsThatFit(const Table& head, double room) {
+  return static_cast<std::size_t>(
+      std::max(std::floor((room - HeightOf(head)) / LineHeight(head.size)), 0.0));
+}
+
 bool ShowsZero(std::string_view text) {
   return text.find_first_of("123456789") == std::string_view::npos;
 }
@@ -55,10 +61,6 @@ void ReportPages::NewPage() {
   document_.pages.push_back(heading_);
 }
 
-double ReportPages::RoomOnPage() const {
-  return kRoom - HeightOf(heading_);
-}
-
 double ReportPages::Used() const {
   return HeightOf(document_.pages.back());
 }
@@ -91,38 +93,48 @@ void ReportPages::AddGap(double height) {
   document_.pages.back().push_back(Gap{height});
 }
 
-void ReportPages::AddTable(const Table& table, int strips) {
+void ReportPages::AddTable(Table table, int strips) {
   const auto columns = static_cast<std::size_t>(strips);
-  Table head = table;
-  head.rows.clear();
-  const auto fit = [&] {
-    const double room = kRoom - Used() - HeightOf(head);
-    return static_cast<std::size_t>(std::max(std::floor(room / LineHeight(table.size)), 0.0));
-  };
-  for (std::size_t first = 0; first < table.rows.size();) {
-    const std::size_t left = table.rows.size() - first;
-    std::size_t height = fit();
+  std::vector<Runs> rows;
+  rows.swap(table.rows);
+  for (std::size_t first = 0; first < rows.size();) {
+    const std::size_t left = rows.size() - first;
+    std::size_t height = RowsThatFit(table, kRoom - Used());
     if (height == 0) {
       NewPage();
-      height = std::max<std::size_t>(fit(), 1);
+      height = std::max<std::size_t>(RowsThatFit(table, kRoom - Used()), 1);
     }
     height = std::min(height, (left + columns - 1) / columns);
     SideBySide side;
-    for (std::size_t strip = 0; strip < columns && first < table.rows.size(); ++strip) {
-      const std::size_t end = std::min(first + height, table.rows.size());
-      Table part = head;
-      part.rows.assign(table.rows.begin() + static_cast<std::ptrdiff_t>(first),
-                       table.rows.begin() + static_cast<std::ptrdiff_t>(end));
-      side.stacks.push_back({std::move(part)});
-      first = end;
+    for (std::size_t strip = 0; strip < columns && first < rows.size(); ++strip) {
+      const std::size_t end = std::min(first + height, rows.size());
+      Table part = table;
+      for (; first < end; ++first) part.rows.push_back(std::move(rows[first]));
+      side.stacks.emplace_back().emplace_back(std::move(part));
     }
     document_.pages.back().push_back(std::move(side));
   }
 }
 
+int ReportPages::StripsFor(const Table& table) {
+  Table head = table;
+  head.rows.clear();
+  const double width = NaturalWidth(head) + kTextSize;
+  return std::max(static_cast<int>((kPrintWidth + kTextSize) / width), 1);
+}
+
+std::int64_t ReportPages::PagesFor(const Table& table, std::int64_t rows) const {
+  Table head = table;
+  head.rows.clear();
+  const auto height = static_cast<std::int64_t>(RowsThatFit(head, kRoom - HeightOf(heading_)));
+  const std::int64_t on_page = std::max<std::int64_t>(height, 1) * StripsFor(head);
+  return std::max<std::int64_t>((rows + on_page - 1) / on_page, 1);
+}
+
 Document ReportPages::Finish() {
   const std::size_t count = document_.pages.size();
-  for (std::size_t i = 0; count > 1 && i < count; ++i) {
+  const bool numbered = count > 1 || numbers_every_page_;
+  for (std::size_t i = 0; numbered && i < count; ++i) {
     Page& page = document_.pages[i];
     page.push_back(Gap{std::max(kPrintHeight - HeightOf(page) - LineHeight(kTextSize), 0.0)});
     TextLine number = PlainLine("Page " + std::to_string(i + 1) + " of " + std::to_string(count));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,14 +32,15 @@ class ReportPages {
   void AddParagraph(std::string_view text);
   void AddGap(double height = kTextSize);
   // The rows go on in the next of `strips` columns, and on the next page below the same head.
-  void AddTable(const Table& table, int strips = 1);
+  void AddTable(Table table, int strips = 1);
+  // How many such columns stand side by side on a page, and the pages that so many rows fill.
+  static int StripsFor(const Table& table);
+  std::int64_t PagesFor(const Table& table, std::int64_t rows) const;
   void NewPage();
-
-  // The room below the heading of a fresh page.
-  double RoomOnPage() const;
 
   const CalendarTime& Made() const { return document_.made; }
   // Pages are numbered where there are several.
+  void NumberEveryPage() { numbers_every_page_ = true; }
   Document Finish();
 
  private:
@@ -47,6 +49,7 @@ class ReportPages {
   const Game& game_;
   Document document_;
   Page heading_;
+  bool numbers_every_page_ = false;
 };
 
 // The name of a file without its folder, or "untitled".

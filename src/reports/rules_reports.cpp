@@ -26,9 +26,9 @@ Table AdvantageTable(const Game& game) {
   table.head = {HeadRow(rows[0])};
   for (std::size_t bet = 1; bet < rows.size(); ++bet) {
     Runs row = PlainRow(rows[bet]);
-    // How often a bet is decided is neither won nor lost.
-    for (std::size_t i = 1; i < row.size() && !game.ShowMiscData; ++i) {
-      row[i].ink = InkOfShown(game, row[i].text);
+    // Of the figures only the expected values are won or lost.
+    for (std::size_t i = 1; i < row.size(); ++i) {
+      if (rows[0][i].starts_with("EV")) row[i].ink = InkOfShown(game, row[i].text);
     }
     table.rows.push_back(std::move(row));
   }

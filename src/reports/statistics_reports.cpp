@@ -194,6 +194,7 @@ std::string NamesOf(const BetSet& bets) {
 Table StackTable(const Game& game) {
   Table table;
   table.columns = {Align::kRight, Align::kRight, Align::kLeft};
+  table.least_widths = {16, 60, 150};
   table.head = {HeadRow({"#", "Value", "Name"})};
   const Rows rows = ChipStackRows(game);
   for (std::size_t stack = 0; stack < rows.size(); ++stack) {
