@@ -194,7 +194,7 @@ bool TellNotes(Game& game, int slot, const BetNotes& notes) {
   const bool granted = game.BetChange.Raw() != 0;
   std::string text = notes.Text();
   std::string title;
-  if (IsChipStack(slot)) {
+  if (IsStackSlot(slot)) {
     text += granted ? "\nwhich is being stacked." : "\nwhich is already stacked.";
     title = "Chip-Stack #" + std::to_string(slot - kFirstStack);
   } else {
@@ -273,7 +273,7 @@ Outcome ApplyRequest(Game& game, int bet) {
       std::clamp(game.BetRequest, -kStackLimit.Times(2), kStackLimit.Times(2));
   game.BetChange = request;
   game.MsgText.clear();
-  if (IsChipStack(bet)) return StackChips(game, bet);
+  if (IsStackSlot(bet)) return StackChips(game, bet);
   if (!IsLayoutBet(bet)) {
     game.BetChange = MoneyAmount();
     return Outcome::kQuiet;
@@ -346,7 +346,7 @@ Outcome PlaceVisibly(Game& game, int slot) {
     }
     if (game.DisplayBetAmounts) game.RefreshBetAmounts = true;
     ShowBets(game);
-    if (IsChipStack(slot)) game.surface->RefreshOpenScreens();
+    if (IsStackSlot(slot)) game.surface->RefreshOpenScreens();
   }
   if (game.BetChange.Raw() != 0) FollowWithOdds(game, slot);
   game.CallBetMode = 0;

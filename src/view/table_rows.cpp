@@ -1,6 +1,7 @@
 #include "view/table_rows.h"
 
 #include "base/number_format.h"
+#include "base/text.h"
 #include "engine/amounts.h"
 
 namespace feltmaster {
@@ -85,6 +86,16 @@ Rows TrendRows(const Game& game) {
   for (int bet = 1; bet <= kBetCount; ++bet) {
     const int run = game.BetStreak.Now(bet);
     rows.push_back({NameOfLayoutBet(bet), run == 0 ? std::string() : std::to_string(run)});
+  }
+  return rows;
+}
+
+Rows HotKeyRows(const Game& game) {
+  Rows rows;
+  for (const HotKey& hot_key : game.HotKeys) {
+    const std::string& file = hot_key.HotKeyFile;
+    rows.push_back({std::string("Ctrl ") + hot_key.HotKeyChar, file.substr(file.rfind('/') + 1),
+                    std::string(Trim(hot_key.HotKeyDescription))});
   }
   return rows;
 }

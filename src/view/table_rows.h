@@ -20,6 +20,9 @@ Rows ChipStackRows(const Game& game);
 // The current run of wins or losses of every bet; blank where there is none.
 Rows TrendRows(const Game& game);
 
+// The Hot-Keys: "Ctrl A", the script's file without its folder, the description.
+Rows HotKeyRows(const Game& game);
+
 // The flags of the script: "NAME - True".
 Rows FlagRows(const Game& game);
 
