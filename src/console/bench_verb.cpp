@@ -83,7 +83,7 @@ int RunBench(const BenchOptions& options) {
 
 constexpr const char* kNotes =
     R"(Every case plays a fixed number of rolls from a fixed seed and tells the best time of three equal
-runs. The signature is a hash over the whole game as it ended: it changes only when the game does.
+runs, in seconds of one processor. The signature is a hash over the whole game as it ended: it changes only when the game does.
 
   dice           nothing but the two dice of RNG #1
   bare           an empty table with all its statistics

@@ -359,7 +359,7 @@ const StateName
                 },
                 [](Game& game, const StateIndex& index, const StateValue& value) {
                   game.BetAmountAtRollStart[static_cast<std::size_t>(index[0])] = Money(value);
-                  game.BetAmount.ChangedSinceStart().Add(index[0]);
+                  game.BetAmount.MarkForRollStart(index[0]);
                   return true;
                 }),
             Custom(
