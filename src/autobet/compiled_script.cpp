@@ -12,7 +12,6 @@ namespace {
 constexpr std::string_view kAllNumbersText = "all the numbers";
 // Where the name of the target begins in the text of an input line.
 constexpr std::size_t kInputTargetColumn = 34;
-constexpr int kAllStacksLastSlot = 200;
 
 SlotRange Slots(int first, int last) {
   return {static_cast<std::int16_t>(first), static_cast<std::int16_t>(last)};
@@ -100,7 +99,7 @@ Selection ActionTarget(const ScriptLine& line) {
   }
   if (IsLayoutBet(code)) return OneSlot(code);
   if (code == kAllStacksTarget)
-    return Fixed(SelectionForm::kAll, Slots(kFirstStack, kAllStacksLastSlot));
+    return Fixed(SelectionForm::kAll, Slots(kFirstStack, kAmountSlots - 1));
   if (const SlotRange range = RangeOfList(code); !range.Empty())
     return Fixed(SelectionForm::kAll, range);
   return CommonSelection(code, line.LineTargetStack);

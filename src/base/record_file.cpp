@@ -16,6 +16,8 @@
 #include <system_error>
 #include <utility>
 
+#include "base/descriptor.h"
+#include "base/draft_file.h"
 #include "base/text.h"
 
 namespace feltmaster {
@@ -39,40 +41,9 @@ void PutLittleEndian(char* bytes, Unsigned value) {
   }
 }
 
-// An open file, closed at the end of its life.
-class Descriptor {
- public:
-  explicit Descriptor(int number) : number_(number) {}
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() { Close(); }
-
-  bool IsOpen() const { return number_ >= 0; }
-  int Number() const { return number_; }
-  int Close() {
-    const int number = std::exchange(number_, -1);
-    return number < 0 ? 0 : ::close(number);
-  }
-
- private:
-  int number_;
-};
-
-bool WriteAll(int file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = ::write(file, bytes.data(), bytes.size());
-    if (written < 0) {
-      if (errno == EINTR) continue;
-      return false;
-    }
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return true;
-}
-
 std::optional<FileError> WriteInPlace(const std::string& path, std::string_view bytes) {
   Descriptor file(::open(path.c_str(), O_WRONLY | O_CLOEXEC));
-  if (!file.IsOpen() || !WriteAll(file.Number(), bytes) || file.Close() != 0) {
+  if (!file.IsOpen() || !file.Write(bytes) || file.Close() != 0) {
     return SystemError(errno);
   }
   return std::nullopt;
@@ -148,6 +119,11 @@ bool RecordReader::Read(Record& record) {
   return static_cast<bool>(file_.read(record.Data(), kRecordSize));
 }
 
+void RecordReader::Seek(std::int64_t number) {
+  file_.clear();
+  file_.seekg((number - 1) * static_cast<std::int64_t>(kRecordSize));
+}
+
 std::string FileStamp(const std::string& path) {
   struct stat status {};
   if (::stat(path.c_str(), &status) != 0) return {};
@@ -184,39 +160,14 @@ std::optional<FileError> ReadWholeFile(const std::string& path, std::size_t limi
 }
 
 std::optional<FileError> WriteFileAtomically(const std::string& path, std::string_view bytes) {
-  std::string target = path;
-  mode_t mode = 0666;
   struct stat status {};
-  const bool exists = ::stat(path.c_str(), &status) == 0;
-  if (exists) {
-    if (S_ISDIR(status.st_mode)) return SystemError(EISDIR);
-    if (!S_ISREG(status.st_mode)) return WriteInPlace(path, bytes);
-    if (::access(path.c_str(), W_OK) != 0) return SystemError(errno);
-    mode = status.st_mode & 07777;
-    if (char* resolved = ::realpath(path.c_str(), nullptr)) {
-      target = resolved;
-      std::free(resolved);
-    }
-  }
-  const std::string beside = target + ".new" + std::to_string(::getpid());
-  ::unlink(beside.c_str());
-  Descriptor file(::open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
-  if (!file.IsOpen()) return SystemError(errno);
-  const bool done = WriteAll(file.Number(), bytes) &&
-                    (!exists || ::fchmod(file.Number(), mode) == 0) &&
-                    ::fsync(file.Number()) == 0 && file.Close() == 0 &&
-                    ::rename(beside.c_str(), target.c_str()) == 0;
-  if (!done) {
-    const FileError error = SystemError(errno);
-    ::unlink(beside.c_str());
-    return error;
-  }
-  // The name is on the disk only when its folder is. A folder that cannot be flushed is no fault.
-  const std::size_t slash = target.rfind('/');
-  const std::string folder = slash == std::string::npos ? "." : target.substr(0, slash + 1);
-  Descriptor directory(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (directory.IsOpen()) ::fsync(directory.Number());
-  return std::nullopt;
+  const bool device =
+      ::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
+  if (device) return WriteInPlace(path, bytes);
+  DraftFile file;
+  std::optional<FileError> error = file.Open(path);
+  if (!error) error = file.Write(bytes);
+  return error ? error : file.PutInPlace();
 }
 
 std::optional<FileError> WriteOverStart(const std::string& path, std::string_view bytes) {

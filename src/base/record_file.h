@@ -59,6 +59,8 @@ class RecordReader {
   // The error, or nothing when the file is open at its first record.
   std::optional<FileError> Open(const std::string& path);
   bool Read(Record& record);
+  // Goes on with this record, counted from 1.
+  void Seek(std::int64_t number);
 
  private:
   std::ifstream file_;

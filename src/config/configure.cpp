@@ -16,6 +16,7 @@
 #include "config/payoffs.h"
 #include "engine/amounts.h"
 #include "engine/bet_limits.h"
+#include "engine/chip_list.h"
 #include "engine/place_bet.h"
 #include "engine/table_effects.h"
 #include "stats/bet_results.h"
@@ -114,6 +115,7 @@ void LeaveConfigure(Game& game) {
   SettlePhantoms(game);
   SetFieldCommonDenominator(game);
   if (game.AutoAdjustBetAmounts != kAdjustManually) AdjustAllBets(game);
+  RebuildAllChips(game);
   game.RedrawTable = true;
   ShowTableChange(game, kChangedAll);
 }
@@ -392,7 +394,7 @@ constexpr auto kSettings = std::to_array<Setting>({
     {"AutoArrangeChips", Box(),
      [](Game& game, const Entry& entry) {
        game.AutoArrangeChips = entry.on;
-       if (entry.on) ShowTableChange(game, kChangedChips);
+       if (entry.on) RebuildAllChips(game);
      }},
     {"AutoRollDice", Box(),
      [](Game& game, const Entry& entry) { SetAutoRollDice(game, entry.on); }},

@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <exception>
+#include <filesystem>
 #include <limits>
 #include <ostream>
 #include <ranges>
 #include <span>
 
 #include "autobet/check_bets.h"
+#include "autobet/hot_keys.h"
 #include "autobet/message.h"
 #include "autobet/run_script.h"
 #include "autobet/script_file.h"
@@ -16,6 +18,7 @@
 #include "autobet/values.h"
 #include "automation/auto_play.h"
 #include "automation/hyper_drive.h"
+#include "automation/table_guards.h"
 #include "base/number_format.h"
 #include "base/text.h"
 #include "config/advantage.h"
@@ -29,6 +32,7 @@
 #include "dice/rng.h"
 #include "engine/amounts.h"
 #include "engine/bet_limits.h"
+#include "engine/entry_box.h"
 #include "engine/new_game.h"
 #include "engine/place_bet.h"
 #include "engine/roll_cycle.h"
@@ -41,6 +45,7 @@
 #include "view/roll_totals.h"
 #include "view/rules_rows.h"
 #include "view/state_record.h"
+#include "view/status_lines.h"
 #include "view/summary.h"
 #include "view/table_rows.h"
 
@@ -224,11 +229,9 @@ Reply Enter(Console& console, Arguments& args) {
   const MoneyAmount amount = args.Amount("AMOUNT", IsChipStack(slot));
   args.End();
   if (args.Failed()) return Refused(args);
-  game.EntryBoxOpen = true;
-  game.EntryBoxBet = slot;
-  game.EntryBoxText = PlainNumber(amount);
+  MoveEntryBox(game, slot);
+  EditEntryBox(game, PlainNumber(amount));
   CommitEnteredBet(game);
-  game.EntryBoxOpen = false;
   return Amount(game.BetAmount[slot], BetInWords(game, slot));
 }
 
@@ -319,7 +322,8 @@ Reply Drag(Console& console, Arguments& args) {
   const int to = off_table ? kRail : args.BetOrStack(game, "TO");
   args.End();
   if (args.Failed()) return Refused(args);
-  DragBet(game, from, to);
+  LiftForDrag(game, from);
+  DropDragged(game, to);
   return Done({}, BetInWords(game, from) + (off_table ? std::string() : BetInWords(game, to)));
 }
 
@@ -717,7 +721,7 @@ Reply ShowStatus(Console& console, Arguments& args) {
   args.End();
   if (args.Failed()) return Refused(args);
   const Game& game = console.Table;
-  return RowsReply(StatusRows(game, game.EntryBoxOpen ? game.EntryBoxBet : 0));
+  return RowsReply(StatusRows(game, BetOfStatus(game)));
 }
 // The rows of a screen, in columns.
 template <auto kRows>
@@ -818,6 +822,7 @@ constexpr Command kScreens[] = {
     {"games", "", "the Games Log", ShowLater},
     {"stacks", "", "the Chip-Stacks", ShowRows<ChipStackRows>},
     {"flags", "", "the flags of the script", ShowRows<FlagRows>},
+    {"hotkeys", "", "the Hot-Keys", ShowRows<HotKeyRows>},
     {"advantage", "", "what each bet is worth", ShowTable<AdvantageRows>},
     {"payoffs", "", "the payoffs in force", ShowTable<PayoffRows>},
     {"comps", "", "the comps earned", ShowFigures<CompFigures>},
@@ -1008,6 +1013,76 @@ Reply Flag(Console& console, Arguments& args) {
   return Refused("NAME " + Quoted(name) + " is not a flag of the script.");
 }
 
+// ---- Hot-Keys ---------------------------------------------------------------------------------
+
+char HotKeyChar(Arguments& args) {
+  const std::string word = args.Word("CHAR");
+  if (!args.Failed() && (word.size() != 1 || !IsHotKeyChar(word[0]))) {
+    args.Fail("CHAR " + Quoted(word) + " is not a digit or a letter, A to Z.");
+  }
+  return args.Failed() ? '0' : word[0];
+}
+
+Reply PressHotKey(Console& console, Arguments& args) {
+  const char key = HotKeyChar(args);
+  args.End();
+  if (args.Failed()) return Refused(args);
+  if (!TableListens(console.Table) || RunHotKey(console.Table, key)) return Done();
+  return Done({}, "No Hot-Key has that key.\n");
+}
+
+// What the screen does when it closes.
+Reply HotKeysReply(Console& console) {
+  Game& game = console.Table;
+  SaveHotKeys(game);
+  const auto count = static_cast<std::int64_t>(game.HotKeys.size());
+  return Done(JsonOf(count), std::to_string(count) + (count == 1 ? " Hot-Key.\n" : " Hot-Keys.\n"));
+}
+Reply HotKeysAdd(Console& console, Arguments& args) {
+  Game& game = console.Table;
+  const char key = HotKeyChar(args);
+  const std::string file = args.Word("FILE");
+  const std::string description = args.AtEnd() ? std::string() : args.Rest("DESCRIPTION");
+  if (args.Failed()) return Refused(args);
+  // The list outlives the folder one is in.
+  if (AddHotKey(game, key, std::filesystem::absolute(file).string(), description)) {
+    PlaceHotKey(game, static_cast<std::int32_t>(game.HotKeys.size()) + 1);
+  }
+  return HotKeysReply(console);
+}
+Reply HotKeysList(Console& console, Arguments& args) {
+  args.End();
+  if (args.Failed()) return Refused(args);
+  const Rows rows = HotKeyRows(console.Table);
+  std::string words;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    words +=
+        std::to_string(i + 1) + '\t' + rows[i][0] + "  " + rows[i][1] + "  " + rows[i][2] + '\n';
+  }
+  return RowsReply(rows, words);
+}
+Reply HotKeysDelete(Console& console, Arguments& args) {
+  Game& game = console.Table;
+  const auto count = static_cast<std::int64_t>(game.HotKeys.size());
+  if (count == 0) return Refused("N names a Hot-Key, and there is none.");
+  const auto row = static_cast<std::int32_t>(args.Number("N", 1, count));
+  args.End();
+  if (args.Failed()) return Refused(args);
+  ClickRow(HotKeyList(game), row, Click::kPlain);
+  DeleteHotKeys(game);
+  return HotKeysReply(console);
+}
+
+constexpr Command kHotKeyCommands[] = {
+    {"add", "CHAR FILE [DESCRIPTION]", "binds Ctrl and a key to a script", HotKeysAdd},
+    {"delete", "N", "takes the Nth of the list away", HotKeysDelete},
+    {"list", "", "the list", HotKeysList},
+};
+
+Reply EditHotKeys(Console& console, Arguments& args) {
+  return GoOn(console, args, kHotKeyCommands, "The word after hotkeys");
+}
+
 // ---- Files ------------------------------------------------------------------------------------
 
 // Questions that a person at the table would be asked come up only where somebody can answer them:
@@ -1143,7 +1218,8 @@ constexpr Command kCommands[] = {
      "run, fields",
      Script},
     {"flag", "NAME true|false", "sets a flag of the script", Flag},
-    {"hotkey", "CHAR", "runs the script of a Hot-Key", Later},
+    {"hotkey", "CHAR", "runs the script of a Hot-Key", PressHotKey},
+    {"hotkeys", "WORD ...", "the list of Hot-Keys: add, delete, list", EditHotKeys},
     {"open", "FILE", "opens a game file", Open},
     {"save", "FILE", "saves the game", Save},
     {"record", "FILE", "records the rolls in a Dice Roll File", Later},
@@ -1186,6 +1262,7 @@ Reply Help(Console&, Arguments& args) {
     if (command == nullptr) return Refused("COMMAND " + Quoted(word) + " is not a command.");
     text = UsageOf(*command) + "\n  " + std::string(command->help) + ".\n";
     if (command->handler == Script) text += HelpOn(kScriptCommands, kUsageWidth);
+    if (command->handler == EditHotKeys) text += HelpOn(kHotKeyCommands, kUsageWidth);
     if (command->handler == Prb) text += HelpOn(kPrbCommands, kUsageWidth);
     if (command->handler == Show) text += HelpOn(kScreens, kUsageWidth);
     if (command->handler == CallProcedure) text += HelpOn(kProcedures, kUsageWidth);
@@ -1280,6 +1357,8 @@ std::vector<std::string> Completions(std::string_view line) {
     for (const StateName& entry : StateRecord()) offer(std::string(entry.name));
   } else if (command == "script") {
     offer_all(kScriptCommands);
+  } else if (command == "hotkeys") {
+    offer_all(kHotKeyCommands);
   } else if (command == "prb") {
     offer_all(kPrbCommands);
   } else if (command == "show") {

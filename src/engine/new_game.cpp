@@ -5,6 +5,7 @@
 #include "autobet/message.h"
 #include "base/number_format.h"
 #include "dice/rng.h"
+#include "engine/chip_list.h"
 #include "engine/table_effects.h"
 #include "stats/bankroll_history.h"
 #include "stats/bet_results.h"
@@ -92,6 +93,7 @@ void ResetGame(Game& game, ResetMode mode) {
   game.GameChanged = false;
   game.DiceRollFileMode = kRecorderOff;
 
+  RebuildAllChips(game);
   game.RedrawTable = true;
   ShowTableChange(game, kChangedAll);
   game.surface->RefreshOpenScreens();

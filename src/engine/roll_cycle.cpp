@@ -14,6 +14,7 @@
 #include "dice/rng.h"
 #include "engine/amounts.h"
 #include "engine/bet_states.h"
+#include "engine/chip_list.h"
 #include "engine/place_bet.h"
 #include "engine/resolve.h"
 #include "engine/table_effects.h"
@@ -205,6 +206,7 @@ void EndHyperDrive(Game& game) {
   if (!game.HyperDriveStopText.empty()) {
     Tell(game, "Hyper-Drive Stopped", game.HyperDriveStopText);
   }
+  RebuildAllChips(game);
   game.RefreshBetAmounts = false;
   game.surface->TableChanged(kChangedAll);
 }
@@ -266,7 +268,7 @@ void BankLimitReached(Game& game) {
 
 void RollCycle(Game& game) {
   if (game.RollInProgress) return;
-  if (game.EntryBoxOpen && !CommitEnteredBet(game)) return;
+  if (game.KeyInBetAmounts && !CommitEnteredBet(game)) return;
   if (PastBankLimit(game)) {
     BankLimitReached(game);
     return;

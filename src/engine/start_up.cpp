@@ -4,6 +4,7 @@
 #include <string>
 #include <system_error>
 
+#include "autobet/hot_keys.h"
 #include "config/configure.h"
 #include "config/payoffs.h"
 #include "dice/probability.h"
@@ -51,6 +52,7 @@ void StartUp(Game& game, const StartOptions& options) {
   SetDefaultDenominations(game);
   DefaultPayoffs(game);
   RestartGraph(game);
+  LoadHotKeys(game);
   OpenDefaultGame(game);
 
   game.surface->TableChanged(kChangedAll);

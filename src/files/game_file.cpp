@@ -303,7 +303,7 @@ void CompleteState(Game& game, bool recorder_goes_on) {
   game.CallBetMode = 0;
   game.Decisions.count = 0;
   game.HyperDriveStopText.clear();
-  game.EntryBoxOpen = false;
+  game.EntryBoxEdited = false;
   game.RedrawTable = true;
   game.ScriptUnsaved = false;
   game.ScriptNeedsInit = false;

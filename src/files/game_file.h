@@ -30,7 +30,7 @@ bool SaveGame(Game& game, const std::string& path);
 // does not stop the load; nor does a file that is too short, whose missing values are 0.
 bool OpenGame(Game& game, const std::string& path, bool chosen_by_player);
 
-// Writes the script in memory to active.tmp, the copy to which a Hot-Key returns.
+// Writes the script in memory to active.tmp, its copy in the data folder.
 bool WriteActiveScript(Game& game);
 
 // "Feltmaster", or that and the name of the game's file.

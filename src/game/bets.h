@@ -102,6 +102,11 @@ constexpr bool IsLayoutBet(int bet) {
 constexpr bool IsChipStack(int slot) {
   return slot >= kFirstStack && slot <= kLastStack;
 }
+// The Chip-Stacks and the slot behind them, which has no name and no place on the screens but takes
+// part in a script's "all Chip-Stacks".
+constexpr bool IsStackSlot(int slot) {
+  return slot >= kFirstStack && slot < kAmountSlots;
+}
 
 // The position of a family on a total (any but 7).
 constexpr int BetOnNumber(int family, int total) {

@@ -6,6 +6,7 @@
 #include "game/auto_play.h"
 #include "game/bankroll.h"
 #include "game/dice_state.h"
+#include "game/hot_keys.h"
 #include "game/preferences.h"
 #include "game/rules.h"
 #include "game/screens.h"
@@ -48,6 +49,7 @@ struct Game : TableState,
               BankrollState,
               Preferences,
               ScriptState,
+              HotKeyState,
               MessageState,
               ChipStackState,
               ScreenState,

@@ -77,8 +77,10 @@ enum TableChange : std::uint32_t {
   kChangedDice = 8,
   kChangedBanner = 16,
   kChangedPrompt = 32,
-  kChangedStatus = 64,
-  kChangedAll = 127,
+  kChangedStatus = 64,  // the status lines
+  kChangedEntryBox = 128,
+  kChangedTool = 256,  // the selected tool
+  kChangedAll = 511,
 };
 
 // The only road from the logic to the machine. In Hyper-Drive the logic calls no more of it than

@@ -234,6 +234,19 @@ constexpr StateName FlagField(std::string_view name) {
       });
 }
 
+int HotKeyCount(const Game& game) {
+  return static_cast<int>(game.HotKeys.size());
+}
+template <auto kField>
+constexpr StateName HotKeyField(std::string_view name) {
+  return Growing(
+      name, StateType::kText, HotKeyCount,
+      [](Game& game, const StateIndex& index) {
+        return Wrap(game.HotKeys[static_cast<std::size_t>(index[0] - 1)].*kField);
+      },
+      nullptr);
+}
+
 int LineCount(const Game& game) {
   return static_cast<int>(game.ScriptLines.size());
 }
@@ -712,6 +725,21 @@ const StateName
             NAME(ShowSteps),
             NAME(ScriptStartTime),
             NAME(ScriptOutputFile),
+
+            // The Hot-Keys.
+            Custom(
+                "HotKeyCount", kWhole, 0,
+                {}, [](Game& game, const StateIndex&) { return Wrap(HotKeyCount(game)); }, nullptr),
+            Growing(
+                "HotKeyChar", kText, HotKeyCount,
+                [](Game& game, const StateIndex& index) {
+                  const HotKey& row = game.HotKeys[static_cast<std::size_t>(index[0] - 1)];
+                  return Wrap(std::string(1, row.HotKeyChar));
+                },
+                nullptr),
+            HotKeyField<&HotKey::HotKeyFile>("HotKeyFile"),
+            HotKeyField<&HotKey::HotKeyDescription>("HotKeyDescription"),
+            NAME(HotKeyCursor),
 
             // The message dialog.
             NAME(MsgText),

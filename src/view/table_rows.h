@@ -5,12 +5,6 @@
 
 namespace feltmaster {
 
-// "(called OFF)", "(not working)", "(working)" or "(called ON)".
-std::string WorkingState(const Game& game, int bet);
-
-// The two status lines under the layout. bet is the position under the pointer, 0 for none.
-Rows StatusRows(const Game& game, int bet);
-
 // The bets that stand: name, working state, amount, and the vig of Lay and Buy bets.
 Rows BetRows(const Game& game);
 
@@ -19,6 +13,9 @@ Rows ChipStackRows(const Game& game);
 
 // The current run of wins or losses of every bet; blank where there is none.
 Rows TrendRows(const Game& game);
+
+// The Hot-Keys: "Ctrl A", the script's file without its folder, the description.
+Rows HotKeyRows(const Game& game);
 
 // The flags of the script: "NAME - True".
 Rows FlagRows(const Game& game);

@@ -262,13 +262,13 @@ TEST_F(Actions, TargetsOfManySlots) {
   EXPECT_GT(Amount(34), 0);
   EXPECT_GT(Amount(37), 0);
   Do("Bet $ 1 on all Chip-Stacks");
-  for (int slot = 100; slot <= 199; ++slot) EXPECT_EQ(Amount(slot), 1) << slot;
+  for (int slot = 100; slot <= 200; ++slot) EXPECT_EQ(Amount(slot), 1) << slot;
   SetStack(4, 17.5);
   Do("Bet $ 9 on Chip-Stack ref # 4");
   EXPECT_EQ(Stack(17), 9);
   SetStack(4, 100);
   Do("Bet $ 7 on Chip-Stack ref # 4");
-  EXPECT_EQ(Amount(200), 0);
+  EXPECT_EQ(Amount(200), 1);
   Do("Bet $ 10 on Place (shooter's point)");
   game.Point = 4;
   Do("Bet $ 10 on Buy (shooter's point)");

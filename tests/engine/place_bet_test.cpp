@@ -7,6 +7,7 @@
 
 #include "engine/bet_fixture.h"
 #include "engine/bet_limits.h"
+#include "engine/entry_box.h"
 
 namespace feltmaster {
 namespace {
@@ -446,14 +447,14 @@ TEST_F(PlaceBetTest, AComeBetTravelsAndAddsUp) {
 TEST_F(PlaceBetTest, PlaceBetsCanBeBought) {
   Bet(Place(4), 25_usd);
   CallBet(game, Place(4), kCallOff);
-  game.EntryBoxOpen = true;
-  game.EntryBoxBet = Place(4);
+  game.KeyInBetAmounts = true;
+  MoveEntryBox(game, Place(4));
   BuyPlaceBet(game, Place(4));
   EXPECT_EQ(game.BetAmount[Place(4)], 0_usd);
   EXPECT_EQ(game.BetAmount[Buy(4)], 25_usd);
   EXPECT_EQ(game.BetState[Buy(4)], kCalledOff);
   EXPECT_EQ(game.EntryBoxBet, Buy(4));
-  EXPECT_EQ(game.EntryBoxText, "25");
+  EXPECT_EQ(TextInEntryBox(game), "25");
   ExpectMessage("Buy 4 Bet", "Total \"Vig\" charge: $1", kCharges);
 
   Bet(Place(4), 50_usd);
@@ -541,10 +542,9 @@ TEST_F(PlaceBetTest, AllBetsAreAdjustedToNewRules) {
 }
 
 TEST_F(PlaceBetTest, KeyedInAmountsReplaceTheBet) {
-  game.EntryBoxOpen = true;
   const auto enter = [&](int bet, const std::string& text) {
-    game.EntryBoxBet = bet;
-    game.EntryBoxText = text;
+    MoveEntryBox(game, bet);
+    EditEntryBox(game, text);
     return CommitEnteredBet(game);
   };
   EXPECT_TRUE(enter(Place(6), "12"));
@@ -553,7 +553,7 @@ TEST_F(PlaceBetTest, KeyedInAmountsReplaceTheBet) {
   EXPECT_TRUE(enter(Place(6), "6"));
   EXPECT_EQ(game.BetAmount[Place(6)], 6_usd);
   EXPECT_FALSE(enter(kField, "1,500")) << "cut to the maximum, and said so";
-  EXPECT_EQ(game.EntryBoxText, "1000");
+  EXPECT_EQ(TextInEntryBox(game), "1000");
   EXPECT_EQ(game.BetAmount[kField], 1000_usd);
   surface.messages.clear();
 
@@ -573,24 +573,28 @@ TEST_F(PlaceBetTest, KeyedInAmountsReplaceTheBet) {
   game.NotifyFlags = 0;
   EXPECT_FALSE(enter(kPassLine, "15"));
   EXPECT_EQ(game.BetAmount[kPassLine], 10_usd);
-  EXPECT_EQ(game.EntryBoxText, "10");
+  EXPECT_EQ(TextInEntryBox(game), "10");
   EXPECT_EQ(game.TotalOnTable, BetsAndVig());
 }
 
 TEST_F(PlaceBetTest, BetsAndStacksCanBeDragged) {
+  const auto drag = [this](int from, int to) {
+    LiftForDrag(game, from);
+    DropDragged(game, to);
+  };
   Bet(Place(6), 12_usd);
-  DragBet(game, Place(6), Place(8));
+  drag(Place(6), Place(8));
   EXPECT_EQ(game.BetAmount[Place(6)], 0_usd);
   EXPECT_EQ(game.BetAmount[Place(8)], 12_usd);
-  DragBet(game, Place(8), kFirstStack + 2);
+  drag(Place(8), kFirstStack + 2);
   EXPECT_EQ(game.BetAmount[kFirstStack + 2], 12_usd);
-  DragBet(game, kFirstStack + 2, kRail);
+  drag(kFirstStack + 2, kRail);
   EXPECT_EQ(game.BetAmount[kFirstStack + 2], 0_usd);
   EXPECT_EQ(game.DragAmount, 0_usd);
   Bet(kPassLine, 10_usd);
   SetPoint(6);
   BeginRoll();
-  DragBet(game, kPassLine, kField);
+  drag(kPassLine, kField);
   EXPECT_EQ(game.BetAmount[kPassLine], 10_usd);
   EXPECT_EQ(game.BetAmount[kField], 0_usd) << "a contract cannot be dragged";
   EXPECT_THAT(TakeMessage().text, HasSubstr("once a point has been established."));
