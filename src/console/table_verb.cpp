@@ -8,6 +8,7 @@
 #include "console/house_settings.h"
 #include "console/result_file.h"
 #include "console/verbs.h"
+#include "engine/chip_list.h"
 #include "files/game_file.h"
 #if FELTMASTER_DESKTOP
 #include "desktop/table_shot.h"
@@ -27,6 +28,7 @@ struct TableOptions {
   std::string preset;
   std::string panel;
   bool numbers = false;
+  bool restack = false;
   std::vector<std::string> settings;
 };
 
@@ -54,6 +56,7 @@ std::string SetTable(Game& table, SetUpSurface& surface, const TableOptions& opt
   }
   if (!options.panel.empty()) table.ShowHopBets = options.panel == "hop";
   if (options.numbers) table.DisplayBetAmounts = true;
+  if (options.restack) RebuildAllChips(table);
   return {};
 }
 
@@ -116,6 +119,8 @@ void AddTableVerb(CLI::App& app, int& exit_code) {
       ->check(CLI::IsMember(std::vector<std::string>{"props", "hop"}))
       ->type_name("props|hop");
   verb->add_flag("--numbers", options->numbers, "Bets as numbers in place of chips");
+  verb->add_flag("--restack", options->restack,
+                 "Stacks the chips by amount; a game keeps them as they were put");
   verb->add_option("--set", options->settings,
                    "A house rule or setting, such as BuyVigPct=4; may be repeated")
       ->type_name("NAME=VALUE")

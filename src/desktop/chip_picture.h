@@ -5,11 +5,11 @@
 #include <string>
 
 #include "base/money.h"
+#include "engine/chip_list.h"
 
 namespace feltmaster {
 
 inline constexpr int kChipDesigns = 7;
-inline constexpr int kMarkerChip = 6;  // for a stack that cannot be shown in chips
 
 // What is printed on a chip: the plain amount; below 1 two decimals, or whole cents with the sign
 // of cents.

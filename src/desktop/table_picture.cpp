@@ -21,21 +21,21 @@ constexpr double kFigureLetters = 9.5;
 constexpr double kFigureHeight = 12.5;
 constexpr double kFigurePadding = 2.5;
 
-QColor ColorOfTone(Tone tone) {
-  switch (tone) {
-    case Tone::kWin:
+QColor InkOf(StatusColor color) {
+  switch (color) {
+    case StatusColor::kBlue:
       return QColor(kBrightBlue);
-    case Tone::kLoss:
+    case StatusColor::kRed:
       return QColor(kBrightRed);
     default:
       return Qt::black;
   }
 }
 
-const TextPiece& OnlyText(const Sprite& sprite) {
+const StatusText& OnlyText(const Sprite& sprite) {
   return sprite.text.front();
 }
-QString TextOf(const TextPiece& piece) {
+QString TextOf(const StatusText& piece) {
   return QString::fromStdString(piece.text);
 }
 
@@ -92,7 +92,7 @@ void PaintFigures(QPainter& painter, const Sprite& sprite) {
   painter.fillPath(label, Qt::white);
   painter.strokePath(label, QPen(QColor(0, 0, 0, 120), 0.5));
   PaintText(painter, box, SmallPrint(kFigureLetters), TextOf(OnlyText(sprite)),
-            ColorOfTone(OnlyText(sprite).tone));
+            InkOf(OnlyText(sprite).color));
 }
 
 void PaintEntryBox(QPainter& painter, const Sprite& sprite) {
@@ -139,7 +139,7 @@ void PaintStatusLine(QPainter& painter, const Sprite& sprite) {
       sprite.at.x == kStatusLeftColumn ? kStatusRightColumn - 4 : sprite.at.x + kStackLabelWidth;
   const double baseline = sprite.at.y + kStatusLetters - 0.5;
   // Letter by letter, so that a line that is too long ends at the last character that fits.
-  for (const TextPiece& piece : sprite.text) {
+  for (const StatusText& piece : sprite.text) {
     QPainterPath shape;
     for (const QChar letter : TextOf(piece)) {
       const double advance = Advance(font, letter);
@@ -147,7 +147,7 @@ void PaintStatusLine(QPainter& painter, const Sprite& sprite) {
       shape.addPath(TextShape(font, letter).translated(x, baseline));
       x += advance;
     }
-    painter.fillPath(shape, ColorOfTone(piece.tone));
+    painter.fillPath(shape, InkOf(piece.color));
   }
 }
 

@@ -1,7 +1,8 @@
 #include "table/scene.h"
 
 #include "base/number_format.h"
-#include "view/table_rows.h"
+#include "engine/chip_list.h"
+#include "engine/entry_box.h"
 
 namespace feltmaster {
 
@@ -35,9 +36,9 @@ class SceneBuilder {
     }
     AddPrompt();
     AddStatusLines();
-    if (game_.EntryBoxOpen && !view_.entry_box_is_a_window) {
+    if (EntryBoxOpen(game_) && !view_.entry_box_is_a_window) {
       if (const auto place = PlaceOf(game_, game_.EntryBoxBet)) {
-        Add(SpriteKind::kEntryBox, *place).text.push_back({game_.EntryBoxText});
+        Add(SpriteKind::kEntryBox, *place).text.push_back({TextInEntryBox(game_)});
       }
     }
     return std::move(scene_);
@@ -65,7 +66,7 @@ class SceneBuilder {
     (game_.BetAmount.Standing() & kLayoutBets).ForEach([this](int bet) {
       if (!Shown(bet)) return;
       Add(SpriteKind::kFigures, NumberPlace(bet))
-          .text.push_back({FormatMoney(game_.BetAmount[bet]), Tone::kWin});
+          .text.push_back({FormatMoney(game_.BetAmount[bet]), StatusColor::kBlue});
     });
   }
 
@@ -76,7 +77,7 @@ class SceneBuilder {
       const MoneyAmount amount = game_.BetAmount[game_.StackSlots[index]];
       if (amount.Raw() < 0 || (game_.DisplayBetAmounts && amount.Raw() > 0)) {
         Add(SpriteKind::kPileFigures, kPilePlace[index])
-            .text.push_back({FormatMoney(amount), ToneOf(amount)});
+            .text.push_back({FormatMoney(amount), amount.Raw() < 0 ? StatusColor::kRed : StatusColor::kBlue});
       }
     }
   }
@@ -100,30 +101,12 @@ class SceneBuilder {
   }
 
   void AddStatusLines() {
-    const int bet = game_.EntryBoxOpen ? game_.EntryBoxBet : view_.hit_bet;
-    const Rows rows = StatusRows(game_, bet);
-    AddStatusLine(kStatusLeftColumn, 0, rows[0]);
-    AddStatusLine(kStatusLeftColumn, 1, rows[1]);
-    if (rows.size() == 3) {
-      AddStatusLine(kStatusRightColumn, 1, rows[2]);
-    } else {
-      AddStatusLine(kStatusRightColumn, 0, rows[2]);
-      AddStatusLine(kStatusRightColumn, 1, rows[3]);
+    const StatusDisplay display = StatusLines(game_, BetOfStatus(game_));
+    for (std::size_t line = 0; line < display.left.size(); ++line) {
+      const int top = kStatusBox.top + static_cast<int>(line) * kStatusLineHeight;
+      Add(SpriteKind::kStatusLine, {kStatusLeftColumn, top}).text = display.left[line];
+      Add(SpriteKind::kStatusLine, {kStatusRightColumn, top}).text = display.right[line];
     }
-  }
-
-  // Captions and amounts in turn.
-  void AddStatusLine(int left, int line, const Row& row) {
-    Sprite& sprite = Add(SpriteKind::kStatusLine,
-                         {left, kStatusBox.top + line * kStatusLineHeight});
-    for (std::size_t i = 0; i < row.size(); ++i) {
-      Tone tone = Tone::kNeutral;
-      if (i % 2 == 1) tone = IsLoss(row, i) ? Tone::kLoss : Tone::kWin;
-      sprite.text.push_back({row[i], tone});
-    }
-  }
-  static bool IsLoss(const Row& row, std::size_t i) {
-    return row[i].starts_with('-') || row[0].starts_with("You've lost") || row[i] == "Recording";
   }
 
   const Game& game_;

@@ -7,7 +7,7 @@
 
 #include "game/game.h"
 #include "table/layout.h"
-#include "view/figure.h"
+#include "view/status_lines.h"
 
 namespace feltmaster {
 
@@ -26,7 +26,6 @@ struct DieOnTable {
 
 // What the picture shows that is not part of the game.
 struct TableView {
-  int hit_bet = 0;     // what is under the pointer, for the status lines
   std::string banner;  // of a script or Hyper-Drive at work
   std::array<DieOnTable, 2> dice;
   bool entry_box_is_a_window = false;  // a text field of the window stands for the painted box
@@ -41,7 +40,7 @@ enum class SpriteKind {
   kPuck,        // value: the point
   kChip,        // value: 1 to 5, or 6 for the marker
   kFigures,     // an amount on a label; `at` is its upper left corner
-  kPileFigures, // the amount of a Chip-Stack; `at` is the middle of the label
+  kPileFigures,  // the amount of a Chip-Stack; `at` is the middle of the label
   kMark,        // value: a MarkValue
   kDie,         // value: the face
   kTool,        // value: the selected tool
@@ -52,20 +51,13 @@ enum class SpriteKind {
 };
 enum MarkValue : int { kMarkOn, kMarkOff, kMarkBuy, kMarkLay };
 
-struct TextPiece {
-  std::string text;
-  Tone tone = Tone::kNeutral;
-
-  bool operator==(const TextPiece&) const = default;
-};
-
 struct Sprite {
   SpriteKind kind = SpriteKind::kPuck;
   Pixel at;
   int value = 0;
   int turn = 0;
   int height = 0;
-  std::vector<TextPiece> text = {};
+  StatusLine text = {};
 
   bool operator==(const Sprite&) const = default;
 };
