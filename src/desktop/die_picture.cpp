@@ -17,12 +17,12 @@ constexpr double kHalf = 14.2;  // of a face; the die's square of 32 pixels also
 
 // Places of the pips of a face, in thirds of the way to its edge.
 std::span<const QPointF> PipsOf(int face) {
-  static const std::array<QPointF, 21> kPips = {{{0, 0},    //
-                                                 {-1, -1},  {1, 1},  //
-                                                 {-1, -1},  {0, 0},  {1, 1},  //
-                                                 {-1, -1},  {1, -1}, {-1, 1}, {1, 1},  //
-                                                 {-1, -1},  {1, -1}, {0, 0},  {-1, 1}, {1, 1},  //
-                                                 {-1, -1},  {1, -1}, {-1, 0}, {1, 0},  {-1, 1},
+  static const std::array<QPointF, 21> kPips = {{{0, 0},                                       //
+                                                 {-1, -1}, {1, 1},                             //
+                                                 {-1, -1}, {0, 0},  {1, 1},                    //
+                                                 {-1, -1}, {1, -1}, {-1, 1}, {1, 1},           //
+                                                 {-1, -1}, {1, -1}, {0, 0},  {-1, 1}, {1, 1},  //
+                                                 {-1, -1}, {1, -1}, {-1, 0}, {1, 0},  {-1, 1},
                                                  {1, 1}}};
   const auto pips = static_cast<std::size_t>(std::clamp(face, 1, 6));
   return std::span(kPips).subspan(pips * (pips - 1) / 2, pips);
@@ -169,8 +169,8 @@ void Marble(Canvas& die) {  // solid stone with veins and a gilded edge
     QPainterPath vein;
     vein.moveTo(-kHalf, -12 + 6.5 * i);
     vein.cubicTo(-5, -16 + 8.0 * i, 2, -2 + 3.0 * i, kHalf, -14 + 5.0 * i);
-    die.painter.setPen(QPen(WithAlpha(Mix(die.body, Qt::white, 0.7), 60 + 15 * (i % 3)),
-                            0.5 + 0.5 * (i % 2)));
+    die.painter.setPen(
+        QPen(WithAlpha(Mix(die.body, Qt::white, 0.7), 60 + 15 * (i % 3)), 0.5 + 0.5 * (i % 2)));
     die.painter.drawPath(vein);
   }
   die.painter.restore();
@@ -192,9 +192,8 @@ void Neon(Canvas& die) {  // dark, with a shining outline and shining pips
   die.painter.fillPath(Rounded(die.Face(), kRound), Mix(die.body, QColor(8, 8, 12), 0.82));
   die.painter.setBrush(Qt::NoBrush);
   for (const double width : {4.5, 2.8, 1.3}) {
-    die.painter.setPen(QPen(WithAlpha(Mix(die.body, Qt::white, width < 2 ? 0.35 : 0.0),
-                                      width < 2 ? 255 : 60),
-                            width));
+    die.painter.setPen(QPen(
+        WithAlpha(Mix(die.body, Qt::white, width < 2 ? 0.35 : 0.0), width < 2 ? 255 : 60), width));
     die.painter.drawPath(Rounded(die.Face().adjusted(2.2, 2.2, -2.2, -2.2), kRound - 1.5));
   }
   const QColor shine = die.pips.lightness() < 60 ? Mix(die.body, Qt::white, 0.5) : die.pips;

@@ -27,7 +27,7 @@ void PaintDie(QPainter& painter, QPointF middle, int design, const DieColors& co
               const DiePose& pose);
 
 // How far the picture of a die reaches from its middle however it is turned, shadow included.
-inline constexpr double kDieReach = 30;
+inline constexpr double kDieReach = 36;
 
 // A die as it is printed on the layout: flat, `side` wide, its upper left corner at a point.
 void PaintPrintedDie(QPainter& painter, QPointF corner, double side, const DieColors& colors,

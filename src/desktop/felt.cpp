@@ -6,6 +6,7 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <numbers>
 #include <vector>
 
@@ -81,8 +82,7 @@ float Smooth(int x, int y) {
 float BrushedNap(int x, int y) {
   const auto fx = static_cast<float>(x);
   const auto fy = static_cast<float>(y);
-  return 0.6f * Hairs(fx, fy, 24, 26, 2.4f, 11) + 0.35f * Hairs(fx, fy, 24, 70, 6, 12) +
-         0.25f * Clouds(fx, fy, 220, 2, 13);
+  return 0.75f * Hairs(fx, fy, 24, 26, 2.4f, 11) + 0.35f * Clouds(fx, fy, 220, 2, 13);
 }
 
 float Linen(int x, int y) {
@@ -92,7 +92,8 @@ float Linen(int x, int y) {
   const bool weft_above = ((column + row) & 1) != 0;
   // Threads differ in strength along their whole length, which gives the slubs of linen.
   const float weft = 0.6f * Noise(static_cast<float>(x) / 90, static_cast<float>(row) * 3.1f, 21);
-  const float warp = 0.6f * Noise(static_cast<float>(column) * 3.1f, static_cast<float>(y) / 90, 22);
+  const float warp =
+      0.6f * Noise(static_cast<float>(column) * 3.1f, static_cast<float>(y) / 90, 22);
   const int within = weft_above ? y % kThread : x % kThread;
   const float round = within == 1 ? 0.28f : -0.1f;
   return round + (weft_above ? weft : warp) * 0.7f + (weft_above ? 0.1f : -0.12f);
@@ -139,15 +140,21 @@ float WoodGrain(int x, int y) {
          0.35f * (Speckle(board, 3, 61) - 0.5f) + 0.16f * Noise(fx / 90, fy / 3, seed + 2) + seam;
 }
 
+// Many short hairs that lie in all directions. They take long to lay, so a quarter of the cloth is
+// repeated, mirrored, which nobody sees in so even a weave.
 float WoolFelt(int x, int y) {
   const auto fx = static_cast<float>(x);
   const auto fy = static_cast<float>(y);
+  const float bent_x = fx + 3 * Noise(fx / 23, fy / 23, 87);
+  const float bent_y = fy + 3 * Noise(fx / 23, fy / 23, 88);
   float hairs = 0;
   for (int way = 0; way < 4; ++way) {
-    hairs += Hairs(fx, fy, 45.0f * static_cast<float>(way) + 11, 10, 1.9f,
-                   80 + static_cast<std::uint32_t>(way));
+    const float turn = (45.0f * static_cast<float>(way) + 11) * kPi / 180;
+    const float along = std::cos(turn) * bent_x + std::sin(turn) * bent_y;
+    const float across = std::cos(turn) * bent_y - std::sin(turn) * bent_x;
+    hairs += Noise(along / 10, across / 1.9f, 80 + static_cast<std::uint32_t>(way));
   }
-  return 0.26f * hairs + 0.15f * Grain(x, y, 84) + 0.14f * Clouds(fx, fy, 80, 3, 85);
+  return 0.26f * hairs + 0.15f * Grain(x, y, 84) + 0.14f * Clouds(fx, fy, 80, 2, 85);
 }
 
 // Suits of cards in two shades, like a woven cloth of one colour.
@@ -166,7 +173,8 @@ std::vector<std::uint8_t> DamaskMotif() {
       place.translate(middle.x(), middle.y());
       place.scale(15, 15);
       painter.fillPath(place.map(SuitShape(kSuits[suit])), Qt::white);
-      painter.fillPath(StarShape(middle + QPointF(kCell / 2.0, 0), 4, 7, 1.6), QColor(150, 150, 150));
+      painter.fillPath(StarShape(middle + QPointF(kCell / 2.0, 0), 4, 7, 1.6),
+                       QColor(150, 150, 150));
     }
   }
   painter.end();
@@ -188,6 +196,7 @@ using Cloth = float (*)(int x, int y);
 constexpr std::array<Cloth, kFeltCount> kCloths = {
     Smooth, BrushedNap, Linen, Twill, Suede, QuiltedDiamonds, WoodGrain, DamaskGround, WoolFelt};
 constexpr int kDamask = 7;
+constexpr int kWool = 8;
 
 }  // namespace
 
@@ -198,9 +207,11 @@ QImage FeltLight(int texture) {
   if (texture == kDamask) motif = DamaskMotif();
 
   QImage light(kLightWidth, kLightHeight, QImage::Format_Grayscale8);
-  for (int y = 0; y < kLightHeight; ++y) {
+  const int drawn_width = texture == kWool ? kLightWidth / 2 : kLightWidth;
+  const int drawn_height = texture == kWool ? kLightHeight / 2 : kLightHeight;
+  for (int y = 0; y < drawn_height; ++y) {
     uchar* line = light.scanLine(y);
-    for (int x = 0; x < kLightWidth; ++x) {
+    for (int x = 0; x < drawn_width; ++x) {
       float value = cloth(x, y);
       if (!motif.empty()) {
         const float raised = motif[static_cast<std::size_t>(y * kLightWidth + x)] / 255.0f;
@@ -208,12 +219,16 @@ QImage FeltLight(int texture) {
       }
       line[x] = static_cast<uchar>(std::clamp(128 + 127 * value, 0.0f, 255.0f));
     }
+    std::reverse_copy(line, line + kLightWidth - drawn_width, line + drawn_width);
+  }
+  for (int y = drawn_height; y < kLightHeight; ++y) {
+    std::copy_n(light.constScanLine(kLightHeight - 1 - y), kLightWidth, light.scanLine(y));
   }
   return light;
 }
 
-void PressIntoFelt(QImage& image, const QPainterPath& shape, const QImage& light, double scale,
-                   double strength) {
+void PressIntoFelt(QImage& image, const QPainterPath& shape, const QImage& light,
+                   const QColor& ground, double scale) {
   const QRect area = QTransform::fromScale(scale, scale)
                          .mapRect(shape.boundingRect())
                          .toAlignedRect()
@@ -244,13 +259,18 @@ void PressIntoFelt(QImage& image, const QPainterPath& shape, const QImage& light
     const auto* lights = reinterpret_cast<const QRgb*>(local.constScanLine(y));
     for (int x = 0; x < area.width(); ++x) {
       if (covered[x] == 0) continue;
-      const double value = (qRed(lights[x]) - 128) / 127.0 * covered[x] / 255.0 * strength;
+      const QRgb pixel = pixels[x];
+      const int ink = std::abs(qRed(pixel) - ground.red()) +
+                      std::abs(qGreen(pixel) - ground.green()) +
+                      std::abs(qBlue(pixel) - ground.blue());
+      const double rough = 1 - 0.6 * std::min(ink / 160.0, 1.0);
+      const double value = rough * (qRed(lights[x]) - 128) / 127.0 * covered[x] / 255.0;
       // A black cloth still catches a little light, a bright one much more.
       const auto lit = [value](int channel) {
         return std::clamp(static_cast<int>(std::lround(channel + value * (13 + 0.2 * channel))), 0,
                           255);
       };
-      pixels[x] = qRgb(lit(qRed(pixels[x])), lit(qGreen(pixels[x])), lit(qBlue(pixels[x])));
+      pixels[x] = qRgb(lit(qRed(pixel)), lit(qGreen(pixel)), lit(qBlue(pixel)));
     }
   }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QImage>
 #include <QPainterPath>
 #include <QRectF>
@@ -14,10 +15,10 @@ inline constexpr int kFeltCount = 9;
 // grid. An index out of range gives cloth 0.
 QImage FeltLight(int texture);
 
-// Gives what is painted inside `shape` the weave and the light of a cloth. The image must be
-// Format_RGB32; `scale` is its device pixels for each pixel of the picture. `strength` 1 is that of
-// the table itself.
-void PressIntoFelt(QImage& image, const QPainterPath& shape, const QImage& light, double scale,
-                   double strength = 1);
+// Gives what is painted inside `shape` the weave and the light of a cloth. What differs from the
+// colour of the `ground` is ink, which lies smoother. The image must be Format_RGB32; `scale` is
+// its device pixels for each pixel of the picture.
+void PressIntoFelt(QImage& image, const QPainterPath& shape, const QImage& light,
+                   const QColor& ground, double scale);
 
 }  // namespace feltmaster

@@ -108,7 +108,8 @@ class FeltPrinter {
   DieColors PrintedDice() const { return {Ink(kColorDice), Ink(kColorPips)}; }
 
   void Stroke(const QPainterPath& shape, double width) {
-    painter_.strokePath(shape, QPen(Ink(kColorLines), width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+    painter_.strokePath(shape,
+                        QPen(Ink(kColorLines), width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
   }
   void Line(double x1, double y1, double x2, double y2, double width = kLine) {
     QPainterPath shape;
@@ -160,7 +161,8 @@ class FeltPrinter {
       return middle;
     };
     const QPointF off = ring(PuckPlace(0));
-    PaintText(painter_, SquareAround(off, 9), SmallPrint(8), "OFF", WithAlpha(Ink(kColorLines), 125), 0.6);
+    PaintText(painter_, SquareAround(off, 9), SmallPrint(8), "OFF",
+              WithAlpha(Ink(kColorLines), 125), 0.6);
     constexpr std::array kSuits = {Suit::kSpade, Suit::kHeart, Suit::kClub, Suit::kDiamond};
     for (int slot = 0; slot < kSlotCount; ++slot) {
       const QPointF middle = ring(PuckPlace(NumberOfSlot(slot)));
@@ -196,8 +198,10 @@ class FeltPrinter {
       TextAt(middle, 132, SmallPrint(7.6),
              come == "1t1" ? QString(kWords[static_cast<std::size_t>(slot)]) : "COME " + come,
              kColorPlaceText, room, 0.8);
-      TextAt(middle, 148.6, SmallPrint(7.6), "ODDS " + Ratio(kComeOdds + slot), kColorPlaceText, room);
-      TextAt(middle, 162.6, SmallPrint(8.2), "PLACE " + Ratio(kPlace + slot), kColorPlaceText, room);
+      TextAt(middle, 148.6, SmallPrint(7.6), "ODDS " + Ratio(kComeOdds + slot), kColorPlaceText,
+             room);
+      TextAt(middle, 162.6, SmallPrint(8.2), "PLACE " + Ratio(kPlace + slot), kColorPlaceText,
+             room);
       TextAt(middle, 173.2, SmallPrint(8.2), "BUY " + Ratio(kBuy + slot), kColorPlaceText, room);
     }
   }
@@ -260,14 +264,14 @@ class FeltPrinter {
     const QPointF to = centre + diagonal * kBigBand.outer;
     Line(from.x(), from.y(), to.x(), to.y());
     PrintBig({113, 244}, "6", Ratio(kBig6));
-    PrintBig({176, 302}, "8", Ratio(kBig8));
+    PrintBig({175, 302}, "8", Ratio(kBig8));
   }
-  // Below the upper line of its region.
+  // Below the upper line of its region; what is below belongs to the chips.
   void PrintBig(QPointF top, const QString& number, const QString& ratio) {
-    TextAt(top.x(), top.y() + 11, SmallPrint(8.5), "BIG", kColorPropText, 36, 1.5);
-    painter_.fillPath(Centred(TextShape(Lettering(27), number), top + QPointF(0, 23)),
+    TextAt(top.x(), top.y() + 11, SmallPrint(8.5), "BIG", kColorPropText, 36, 2.5);
+    painter_.fillPath(Centred(TextShape(Lettering(25), number), top + QPointF(-7, 22)),
                       Ink(kColorPropText));
-    TextAt(top.x(), top.y() + 43, SmallPrint(8.5), ratio, kColorPropText, 36);
+    TextAt(top.x() + 11, top.y() + 25.5, SmallPrint(9), ratio, kColorPropText, 18);
   }
 
   void PrintPassLine() {
@@ -280,9 +284,9 @@ class FeltPrinter {
     painter_.fillPath(TextOnArc(SmallPrint(9), "SEVEN ON THE COME-OUT " + Ratio(kComeBox), centre,
                                 middle_radius + 3.2, 225, 0.5, true),
                       ink);
-    painter_.fillPath(Centred(TextShape(SmallPrint(12), Ratio(kComeBox)),
-                              {418, centre.y() + middle_radius}),
-                      ink);
+    painter_.fillPath(
+        Centred(TextShape(SmallPrint(12), Ratio(kComeBox)), {418, centre.y() + middle_radius}),
+        ink);
 
     const double odds_radius = (kPassOddsBand.inner + kPassOddsBand.outer) / 2.0;
     painter_.fillPath(
@@ -290,7 +294,8 @@ class FeltPrinter {
     painter_.fillPath(
         Centred(Turned(TextShape(Lettering(12), "ODDS", 4), -90), {centre.x() - odds_radius, 120}),
         ink);
-    PrintOddsTable({centre.x() + 8, centre.y() + odds_radius}, kPassOddsBand.right - 6, ink);
+    // The chips of the odds lie on the right.
+    PrintOddsTable({centre.x() + 4, centre.y() + odds_radius}, 340, ink);
   }
 
   // What the odds of the line pay on each pair of points: "4 10" over "2t1".
@@ -345,9 +350,9 @@ class FeltPrinter {
   void PrintPanel() {
     const std::span<const PanelCell> cells = PanelCells(look_.hop_bets);
     for (const PanelCell& cell : cells) Frame(cell.box, kThinLine);
-    Stroke(BoxShape(QRectF(kPanelLeft, kPanelTop, kPanelRight - kPanelLeft,
-                           cells.back().box.bottom - kPanelTop)),
-           kLine);
+    QPainterPath panel;
+    for (const PanelCell& cell : cells) panel = panel.united(BoxShape(RectOf(cell.box)));
+    Stroke(panel.simplified(), kLine);
     for (const PanelCell& cell : cells) PrintCell(cell);
   }
 
@@ -377,8 +382,8 @@ class FeltPrinter {
   void PrintNamedCell(const QRectF& box, const QString& name, double size, const QString& ratio,
                       double spacing) {
     const double y = box.center().y();
-    Text(QRectF(box.left() + 25, y - 12, box.width() - 50, 24), Lettering(size), name, kColorPropText,
-         spacing);
+    Text(QRectF(box.left() + 25, y - 12, box.width() - 50, 24), Lettering(size), name,
+         kColorPropText, spacing);
     for (const double x : {box.left() + 12, box.right() - 12}) {
       Text(QRectF(x - 10, y - 6, 20, 12), SmallPrint(10.5), ratio, kColorPropText);
     }
@@ -399,11 +404,11 @@ class FeltPrinter {
   };
   void PrintDiceCell(const QRectF& box, int bet) {
     constexpr auto kPairs = std::to_array<Pair>(
-        {{kHard4, 2, 2}, {kHard6, 3, 3}, {kHard8, 4, 4}, {kHard10, 5, 5}, {kTwo, 1, 1},
-         {kThree, 1, 2}, {kEleven, 5, 6}, {kTwelve, 6, 6}, {kHop13, 1, 3}, {kHop14, 1, 4},
-         {kHop15, 1, 5}, {kHop16, 1, 6},  {kHop22, 2, 2}, {kHop23, 2, 3}, {kHop24, 2, 4},
-         {kHop25, 2, 5}, {kHop26, 2, 6},  {kHop33, 3, 3}, {kHop34, 3, 4}, {kHop35, 3, 5},
-         {kHop36, 3, 6}, {kHop44, 4, 4},  {kHop45, 4, 5}, {kHop46, 4, 6}, {kHop55, 5, 5}});
+        {{kHard4, 2, 2}, {kHard6, 3, 3},  {kHard8, 4, 4},  {kHard10, 5, 5}, {kTwo, 1, 1},
+         {kThree, 1, 2}, {kEleven, 5, 6}, {kTwelve, 6, 6}, {kHop13, 1, 3},  {kHop14, 1, 4},
+         {kHop15, 1, 5}, {kHop16, 1, 6},  {kHop22, 2, 2},  {kHop23, 2, 3},  {kHop24, 2, 4},
+         {kHop25, 2, 5}, {kHop26, 2, 6},  {kHop33, 3, 3},  {kHop34, 3, 4},  {kHop35, 3, 5},
+         {kHop36, 3, 6}, {kHop44, 4, 4},  {kHop45, 4, 5},  {kHop46, 4, 6},  {kHop55, 5, 5}});
     const auto* pair = std::ranges::find(kPairs, bet, &Pair::bet);
     if (pair == kPairs.end()) return;
     const bool low = box.height() < 30;  // a Hop cell: the ratio stands beside the dice
@@ -438,12 +443,12 @@ class FeltPrinter {
     }
     const double room = box.width() - 12;
     const QPointF below(middle.x(), 0);
-    TextAt(below.x(), 75.5, SmallPrint(9.5), QString::fromStdString(look_.rules.limits), kColorLineText,
-           room, 0.6);
-    TextAt(below.x(), 85, SmallPrint(7), QString::fromStdString(look_.rules.lay_vig), kColorLineText,
-           room, 0.3);
-    TextAt(below.x(), 93.5, SmallPrint(7), QString::fromStdString(look_.rules.buy_vig), kColorLineText,
-           room, 0.3);
+    TextAt(below.x(), 75.5, SmallPrint(9.5), QString::fromStdString(look_.rules.limits),
+           kColorLineText, room, 0.6);
+    TextAt(below.x(), 85, SmallPrint(7), QString::fromStdString(look_.rules.lay_vig),
+           kColorLineText, room, 0.3);
+    TextAt(below.x(), 93.5, SmallPrint(7), QString::fromStdString(look_.rules.buy_vig),
+           kColorLineText, room, 0.3);
   }
 
   QPainter& painter_;
@@ -473,7 +478,8 @@ void PaintRecess(QPainter& painter, const QRectF& box, double radius, const QCol
                        QPen(QColor(0, 0, 0, 34), 2 * inset));
   }
   painter.restore();
-  painter.strokePath(BoxShape(box.translated(0, 0.5), radius), QPen(QColor(255, 230, 180, 55), 0.6));
+  painter.strokePath(BoxShape(box.translated(0, 0.5), radius),
+                     QPen(QColor(255, 230, 180, 55), 0.6));
   painter.strokePath(BoxShape(box, radius), QPen(QColor(0, 0, 0, 150), 0.6));
 }
 
@@ -557,8 +563,17 @@ void PaintDiceTray(QPainter& painter, bool hop_bets) {
   painter.restore();
   PaintBrassLine(painter, BoxShape(tray.adjusted(-1, -1, 1, 1), 7), 1.6);
   // What a press on it brings in.
-  PaintText(painter, QRectF(tray.left() + 8, tray.top() + 3.5, tray.width() - 16, 9), SmallPrint(8),
-            hop_bets ? "◂ HARD WAYS AND PROPS" : "HOP BETS ▸", QColor(255, 238, 200, 190), 0.6);
+  const QColor ink(255, 238, 200, 190);
+  const QRectF line(tray.left() + 16, tray.top() + 3.5, tray.width() - 32, 9);
+  PaintText(painter, line, SmallPrint(8), hop_bets ? "HARD WAYS, PROPS" : "HOP BETS", ink, 0.6);
+  for (const double side : {-1.0, 1.0}) {
+    const QPointF tip = line.center() + QPointF(side * (tray.width() / 2 - 7), 0);
+    QPainterPath arrow(tip);
+    arrow.lineTo(tip + QPointF(-side * 5, -3.2));
+    arrow.lineTo(tip + QPointF(-side * 5, 3.2));
+    arrow.closeSubpath();
+    painter.fillPath(arrow, ink);
+  }
 }
 
 }  // namespace
@@ -604,8 +619,8 @@ QImage PaintLayout(const LayoutLook& look, double scale, FeltStore& felts) {
   FeltPrinter(painter, look).Print();
   painter.end();
   const QPainterPath rail = whole.subtracted(FeltShape());
-  PressIntoFelt(image, rail, felts.Light(kWoodGrain), scale, 0.8);
-  PressIntoFelt(image, FeltShape(), felts.Light(look.texture), scale);
+  PressIntoFelt(image, rail, felts.Light(kWoodGrain), QColor(kMahogany), scale);
+  PressIntoFelt(image, FeltShape(), felts.Light(look.texture), felt, scale);
 
   begin(painter);
   painter.save();
@@ -613,9 +628,10 @@ QImage PaintLayout(const LayoutLook& look, double scale, FeltStore& felts) {
   PaintRailShine(painter);
   painter.restore();
   PaintEdgeOfFelt(painter);
-  painter.fillPath(BoxShape(DiceTray(), 7), Mix(felt, Qt::black, 0.3));
+  const QColor deep_felt = Mix(felt, Qt::black, 0.3);
+  painter.fillPath(BoxShape(DiceTray(), 7), deep_felt);
   painter.end();
-  PressIntoFelt(image, BoxShape(DiceTray(), 7), felts.Light(look.texture), scale);
+  PressIntoFelt(image, BoxShape(DiceTray(), 7), felts.Light(look.texture), deep_felt, scale);
 
   begin(painter);
   // A lamp hangs over the middle of the table.

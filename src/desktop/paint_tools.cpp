@@ -126,7 +126,8 @@ QPainterPath TextOnArc(const QFont& font, const QString& text, QPointF centre, d
   for (const QChar letter : text) {
     const double advance = letters.Advance(letter);
     const double turn = angle + direction * (along + advance / 2) / radius * 180 / std::numbers::pi;
-    const QPointF foot = centre + radius * QPointF(std::sin(Radians(turn)), -std::cos(Radians(turn)));
+    const QPointF foot =
+        centre + radius * QPointF(std::sin(Radians(turn)), -std::cos(Radians(turn)));
     QTransform place;
     place.translate(foot.x(), foot.y());
     place.rotate(inside ? turn + 180 : turn);

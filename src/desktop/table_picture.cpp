@@ -18,7 +18,7 @@ constexpr QRgb kBrightBlue = 0xFF0018F0;
 constexpr QRgb kBrightRed = 0xFFE00010;
 
 constexpr double kFigureLetters = 9.5;
-constexpr double kFigureHeight = 12.5;
+constexpr double kFigureHeight = 10.4;
 constexpr double kFigurePadding = 2.5;
 
 QColor InkOf(StatusColor color) {
@@ -62,7 +62,8 @@ QPointF PieceMiddle(const Sprite& sprite) {
 // Whether a sprite is one of few pictures, kept ready as images.
 bool IsPiece(const Sprite& sprite) {
   return sprite.kind == SpriteKind::kChip || sprite.kind == SpriteKind::kMark ||
-         sprite.kind == SpriteKind::kPuck;
+         sprite.kind == SpriteKind::kPuck || sprite.kind == SpriteKind::kDie ||
+         sprite.kind == SpriteKind::kTool;
 }
 double ReachOfPiece(SpriteKind kind) {
   switch (kind) {
@@ -70,6 +71,8 @@ double ReachOfPiece(SpriteKind kind) {
       return kPuckSize / 2.0 + 3;
     case SpriteKind::kMark:
       return kMarkSize / 2.0 + 2;
+    case SpriteKind::kDie:
+      return kDieReach;
     default:
       return kChipReach;
   }
@@ -108,11 +111,13 @@ void PaintEntryBox(QPainter& painter, const Sprite& sprite) {
     painter.fillRect(selected, QColor(0x1F, 0x5F, 0xC8));
     PaintText(painter, selected.adjusted(1.5, 1, -1.5, -1), font, text, Qt::white);
   }
-  painter.strokePath([&box] {
-    QPainterPath frame;
-    frame.addRect(box.adjusted(0.6, 0.6, -0.6, -0.6));
-    return frame;
-  }(), QPen(QColor(0x10, 0x38, 0x80), 1.2));
+  painter.strokePath(
+      [&box] {
+        QPainterPath frame;
+        frame.addRect(box.adjusted(0.6, 0.6, -0.6, -0.6));
+        return frame;
+      }(),
+      QPen(QColor(0x10, 0x38, 0x80), 1.2));
 }
 
 void PaintPrompt(QPainter& painter, const Sprite& sprite) {
@@ -180,6 +185,7 @@ void TablePicture::SetScale(double scale) {
   scale = std::isfinite(scale) ? std::clamp(scale, 0.25, 8.0) : 1;
   if (scale == scale_) return;
   scale_ = scale;
+  taken_ = false;
   layout_ = QImage();
   pieces_.clear();
 }
@@ -192,11 +198,10 @@ QSize TablePicture::Size() const {
 QRegion TablePicture::Update(const Game& game, const TableView& view) {
   LayoutLook look = LookOf(game);
   Scene scene = SceneOf(game, view);
-  if (layout_.isNull() || look != look_ || die_design_ != game.DicePicture) {
-    if (look.chip_design != look_.chip_design || look.chip_texts != look_.chip_texts) {
-      pieces_.clear();
-    }
-    layout_ = QImage();
+  if (!taken_ || look != look_ || die_design_ != game.DicePicture) {
+    pieces_.clear();
+    if (look != look_) layout_ = QImage();
+    taken_ = true;
     look_ = std::move(look);
     die_design_ = game.DicePicture;
     scene_ = std::move(scene);
@@ -256,11 +261,9 @@ QRectF TablePicture::ReachOf(const Sprite& sprite) const {
     case SpriteKind::kPuck:
     case SpriteKind::kChip:
     case SpriteKind::kMark:
-      return wider(SquareAround(PieceMiddle(sprite), ReachOfPiece(sprite.kind)));
     case SpriteKind::kDie:
-      return wider(SquareAround(PieceMiddle(sprite), kDieReach));
     case SpriteKind::kTool:
-      return wider(RectOf(kSelectedToolBox));
+      return wider(SquareAround(PieceMiddle(sprite), ReachOfPiece(sprite.kind)));
     case SpriteKind::kFigures:
     case SpriteKind::kPileFigures:
       return wider(FigureBox(sprite));
@@ -269,9 +272,8 @@ QRectF TablePicture::ReachOf(const Sprite& sprite) const {
     case SpriteKind::kPrompt:
       return QRectF(kFeltBox.left, kPromptTop.y - 12, kFeltBox.Width(), kPromptLetters + 24);
     case SpriteKind::kStatusLine: {
-      const double width = sprite.at.x == kStatusLeftColumn
-                               ? kStatusRightColumn - kStatusLeftColumn
-                               : kStackLabelWidth;
+      const double width = sprite.at.x == kStatusLeftColumn ? kStatusRightColumn - kStatusLeftColumn
+                                                            : kStackLabelWidth;
       return wider(QRectF(sprite.at.x, sprite.at.y, width, kStatusLineHeight));
     }
     case SpriteKind::kEntryBox:
@@ -294,14 +296,6 @@ void TablePicture::PaintSprite(QPainter& painter, const Sprite& sprite) {
   painter.scale(scale_, scale_);
   painter.setRenderHint(QPainter::Antialiasing);
   switch (sprite.kind) {
-    case SpriteKind::kDie:
-      PaintDie(painter, PieceMiddle(sprite), die_design_,
-               {ColorOf(look_.colors[kColorDice]), ColorOf(look_.colors[kColorPips])},
-               {sprite.value, static_cast<double>(sprite.turn), sprite.height / 100.0});
-      break;
-    case SpriteKind::kTool:
-      PaintTool(painter, PieceMiddle(sprite), look_, sprite.value);
-      break;
     case SpriteKind::kFigures:
     case SpriteKind::kPileFigures:
       PaintFigures(painter, sprite);
@@ -325,8 +319,10 @@ void TablePicture::PaintSprite(QPainter& painter, const Sprite& sprite) {
 }
 
 const QImage& TablePicture::Piece(const Sprite& sprite) {
+  constexpr std::size_t kEnoughPieces = 100;  // tumbling dice are never the same again
   const int value = sprite.kind == SpriteKind::kPuck ? sprite.value != 0 : sprite.value;
-  QImage& image = pieces_[{sprite.kind, value}];
+  if (pieces_.size() > kEnoughPieces) pieces_.clear();
+  QImage& image = pieces_[{sprite.kind, value, sprite.turn, sprite.height}];
   if (!image.isNull()) return image;
   const double reach = ReachOfPiece(sprite.kind);
   const int half = static_cast<int>(std::ceil(reach * scale_));
@@ -337,7 +333,8 @@ const QImage& TablePicture::Piece(const Sprite& sprite) {
   painter.scale(scale_, scale_);
   switch (sprite.kind) {
     case SpriteKind::kPuck:
-      PaintLammer(painter, {0, 0}, kPuckSize / 2.0, value != 0 ? Lammer::kPuckOn : Lammer::kPuckOff);
+      PaintLammer(painter, {0, 0}, kPuckSize / 2.0,
+                  value != 0 ? Lammer::kPuckOn : Lammer::kPuckOff);
       break;
     case SpriteKind::kMark: {
       constexpr std::array kMarks = {Lammer::kMarkOn, Lammer::kMarkOff, Lammer::kMarkBuy,
@@ -345,6 +342,14 @@ const QImage& TablePicture::Piece(const Sprite& sprite) {
       PaintLammer(painter, {0, 0}, kMarkSize / 2.0, kMarks[static_cast<std::size_t>(value)]);
       break;
     }
+    case SpriteKind::kDie:
+      PaintDie(painter, {0, 0}, die_design_,
+               {ColorOf(look_.colors[kColorDice]), ColorOf(look_.colors[kColorPips])},
+               {value, static_cast<double>(sprite.turn), sprite.height / 100.0});
+      break;
+    case SpriteKind::kTool:
+      PaintTool(painter, {0, 0}, look_, value);
+      break;
     default:
       PaintChip(painter, {0, 0}, look_.chip_design, value,
                 value >= 1 && value <= kChipCount

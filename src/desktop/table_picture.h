@@ -5,7 +5,7 @@
 #include <QRegion>
 #include <QSize>
 #include <map>
-#include <utility>
+#include <tuple>
 
 #include "desktop/die_picture.h"
 #include "desktop/layout_picture.h"
@@ -17,6 +17,9 @@ namespace feltmaster {
 // colours or the scale change, and over it what stands there. Rectangles are device pixels.
 class TablePicture {
  public:
+  // The store must outlive the picture; pictures may share it.
+  explicit TablePicture(FeltStore& felts) : felts_(felts) {}
+
   // Device pixels for each pixel of the 640 by 440 picture; held within 0.25 and 8.
   void SetScale(double scale);
   double Scale() const { return scale_; }
@@ -41,11 +44,13 @@ class TablePicture {
   double scale_ = 1;
   LayoutLook look_;
   std::int32_t die_design_ = 1;
-  FeltStore felts_;
-  QImage layout_;  // null when it must be composed anew
+  FeltStore& felts_;
+  QImage layout_;       // null when it must be composed anew
+  bool taken_ = false;  // look_ and scene_ are those of an Update at this scale
   Scene scene_;
-  // Chips, marks and the puck at the present scale, by kind and value.
-  std::map<std::pair<SpriteKind, int>, QImage> pieces_;
+  // Chips, marks, dice and the like at the present scale, by kind, value, turn and height. Shaded
+  // things are painted whole and copied: a part of a shading, painted alone, may differ by a hair.
+  std::map<std::tuple<SpriteKind, int, int, int>, QImage> pieces_;
 };
 
 }  // namespace feltmaster

@@ -17,7 +17,8 @@ std::string TableShot(const Game& game, double scale) {
   int count = 1;
   const QGuiApplication application(count, arguments);
 
-  TablePicture picture;
+  FeltStore felts;
+  TablePicture picture(felts);
   picture.SetScale(scale);
   TableView view;
   view.dice = DiceAtRest(game);

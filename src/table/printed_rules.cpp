@@ -54,7 +54,8 @@ PrintedRules PrintRules(const Game& game) {
     printed.ratio[index] = RatioMark(game.PayTable[index]);
   }
   printed.field = FieldNumbers(game);
-  printed.limits = "$" + FormatMoney(game.MinPlacardBet) + " TO $" + FormatMoney(game.MaxPlacardBet);
+  printed.limits =
+      "$" + FormatMoney(game.MinPlacardBet) + " TO $" + FormatMoney(game.MaxPlacardBet);
   printed.odds_limit = "ODDS TO $" + FormatMoney(game.MaxOddsBet);
   printed.lay_vig = VigText("LAY VIG ", game.LayVigPct, game.LayVigAllBets);
   printed.buy_vig = VigText("BUY VIG ", game.BuyVigPct, game.BuyVigAllBets);

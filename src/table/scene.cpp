@@ -77,7 +77,8 @@ class SceneBuilder {
       const MoneyAmount amount = game_.BetAmount[game_.StackSlots[index]];
       if (amount.Raw() < 0 || (game_.DisplayBetAmounts && amount.Raw() > 0)) {
         Add(SpriteKind::kPileFigures, kPilePlace[index])
-            .text.push_back({FormatMoney(amount), amount.Raw() < 0 ? StatusColor::kRed : StatusColor::kBlue});
+            .text.push_back(
+                {FormatMoney(amount), amount.Raw() < 0 ? StatusColor::kRed : StatusColor::kBlue});
       }
     }
   }

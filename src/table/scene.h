@@ -37,14 +37,14 @@ std::array<DieOnTable, 2> DiceAtRest(const Game& game);
 std::string_view PromptOf(int call_bet_mode);
 
 enum class SpriteKind {
-  kPuck,        // value: the point
-  kChip,        // value: 1 to 5, or 6 for the marker
-  kFigures,     // an amount on a label; `at` is its upper left corner
+  kPuck,         // value: the point
+  kChip,         // value: 1 to 5, or 6 for the marker
+  kFigures,      // an amount on a label; `at` is its upper left corner
   kPileFigures,  // the amount of a Chip-Stack; `at` is the middle of the label
-  kMark,        // value: a MarkValue
-  kDie,         // value: the face
-  kTool,        // value: the selected tool
-  kRecorder,    // value: a DiceRollMode
+  kMark,         // value: a MarkValue
+  kDie,          // value: the face
+  kTool,         // value: the selected tool
+  kRecorder,     // value: a DiceRollMode
   kPrompt,
   kStatusLine,  // `at` is the upper left corner
   kEntryBox,    // `at` is the place of its bet
