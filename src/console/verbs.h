@@ -18,5 +18,6 @@ void AddReportVerb(CLI::App& app, int& exit_code);
 void AddDiceVerb(CLI::App& app, int& exit_code);
 void AddGameVerb(CLI::App& app, int& exit_code);
 void AddLogVerb(CLI::App& app, int& exit_code);
+void AddTableVerb(CLI::App& app, int& exit_code);
 
 }  // namespace feltmaster
