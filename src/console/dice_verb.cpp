@@ -318,7 +318,7 @@ void AddDiceVerb(CLI::App& app, int& exit_code) {
     part->footer(examples);
     part->add_option("--as", options->display, "How the chances are shown and typed")
         ->check(CLI::IsMember(std::vector<std::string>(kDisplayNames.begin(), kDisplayNames.end())))
-        ->type_name("percent|percent-off|rolls|rolls-off");
+        ->type_name("");
     part->add_option("--out-of", options->out_of, "How many rolls; 36 unless told")->type_name("N");
     part->add_flag("--json", options->json, "Prints every cell as JSON");
     part->callback([options, run, &exit_code] { exit_code = run(*options); });

@@ -163,13 +163,13 @@ void TakeFileName(Game& game, const std::string& path) {
 
 // --- Reading ---
 
-// A relative path is sought in the data folder, beside the game and in the folder one is in. The
+// A relative path is sought in the folder one is in, beside the game and in the data folder. The
 // file that was noted comes before others of its name; what is nowhere stands as it is written.
 std::string FullPath(const Game& game, const std::string& game_path, const GameHeader& noted) {
   const std::string& path = noted.path;
   if (path.empty() || path.front() == '/') return path;
   std::string first;
-  for (const std::string& folder : {game.AppPath, FolderOf(Absolute(game_path)), std::string()}) {
+  for (const std::string& folder : {std::string(), FolderOf(Absolute(game_path)), game.AppPath}) {
     std::string found = folder + path;
     if (!IsPlainFile(found)) continue;
     if (FileStamp(found) == noted.stamp) return found;

@@ -73,6 +73,19 @@ TEST_F(SavedFiles, AGame) {
   EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 2) << "Looking makes no files.";
 }
 
+// Another run of the program, with a data folder of its own, writes what it has opened.
+TEST_F(SavedFiles, SavedAgain) {
+  std::ofstream(Path("s.txt")) << "When . . .\n  Initializing Auto-Bet\nthen . . .\n  Set flag "
+                                  "\"Paid\" to True\n";
+  fs::current_path(folder_);
+  Play({"script load s.txt", "script save s.bet", "script active on", "rolls 700", "new",
+        "rolls 30", "bet 35 12", "save a.crp"});
+  Play({"open a.crp", "save b.crp"}, "");
+  EXPECT_EQ(Bytes("a.crp").size(), 571 * 256u + 256u);
+  EXPECT_EQ(Bytes("a.crp"), Bytes("b.crp"));
+  fs::current_path("/");
+}
+
 TEST_F(SavedFiles, NoGame) {
   std::ofstream(Path("x.crp")) << "no game";
   ProgramRun run = RunProgram("game show " + Path("x.crp"));
