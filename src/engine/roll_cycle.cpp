@@ -18,6 +18,7 @@
 #include "engine/resolve.h"
 #include "engine/table_effects.h"
 #include "files/games_log.h"
+#include "files/roll_recorder.h"
 #include "stats/bankroll_history.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
@@ -163,6 +164,18 @@ void RollLimitReached(Game& game) {
   }
 }
 
+// From the player's hand, the Dice Roll File or the generator. False when there is no roll to be
+// made.
+bool TakeDice(Game& game) {
+  if (game.DiceAlreadySet) {
+    game.DiceAlreadySet = false;
+    return true;
+  }
+  if (game.DiceRollFileMode == kPlayback) return PlayBackDice(game);
+  DrawDice(game);
+  return true;
+}
+
 void PlayRoll(Game& game) {
   if (RollCounts(game, 0) >= kRollLimit) {
     RollLimitReached(game);
@@ -170,13 +183,10 @@ void PlayRoll(Game& game) {
   }
   game.DiceReturned = false;
   BeginRoll(game);
-  if (game.DiceAlreadySet) {
-    game.DiceAlreadySet = false;
-  } else {
-    DrawDice(game);
-  }
+  if (!TakeDice(game)) return;
   const bool shown = !game.HyperDriveActive;
   if (shown) ShowDice(game);
+  if (game.DiceRollFileMode == kRecording) RecordDice(game);
   game.DiceTotal = game.Die1 + game.Die2;
   if (shown) CallDice(game);
 
@@ -275,13 +285,17 @@ void RollCycle(Game& game) {
   game.GameChanged = true;
   game.HyperDriveStopText.clear();
   game.RollInProgress = true;
+  if (game.DiceRollFileMode != kRecorderOff) ReadyRecorder(game);
   try {
     RollChain(game);
   } catch (const std::exception& error) {
     TrapError(game, error.what());
   }
   FlushGamesLog(game);
-  if (!game.surface->TableMinimised()) game.HyperDriveStopText.clear();
+  if (!game.surface->TableMinimised()) {
+    if (game.HyperDriveStopText == kEndOfDiceRolls) DiceRollStopped(game);
+    game.HyperDriveStopText.clear();
+  }
   if (game.Point == 0) ComeOutCall(game);
   game.RollInProgress = false;
 }
