@@ -291,9 +291,9 @@ TEST_F(GamesAnalysisTest, HistogramAndPointers) {
   EXPECT_EQ(GamesInRange(a).percent, "80.0%");
   EXPECT_EQ(a.in_range, AnalyzeGames(*game_, kNetValue)->in_range);
 
-  MoveGamesPointer(*game_, a, 1, 1000);  // held at the end of the scale
+  MoveGamesPointer(*game_, a, 1, 1000);                      // held at the end of the scale
   EXPECT_THAT(game_->GamesPointers, ElementsAre(131, 524));  // the analysis put it at its value
-  StepGamesPointer(*game_, a, -1, false);  // the next bar, in which no game is
+  StepGamesPointer(*game_, a, -1, false);                    // the next bar, in which no game is
   EXPECT_EQ(game_->GamesPointers[1], 519);
   EXPECT_EQ(game_->GamesValueBox[1], "519");
   MoveGamesPointer(*game_, a, 0, 0);
