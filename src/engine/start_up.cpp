@@ -52,7 +52,8 @@ void SeedGenerators(Game& game, std::optional<std::int32_t> seed) {
 void StartUp(Game& game, const StartOptions& options) {
   game.AppPath = options.data_dir;
   game.FileDialogPath = options.data_dir;
-  if (!options.data_dir.empty()) game.GamesLogFile = options.data_dir + std::string(kDefaultGamesLog);
+  if (!options.data_dir.empty())
+    game.GamesLogFile = options.data_dir + std::string(kDefaultGamesLog);
   SeedGenerators(game, options.seed);
 
   // All other defaults are those of a fresh Game.
