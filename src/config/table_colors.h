@@ -1,0 +1,27 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include "game/game.h"
+
+namespace feltmaster {
+
+// A whole dress of the table, 0xBBGGRR each: felt, lines, four kinds of text, dice, pips.
+struct TablePreset {
+  std::string_view caption;  // of the menu, with its access key
+  std::array<std::int32_t, 8> colors;
+  std::int32_t texture;
+};
+extern const std::array<TablePreset, 6> kTablePresets;
+
+void SetTableColor(Game& game, int element, std::int32_t color);
+void SetTablePreset(Game& game, const TablePreset& preset);
+
+// The felt sample, 0 to 8, under a point of the picture on the Colors tab.
+std::optional<std::int32_t> FeltSampleAt(int x, int y);
+void SetFelt(Game& game, std::int32_t texture);
+
+}  // namespace feltmaster
