@@ -130,6 +130,13 @@ struct TableState {
   bool EntryBoxOpen = false;  // the box for keyed-in amounts
   std::int32_t EntryBoxBet = 0;
   std::string EntryBoxText;
+
+  std::int32_t HitBet = 0;  // what is under the pointer; table/layout.h knows the values
+  // Where the walk of the arrow keys comes back to.
+  std::int32_t LastStackBet = kFirstStack + 1;
+  std::int32_t LastPanelBet = kHard8;
+  std::int32_t LastGridColumn = 1;  // the number slot + 1
+  std::int32_t LastGridRow = kLay;  // the first bet of a row of the grid, or 51, 52, 53 or 55
 };
 
 // One decision of a bet of the player's own, in the order in which the roll decided them.

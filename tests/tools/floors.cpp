@@ -21,7 +21,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-enum Floor { kBase, kData, kLogic, kFrontEnd };
+enum Floor { kBase, kData, kLogic, kInput, kFrontEnd };
 
 struct Folder {
   std::string_view Name;
@@ -41,6 +41,7 @@ constexpr auto kFolders = std::to_array<Folder>({
     {"automation", kLogic, true},
     {"files", kLogic, true},
     {"view", kLogic, true},
+    {"table", kInput, false},
     {"console", kFrontEnd, true},
     {"desktop", kFrontEnd, true},
 });
@@ -196,7 +197,7 @@ class Checker {
       if (IsStandard(target)) return "";
       if (from.Stands == kBase && std::ranges::binary_search(kPosixHeaders, target)) return "";
       const std::string shown = "<" + target + ">";
-      if (from.Stands <= kLogic) return shown + " is not of the standard library";
+      if (from.Stands < kFrontEnd) return shown + " is not of the standard library";
       if (IsOfTests(target)) return shown + " belongs to the tests";
       if (IsQt(target) && !in_windows) return shown + " belongs to " + std::string(kWindows);
       if (tree_.contains(target)) return shown + " is our own: write it in quotes";
