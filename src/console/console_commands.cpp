@@ -4,6 +4,7 @@
 #include <exception>
 #include <filesystem>
 #include <limits>
+#include <memory>
 #include <ostream>
 #include <ranges>
 #include <span>
@@ -840,6 +841,46 @@ Reply ShowTotals(Console& console, Arguments& args) {
   return RowsReply(rows, TextTable(lines, true) + "Total rolls  " + totals.total_rolls + '\n');
 }
 
+// The page of the graph in characters: a column stands for seven rolls and shows the last of them.
+std::string TextGraph(Game& game) {
+  constexpr int kRollsAColumn = 7;
+  constexpr int kColumns = kGraphRolls / kRollsAColumn;
+  constexpr int kPointsALine = 25;
+  constexpr int kLines = kGraphHeight / kPointsALine + 1;
+  constexpr std::size_t kLabelWidth = 12;
+  DrawGraph(game, false);
+  const BankrollGraph graph = PaintBankrollGraph(game);
+  std::array<std::string, kLines> lines;
+  lines.fill(std::string(kColumns, ' '));
+  for (std::size_t i = 0; i < graph.columns.size(); ++i) {
+    const int y = std::clamp(graph.columns[i].line.y2, 0, kGraphHeight);
+    const std::size_t column = i / kRollsAColumn;
+    for (std::string& line : lines) line[column] = ' ';
+    lines[static_cast<std::size_t>((y + kPointsALine / 2) / kPointsALine)][column] = '*';
+  }
+  std::string text;
+  for (std::size_t line = 0; line < lines.size(); ++line) {
+    const std::string label = line % 2 == 0 ? graph.scale_labels[line / 2] : std::string();
+    text += std::string(kLabelWidth - std::min(kLabelWidth, label.size()), ' ') + label + " |" +
+            std::string(TrimRight(lines[line])) + '\n';
+  }
+  const std::string rolls = "rolls " + graph.rolls_left + " to " + graph.rolls_right;
+  return text + std::string(kLabelWidth + 2, ' ') + rolls + '\n';
+}
+
+Reply ShowBankroll(Console& console, Arguments& args) {
+  args.End();
+  if (args.Failed()) return Refused(args);
+  const Rows rows = RowsOf(BankrollHeader(console.Table));
+  std::string words = TextTable(rows);
+  if (console.Surface.Paper != nullptr && console.Table.BankrollHistoryCount > 0) {
+    // Looking at the graph moves its scale; the table's own stays as it is.
+    const auto copy = std::make_unique<Game>(console.Table);
+    words += '\n' + TextGraph(*copy);
+  }
+  return RowsReply(rows, words);
+}
+
 // Without N the entry that the screen has selected.
 Reply ShowFrequencies(Console& console, Arguments& args) {
   Game& game = console.Table;
@@ -939,7 +980,7 @@ constexpr Command kScreens[] = {
     {"frequencies", "[N] [skewed]", "one roll event in depth", ShowFrequencies},
     {"results", "[phantom|actual] [all|BET ...]", "what the bets have won and lost", ShowResults},
     {"trends", "", "runs of wins and losses", ShowTable<TrendRows>},
-    {"bankroll", "", "the figures of the bankroll", ShowFigures<BankrollHeader>},
+    {"bankroll", "", "the figures of the bankroll", ShowBankroll},
     {"games", "", "the Games Log", ShowGames},
     {"stacks", "", "the Chip-Stacks", ShowRows<ChipStackRows>},
     {"flags", "", "the flags of the script", ShowRows<FlagRows>},
