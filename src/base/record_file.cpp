@@ -109,6 +109,7 @@ std::optional<FileError> RecordReader::Open(const std::string& path) {
   struct stat status {};
   if (::stat(path.c_str(), &status) != 0) return SystemError(errno);
   if (S_ISDIR(status.st_mode)) return SystemError(EISDIR);
+  file_ = std::ifstream();
   errno = 0;
   file_.open(path, std::ios::binary);
   if (!file_.is_open()) return SystemError(errno != 0 ? errno : EIO);
