@@ -117,6 +117,7 @@ std::string NameOfGameValue(int value) {
 std::optional<LogFault> GamesLogReader::Open(const std::string& path) {
   count_ = 0;
   next_ = 1;
+  exists_ = false;
   std::error_code fault;
   const fs::file_status status = fs::status(path, fault);
   if (status.type() == fs::file_type::not_found) return std::nullopt;

@@ -396,11 +396,13 @@ Rows SettingRows(Game& game) {
 }
 
 Rows ChangedSettingRows(Game& game, Game& other) {
-  std::map<std::string, std::string> there;
-  for (const Row& row : SettingRows(other)) there[row[kSettingName]] = row[kSettingValue];
+  // Several controls may show parts of one setting, and a payoff is listed only where it differs.
+  const auto key = [](const Row& row) { return std::pair(row[kSettingCaption], row[kSettingName]); };
+  std::map<std::pair<std::string, std::string>, std::string> there;
+  for (const Row& row : SettingRows(other)) there[key(row)] = row[kSettingValue];
   Rows changed;
   for (const Row& row : SettingRows(game)) {
-    const auto same = there.find(row[kSettingName]);
+    const auto same = there.find(key(row));
     const std::string usual = same == there.end() ? "Feltmaster's own" : same->second;
     if (row[kSettingName].empty() || row[kSettingValue] == usual) continue;
     changed.push_back({row[kSettingCaption], row[kSettingValue], usual, row[kSettingName]});
