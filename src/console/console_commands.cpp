@@ -36,6 +36,7 @@
 #include "engine/place_bet.h"
 #include "engine/roll_cycle.h"
 #include "files/file_commands.h"
+#include "files/roll_recorder.h"
 #include "stats/bankroll_history.h"
 #include "stats/roll_statistics.h"
 #include "view/bankroll_graph.h"
@@ -154,6 +155,7 @@ Reply RollMany(Console& console, Arguments& args) {
   args.End();
   if (args.Failed()) return Refused(args);
 
+  const std::int32_t recorder = game.DiceRollFileMode;
   std::int64_t made = 0;
   MoneyAmount before = game.BetAmount[kBankroll];
   std::string last = RollObject(game, false, before).Add("rolls", made).Text();
@@ -161,7 +163,7 @@ Reply RollMany(Console& console, Arguments& args) {
     before = game.BetAmount[kBankroll];
     if (!RollOnce(game)) break;
     ++made;
-    if (PlayHasStopped(game)) break;
+    if (PlayHasStopped(game) || game.DiceRollFileMode != recorder) break;
   }
   if (made > 0) last = RollObject(game, true, before).Add("rolls", made).Text();
   return Done(last, std::to_string(made) + (made == 1 ? " roll.\n" : " rolls.\n"));
@@ -1157,6 +1159,40 @@ Reply Prb(Console& console, Arguments& args) {
   return GoOn(console, args, kPrbCommands, "The word after prb");
 }
 
+std::string RecorderInWords(Game& game) {
+  return game.DiceRollFileName + ": next roll is #" + std::to_string(game.DiceRollNext) + " of " +
+         std::to_string(DiceRollTotal(game)) + ".\n";
+}
+
+Reply UseRolls(Console& console, Arguments& args, DiceRollMode mode) {
+  Game& game = console.Table;
+  const std::string file = args.Rest("FILE");
+  if (args.Failed()) return Refused(args);
+  std::error_code none;
+  if (mode == kPlayback && !std::filesystem::exists(file, none)) {
+    return Refused("FILE " + Quoted(file) + " does not exist");
+  }
+  game.FileStatus = 1;
+  if (!OpenDiceRollFile(game, file)) {
+    if (game.FileStatus >= 0) return Done();
+    return Refused("FILE " + Quoted(file) + " cannot be opened: " + OneLine(game.LastErrorText));
+  }
+  return Done({}, SetDiceRollMode(game, mode) ? RecorderInWords(game) : std::string());
+}
+Reply RecordRolls(Console& console, Arguments& args) {
+  return UseRolls(console, args, kRecording);
+}
+Reply PlayBackRolls(Console& console, Arguments& args) {
+  return UseRolls(console, args, kPlayback);
+}
+Reply Recorder(Console& console, Arguments& args) {
+  if (!args.Take("off")) return Refused("recorder goes on with off.");
+  args.End();
+  if (args.Failed()) return Refused(args);
+  SetDiceRollMode(console.Table, kRecorderOff);
+  return Done();
+}
+
 Reply Later(Console&, Arguments&) {
   return NotYet("This command");
 }
@@ -1217,9 +1253,9 @@ constexpr Command kCommands[] = {
     {"hotkeys", "WORD ...", "the list of Hot-Keys: add, delete, list", EditHotKeys},
     {"open", "FILE", "opens a game file", Open},
     {"save", "FILE", "saves the game", Save},
-    {"record", "FILE", "records the rolls in a Dice Roll File", Later},
-    {"playback", "FILE", "plays the rolls of a Dice Roll File", Later},
-    {"recorder", "off", "stops recording or playback", Later},
+    {"record", "FILE", "records the rolls in a Dice Roll File", RecordRolls},
+    {"playback", "FILE", "plays the rolls of a Dice Roll File", PlayBackRolls},
+    {"recorder", "off", "stops recording or playback", Recorder},
     {"prb", "open FILE|save FILE|on|off", "the probabilities of the dice", Prb},
     {"log", "FILE|add", "the Games Log", Later},
     {"report", "NAME FILE.pdf", "prints a report into a file", Later},

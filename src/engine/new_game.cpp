@@ -6,6 +6,7 @@
 #include "base/number_format.h"
 #include "dice/rng.h"
 #include "engine/table_effects.h"
+#include "files/roll_recorder.h"
 #include "stats/bankroll_history.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
@@ -90,7 +91,7 @@ void ResetGame(Game& game, ResetMode mode) {
   game.TotalOnTable = {};
   game.GameFileName.clear();
   game.GameChanged = false;
-  game.DiceRollFileMode = kRecorderOff;
+  if (game.DiceRollFileMode != kRecorderOff) DiceRollStopped(game);
 
   game.RedrawTable = true;
   ShowTableChange(game, kChangedAll);

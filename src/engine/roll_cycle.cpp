@@ -17,6 +17,7 @@
 #include "engine/place_bet.h"
 #include "engine/resolve.h"
 #include "engine/table_effects.h"
+#include "files/roll_recorder.h"
 #include "stats/bankroll_history.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
@@ -162,6 +163,18 @@ void RollLimitReached(Game& game) {
   }
 }
 
+// From the player's hand, the Dice Roll File or the generator. False when there is no roll to be
+// made.
+bool TakeDice(Game& game) {
+  if (game.DiceAlreadySet) {
+    game.DiceAlreadySet = false;
+    return true;
+  }
+  if (game.DiceRollFileMode == kPlayback) return PlayBackDice(game);
+  DrawDice(game);
+  return true;
+}
+
 void PlayRoll(Game& game) {
   if (RollCounts(game, 0) >= kRollLimit) {
     RollLimitReached(game);
@@ -169,13 +182,10 @@ void PlayRoll(Game& game) {
   }
   game.DiceReturned = false;
   BeginRoll(game);
-  if (game.DiceAlreadySet) {
-    game.DiceAlreadySet = false;
-  } else {
-    DrawDice(game);
-  }
+  if (!TakeDice(game)) return;
   const bool shown = !game.HyperDriveActive;
   if (shown) ShowDice(game);
+  if (game.DiceRollFileMode == kRecording) RecordDice(game);
   game.DiceTotal = game.Die1 + game.Die2;
   if (shown) CallDice(game);
 
@@ -274,12 +284,16 @@ void RollCycle(Game& game) {
   game.GameChanged = true;
   game.HyperDriveStopText.clear();
   game.RollInProgress = true;
+  if (game.DiceRollFileMode != kRecorderOff) ReadyRecorder(game);
   try {
     RollChain(game);
   } catch (const std::exception& error) {
     TrapError(game, error.what());
   }
-  if (!game.surface->TableMinimised()) game.HyperDriveStopText.clear();
+  if (!game.surface->TableMinimised()) {
+    if (game.HyperDriveStopText == kEndOfDiceRolls) DiceRollStopped(game);
+    game.HyperDriveStopText.clear();
+  }
   if (game.Point == 0) ComeOutCall(game);
   game.RollInProgress = false;
 }

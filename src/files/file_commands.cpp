@@ -15,6 +15,8 @@
 #include "files/file_dialog.h"
 #include "files/game_file.h"
 #include "files/probability_commands.h"
+#include "files/roll_editor.h"
+#include "files/roll_recorder.h"
 #include "surface/surface.h"
 
 namespace feltmaster {
@@ -90,7 +92,7 @@ void KeepOrCloseDiceRolls(Game& game) {
     game.DiceRollLast = 0;
     game.DiceRollSelectEnd = 1;
   } else {
-    game.DiceRollFileName.clear();
+    ForgetDiceRollFile(game);
   }
 }
 
@@ -195,7 +197,8 @@ void EndProgram(Game& game) {
   if (game.AppPath.empty()) return;
   SaveGame(game, game.AppPath + std::string(kDefaultGame));
   EndScriptOutput(game);
-  for (const std::string_view scratch : {std::string_view("copyfile.rll"), kActiveScript}) {
+  FlushDiceRolls(game);
+  for (const std::string_view scratch : {kRollClipboard, kActiveScript}) {
     std::error_code ignored;
     std::filesystem::remove(game.AppPath + std::string(scratch), ignored);
   }

@@ -528,6 +528,7 @@ const StateName
             NAME(DiceRollNext),
             NAME(DiceRollLast),
             NAME(DiceRollSelectEnd),
+            NAME(DiceRollTopLine),
             Setting(BOUNDED(InsertRolls, kInsert, kTypeOver)),
             Setting(BOUNDED(PrintDieNumbers, 0, 1)),
             Setting(BOUNDED(PrintRollNumbers, 0, 1)),
