@@ -66,7 +66,7 @@ class WriteFaults : public testing::Test {
     change();
     ASSERT_TRUE(save(path + ".expected"));
     const std::string new_bytes = Bytes(path + ".expected");
-    ASSERT_NE(old_bytes, new_bytes);
+    ASSERT_TRUE(old_bytes != new_bytes);
     const int files = FilesIn(folder_);
     bool saved = false;
     const int calls = FailEachCall(
@@ -79,7 +79,7 @@ class WriteFaults : public testing::Test {
         },
         [&] { saved = save(path); },
         [&](const FailedCall& failed) {
-          ASSERT_EQ(Bytes(path), saved ? new_bytes : old_bytes);
+          ASSERT_TRUE(Bytes(path) == (saved ? new_bytes : old_bytes));
           if (!saved) {
             EXPECT_THAT(game_->LastErrorText, HasSubstr("No space left on device"));
           }
@@ -133,7 +133,7 @@ TEST_F(WriteFaults, TheDefaultGameAndItsCompanions) {
         const std::string game = Bytes(data + "default.crp");
         ASSERT_EQ(game.size(), old_game.size());
         if (!saved) {
-          ASSERT_EQ(game, old_game);
+          ASSERT_TRUE(game == old_game);
         }
         ASSERT_EQ(Bytes(data + "default.bet").size(), game_->ScriptUnsaved ? 512u : 768u);
         ASSERT_EQ(Bytes(data + "default.prb") == old_dice, game_->ProbabilityChanged);
