@@ -84,6 +84,8 @@ void ForgetTheMoment(Game& game) {
   game.HyperDriveStopText.clear();
   for (ScriptFlag& flag : game.ScriptFlags) flag.FlagChanged = false;
   game.AnyFlagChanged = false;
+  game.PayTable[0] = {};    // the row of the bet decided last
+  game.StackPileName = {};  // opening writes the number without a blank before it
 }
 
 // The first variable in which two games differ, or nothing.
