@@ -84,7 +84,11 @@ void ForgetTheMoment(Game& game) {
   game.HyperDriveStopText.clear();
   for (ScriptFlag& flag : game.ScriptFlags) flag.FlagChanged = false;
   game.AnyFlagChanged = false;
-  game.PayTable[0] = {};    // the row of the bet decided last
+  game.PayTable[0] = {};               // the row of the bet decided last
+  for (std::size_t option : {6, 7}) {  // the rows of the dialog of decided bets
+    game.HandleAmount[option] = {};
+    game.HandleUnits[option] = {};
+  }
   game.StackPileName = {};  // opening writes the number without a blank before it
 }
 
