@@ -214,7 +214,7 @@ Pixel CallMarkPlace(int bet) {
 Pixel NumberPlace(int bet) {
   int lower = -6;
   if (IsComePoint(bet)) lower -= 3;
-  if (IsComeOdds(bet)) lower += 7;
+  if (IsComeOdds(bet)) lower -= 7;  // above those of its Come bet
   if (IsHopBet(bet)) lower += 8;
   return Offset(PlaceOfBet(bet), -10, lower);
 }

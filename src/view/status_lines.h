@@ -19,6 +19,8 @@ enum class StatusColor : std::uint8_t { kBlack, kBlue, kRed };  // the bright on
 struct StatusText {
   std::string text;
   StatusColor color = StatusColor::kBlack;
+
+  bool operator==(const StatusText&) const = default;
 };
 using StatusLine = std::vector<StatusText>;
 struct StatusDisplay {
