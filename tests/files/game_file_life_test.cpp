@@ -81,6 +81,7 @@ class GameFileLife : public testing::Test {
 void ForgetTheMoment(Game& game) {
   static_cast<RngState&>(game) = RngState();
   game.Decisions.count = 0;
+  game.PayTable[0] = PayRow();
   game.HyperDriveStopText.clear();
   for (ScriptFlag& flag : game.ScriptFlags) flag.FlagChanged = false;
   game.AnyFlagChanged = false;
