@@ -1269,7 +1269,8 @@ Reply HotKeysAdd(Console& console, Arguments& args) {
   const std::string description = args.AtEnd() ? std::string() : args.Rest("DESCRIPTION");
   if (args.Failed()) return Refused(args);
   // The list outlives the folder one is in.
-  if (AddHotKey(game, key, std::filesystem::absolute(file).string(), description)) {
+  const std::string kept = file.empty() ? file : std::filesystem::absolute(file).string();
+  if (AddHotKey(game, key, kept, description)) {
     PlaceHotKey(game, static_cast<std::int32_t>(game.HotKeys.size()) + 1);
   }
   return HotKeysReply(console);

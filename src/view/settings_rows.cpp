@@ -327,7 +327,11 @@ std::string ValueText(const StateValue& value) {
     std::string operator()(bool on) const { return Box(on); }
     std::string operator()(std::int64_t number) const { return std::to_string(number); }
     std::string operator()(MoneyAmount amount) const { return PlainNumber(amount); }
-    std::string operator()(double number) const { return FormatNumber(number, "0.######"); }
+    std::string operator()(double number) const {
+      std::string text = FormatNumber(number, "0.######");
+      if (text.ends_with('.')) text.pop_back();
+      return text;
+    }
     std::string operator()(const std::string& text) const { return text; }
     std::string operator()(const ScriptFlag& flag) const { return flag.FlagName; }
   };
@@ -397,7 +401,9 @@ Rows SettingRows(Game& game) {
 
 Rows ChangedSettingRows(Game& game, Game& other) {
   // Several controls may show parts of one setting, and a payoff is listed only where it differs.
-  const auto key = [](const Row& row) { return std::pair(row[kSettingCaption], row[kSettingName]); };
+  const auto key = [](const Row& row) {
+    return std::pair(row[kSettingCaption], row[kSettingName]);
+  };
   std::map<std::pair<std::string, std::string>, std::string> there;
   for (const Row& row : SettingRows(other)) there[key(row)] = row[kSettingValue];
   Rows changed;

@@ -254,6 +254,7 @@ TEST_F(FiguresTest, SettingsOfAllTabs) {
            {"Colors", "Felt", "4A781B", "TableColors(0)"},
            {"Misc.", "Random number generator", "RNG #1", "RngSelected"},
            {"Misc.", "Auto-Bet messages Hyper-Drive", "false", "NotifyFlags"},
+           {"Probability", "Rolls out of", "36", "RollsOutOf"},
            {"Bets", "Odds allowed: 6 and 8", "2.5", "OddsAllowed(4)"},
            {"Bets", "Lay vig", "5 %", "LayVigPct"},
            {"Bets", "Buy vig", "Charge all Buy bets", "BuyVigAllBets"},
