@@ -1,5 +1,6 @@
 #include "reports/graph_print.h"
 
+#include <exception>
 #include <memory>
 #include <string>
 #include <utility>
@@ -28,9 +29,15 @@ bool RolledSincePrinted(const Game& game) {
 void PrintGraph(Game& game) {
   if (!game.surface->HasPrinter()) return;
   ShowNotice(game, kTitle, "Preparing output for printer.");
-  auto page = std::make_shared<Document>(game.GraphPage ? *game.GraphPage : EmptyGraphPage(game));
-  AddGraph(game, *page);
-  game.GraphPage = std::move(page);
+  try {
+    auto page = std::make_shared<Document>(game.GraphPage ? *game.GraphPage : EmptyGraphPage(game));
+    AddGraph(game, *page);
+    game.GraphPage = std::move(page);
+  } catch (const std::exception& fault) {
+    game.LastErrorText = std::string(fault.what()) + " occurred, at: " + kErrorPlace;
+    game.surface->ShowNotice({}, {});
+    return;
+  }
   game.surface->ShowNotice({}, {});
   ++game.GraphsOnPage;
   game.LastPrintedRoll = RollCounts(game, 0);

@@ -1,6 +1,7 @@
 #include "reports/graph_report.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 #include <string_view>
 
@@ -27,6 +28,7 @@ constexpr double kTop = 10;
 constexpr double kWidth = 420;
 constexpr double kHeight = 138;
 constexpr double kBelow = 20;
+constexpr double kAbove = 8;
 constexpr double kLabelSize = 7;
 constexpr double kSmallLabel = 6;
 
@@ -85,12 +87,15 @@ void AddReferenceLabels(const Game& game, const BankrollGraph& graph, Picture& p
   const auto add = [&](double x, double y, const std::string& text, Align align) {
     picture.labels.push_back({x, y, {text, game.PrintColorOther, false}, kSmallLabel, align});
   };
+  double last = -kHeight;  // where the label before stands
   for (std::size_t line = 1; line <= graph.reference_labels.size(); ++line) {
     const ReferenceLabel& label = graph.reference_labels[line - 1];
     add(PlaceX(game.RefLineRoll[line]), kTop - 2, label.roll, Align::kCentre);
     if (label.amount.empty()) continue;
-    add(kLeft + kWidth + 4, PlaceY(game.RefLineLevel[line]) + kSmallLabel / 3, label.amount,
-        Align::kLeft);
+    double y = PlaceY(game.RefLineLevel[line]) + kSmallLabel / 3;
+    if (std::fabs(y - last) < kSmallLabel) y = last + (y < last ? -kSmallLabel : kSmallLabel);
+    add(kLeft + kWidth + 4, y, label.amount, Align::kLeft);
+    last = y;
   }
 }
 
@@ -182,6 +187,7 @@ void AddGraph(Game& game, Document& document) {
 
   const Figures header = BankrollHeader(game);
   Page& page = document.pages.back();
+  page.push_back(Gap{kAbove});
   page.push_back(FileLine(game));
   page.push_back(MoneyLine(game, header));
   page.push_back(RollsLine(header));

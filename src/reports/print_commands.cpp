@@ -3,11 +3,13 @@
 #include <algorithm>
 #include <array>
 #include <exception>
+#include <optional>
 #include <string>
 
 #include "autobet/message.h"
 #include "base/number_format.h"
 #include "base/text.h"
+#include "reports/games_reports.h"
 #include "reports/graph_print.h"
 #include "reports/rolls_report.h"
 #include "reports/rules_reports.h"
@@ -25,15 +27,22 @@ void TellFailure(Game& game, std::string error) {
   Tell(game, "Print", game.LastErrorText, kButtonOk | kPictureStop);
 }
 
-// The common form of the commands.
-bool PrintReport(Game& game, Confirm confirm, Document (*report)(Game&), std::string_view place) {
-  if (confirm == Confirm::kAsk && !ConfirmPrint(game)) return false;
+// Prints what `make` gives, if it gives anything; an error ends the report.
+template <typename Function>
+bool PrintMade(Game& game, std::string_view place, Function&& make) {
   try {
-    return SendToPrinter(game, report(game), place);
+    const std::optional<Document> document = make();
+    return document && SendToPrinter(game, *document, place);
   } catch (const std::exception& fault) {
     TellFailure(game, std::string(fault.what()) + " occurred, at: " + std::string(place));
     return false;
   }
+}
+
+// The common form of the commands.
+bool PrintReport(Game& game, Confirm confirm, Document (*report)(Game&), std::string_view place) {
+  if (confirm == Confirm::kAsk && !ConfirmPrint(game)) return false;
+  return PrintMade(game, place, [&]() -> std::optional<Document> { return report(game); });
 }
 
 bool PrintRollTotals(Game& game, Confirm confirm) {
@@ -95,11 +104,51 @@ bool PrintDiceRolls(Game& game, Confirm confirm) {
   if (!rolls || IsTooLong(game, rolls->Rolls.Count, kTitle)) return false;
   RollsReport report(game, *rolls);
   if (confirm == Confirm::kAsk && !ConfirmRollReport(game, *rolls, report.Pages())) return false;
-  game.LastErrorText.clear();
-  const Document document = report.Make();
-  if (game.LastErrorText.empty()) return SendToPrinter(game, document, kTitle);
-  TellFailure(game, game.LastErrorText);
-  return false;
+  return PrintMade(game, kTitle, [&]() -> std::optional<Document> {
+    game.LastErrorText.clear();
+    Document document = report.Make();
+    if (game.LastErrorText.empty()) return document;
+    TellFailure(game, game.LastErrorText);
+    return std::nullopt;
+  });
+}
+
+int ChosenGameValue(const Game& game) {
+  const std::int32_t value = game.GamesDisplayChoice;
+  return value < 0 || value >= kGameValues ? 0 : value;
+}
+
+bool PrintGamesLog(Game& game, Confirm confirm) {
+  if (confirm == Confirm::kAsk && !ConfirmPrint(game)) return false;
+  return PrintMade(game, "Print Histogram", [&]() -> std::optional<Document> {
+    const std::optional<GamesAnalysis> analysis = AnalyzeGames(game, ChosenGameValue(game));
+    if (!analysis) return std::nullopt;
+    return GamesReport(game, *analysis);
+  });
+}
+
+bool PrintGamesData(Game& game, Confirm confirm) {
+  constexpr const char* kTitle = "Games Log";
+  const int value = ChosenGameValue(game);
+  const std::optional<GamesAnalysis> analysis = AnalyzeGames(game, value);
+  if (!analysis) return false;
+  const std::int64_t games = analysis->included;
+  if (games == 0) {
+    Tell(game, kTitle, "There are no games selected for printing.");
+    return false;
+  }
+  if (IsTooLong(game, games, kTitle)) return false;
+  GamesDataReport report(game, value);
+  const std::int64_t pages = report.PagesFor(games);
+  if (confirm == Confirm::kAsk &&
+      !AskYesNo(game, "Print Games Log Raw Data",
+                "Number of games to be printed: " + std::to_string(games) +
+                    "\n\nThis should result in " + std::to_string(pages) +
+                    (pages == 1 ? " page." : " pages.") + "\n\nAre you ready to begin printing?",
+                kButtonYes | kButtonNo | kPictureQuestion)) {
+    return false;
+  }
+  return PrintMade(game, "Print RawData", [&] { return report.Make(); });
 }
 
 constexpr auto kPrintCommands = std::to_array<PrintCommand>({
@@ -110,6 +159,8 @@ constexpr auto kPrintCommands = std::to_array<PrintCommand>({
     {"trends", "runs of wins and losses", PrintBetTrends},
     {"stacks", "the Chip-Stacks", PrintChipStacks},
     {"bankroll", "the graph of the bankroll", PrintBankroll},
+    {"games", "the figures and the histogram of the Games Log", PrintGamesLog},
+    {"gamesdata", "the chosen value of every game of the Games Log", PrintGamesData},
     {"rolls", "the Dice Roll File", PrintDiceRolls},
     {"script", "the lines of the Auto-Bet script", PrintScript},
     {"flags", "the flags of the script", PrintFlags},

@@ -2,11 +2,13 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <memory>
 
 #include "engine/start_up.h"
+#include "files/games_log.h"
 #include "files/roll_recorder.h"
 #include "reports/page_layout.h"
 #include "reports/print_commands.h"
@@ -17,12 +19,17 @@ namespace feltmaster {
 namespace {
 
 namespace fs = std::filesystem;
+using namespace money_literals;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
 using ::testing::StartsWith;
 using Message = RecordingSurface::Message;
 
-// Reports on files.
+constexpr std::int32_t kYesOrNo = 1030;
+
+// Reports on files: the Games Log and the Dice Roll File.
 class FileReports : public testing::Test {
  protected:
   FileReports() {
@@ -39,6 +46,23 @@ class FileReports : public testing::Test {
     return FindPrintCommand(name)->print(*game_, confirm);
   }
 
+  // Logs games that ended with these bankrolls; the last of them lost.
+  void LogGames(const std::vector<MoneyAmount>& bankrolls) {
+    game_->GamesLogFile = Path("study.glg");
+    std::string games;
+    for (const MoneyAmount bankroll : bankrolls) {
+      Record record;
+      record.SetMoney(kBankrollValue * 8, bankroll);
+      record.SetMoney(kNetValue * 8, &bankroll == &bankrolls.back() ? -1_usd : 1_usd);
+      record.SetMoney(kHandleValue * 8, 10_usd);
+      games += record.Bytes();
+    }
+    GamesLogAppender log;
+    ASSERT_FALSE(log.Open(game_->GamesLogFile));
+    ASSERT_FALSE(log.Add(games));
+    ASSERT_FALSE(log.Finish(true));
+    game_->GamesDisplayChoice = kBankrollValue;
+  }
   void OpenRolls(std::size_t count) {
     std::ofstream(Path("luck.rol"), std::ios::binary) << std::string(count, '\x6C');  // 3-3
     ASSERT_TRUE(OpenDiceRollFile(*game_, Path("luck.rol")));
@@ -49,6 +73,75 @@ class FileReports : public testing::Test {
   PrinterSurface surface_;
   std::unique_ptr<Game> game_ = std::make_unique<Game>();
 };
+
+TEST_F(FileReports, GamesLogHistogram) {
+  LogGames({100_usd, 300_usd, 300_usd, -50_usd});
+  surface_.Answer(kAnswerYes);
+  ASSERT_TRUE(Print("games"));
+  EXPECT_THAT(surface_.messages, ElementsAre(Message{"Print", "Confirm ready to print?", 9222, 0}));
+  ASSERT_THAT(surface_.printed, SizeIs(1));
+  const std::string text = TextOf(surface_.printed[0]);
+  EXPECT_THAT(text, StartsWith("Feltmaster Games Log\n05-Nov-26, 08:04:09\n"
+                               "Filename:  study.glg\n"));
+  for (const char* label :
+       {"\nEnding bankroll\n", "Won ",     "Broke-even ", "Lost ",     "Sum ",   "Mean ",
+        "   Median *",         "Mode ",    "High ",       "Mid ",      "Low ",   "Range ",
+        "Variance ",           "Std Dev ", "Skew ",       "Kurtosis ", "Net $ ", "Handle $ ",
+        "Advantage ",          "162.5",    "4 games",     "100.0%"}) {
+    EXPECT_THAT(text, HasSubstr(label));
+  }
+  const PlacedPage page = LayOut(surface_.printed[0].pages[0]);
+  std::vector<double> heights;
+  for (const PrintedBox& box : page.boxes) {
+    if (box.ink == 9) heights.push_back(box.height);
+  }
+  std::ranges::sort(heights);
+  ASSERT_THAT(heights, SizeIs(3));
+  EXPECT_NEAR(heights[2], 2 * heights[0], 2);
+  EXPECT_EQ(std::ranges::count_if(page.texts, [](const auto& t) { return t.text == "Mean"; }), 2);
+
+  game_->GamesViewChoice = 0;  // nothing is included
+  ASSERT_TRUE(Print("games", Confirm::kAsked));
+  EXPECT_TRUE(LayOut(surface_.printed[0].pages[0]).boxes.empty());
+}
+
+TEST_F(FileReports, GamesLogData) {
+  LogGames({100_usd, 0_usd, 1234.5_usd, -50_usd});
+  game_->GamesViewChoice = 1;  // the games won
+  surface_.Answer(kAnswerNo);
+  EXPECT_FALSE(Print("gamesdata"));
+  EXPECT_THAT(surface_.messages,
+              ElementsAre(Message{"Print Games Log Raw Data",
+                                  "Number of games to be printed: 3\n\nThis should result in 1 "
+                                  "page.\n\nAre you ready to begin printing?",
+                                  kYesOrNo, 0}));
+  EXPECT_THAT(surface_.printed, IsEmpty());
+  ASSERT_TRUE(Print("gamesdata", Confirm::kAsked));
+  EXPECT_THAT(TextOf(surface_.printed[0]), HasSubstr("1,234.50"));
+  EXPECT_THAT(TextOf(surface_.printed[0]), HasSubstr("Game #"));
+  EXPECT_EQ(TextOf(surface_.printed[0]).find("-50"), std::string::npos);
+
+  game_->GamesViewChoice = 0;
+  EXPECT_FALSE(Print("gamesdata"));
+  EXPECT_THAT(surface_.messages,
+              ElementsAre(Message{"Games Log", "There are no games selected for printing.", 1, 0}));
+
+  // As many pages as were told, and every game once.
+  game_->GamesViewChoice = 7;
+  LogGames(std::vector<MoneyAmount>(997, 5_usd));
+  surface_.Answer(kAnswerYes);
+  ASSERT_TRUE(Print("gamesdata"));
+  const std::size_t pages = surface_.printed[0].pages.size();
+  EXPECT_GT(pages, 1u);
+  EXPECT_THAT(surface_.messages[0].text,
+              StartsWith("Number of games to be printed: 1001\n\nThis should result in " +
+                         std::to_string(pages) + " pages.\n"));
+  std::size_t games = 0;
+  for (const Page& page : surface_.printed[0].pages) {
+    for (const PlacedText& text : LayOut(page).texts) games += text.text == "5" ? 1 : 0;
+  }
+  EXPECT_EQ(games, 997u + 1);  // the number 5 is game 5's as well
+}
 
 TEST_F(FileReports, DiceRolls) {
   EXPECT_FALSE(Print("rolls"));
