@@ -41,6 +41,11 @@ if(FELTMASTER_SANITIZE)
                              -Wno-restrict>)
 endif()
 
+option(FELTMASTER_FUZZ "Build the fuzzers with the fuzzing engine of clang" OFF)
+if(FELTMASTER_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})

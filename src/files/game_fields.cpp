@@ -65,13 +65,25 @@ constexpr GameField Field(FieldKind kind, Place place, Extent extent, Read read,
   return field;
 }
 
-template <auto kMember, int kFirst = 0>
+// What no game reaches, and a damaged file may hold, is cut to where the sums that play and the
+// screens take cannot overflow: one amount beside its like on all bets, and an amount that stands
+// on the table or in the history of the bankroll.
+constexpr std::int64_t kMostMoney = 10'000'000'000'000 * MoneyAmount::kScale;
+constexpr std::int64_t kMostOnTable = 10'000'000'000 * MoneyAmount::kScale;
+static_assert(kMostMoney <= std::numeric_limits<std::int64_t>::max() / kBetCount);
+static_assert(kMostOnTable <= std::numeric_limits<std::int64_t>::max() / (2 * kHistorySize));
+
+constexpr MoneyAmount AtMost(std::int64_t most, std::int64_t raw) {
+  return MoneyAmount::FromRaw(std::clamp(raw, -most, most));
+}
+
+template <auto kMember, int kFirst = 0, std::int64_t kMost = kMostMoney>
 constexpr GameField Amount(Place place, Extent extent = {}) {
   return Field(
       FieldKind::kAmount, place, extent,
       [](Game& game, int element) { return Cell<kMember, kFirst>(game, element).Raw(); },
       [](Game& game, int element, std::int64_t raw) {
-        Cell<kMember, kFirst>(game, element) = MoneyAmount::FromRaw(raw);
+        Cell<kMember, kFirst>(game, element) = AtMost(kMost, raw);
       });
 }
 
@@ -112,16 +124,16 @@ constexpr GameField Switch(Place place, Extent extent = {}) {
         const std::int64_t valid = InRange(value, 0, kCountHigh, 0);                   \
         Set##variable(game, category, static_cast<std::int32_t>(valid));               \
       })
-#define RESULTS(variable, record, kind)                                                  \
-  Field(                                                                                 \
-      FieldKind::kAmount, {#variable, record, 0}, {1600, 32, 50},                        \
-      [](Game& game, int element) {                                                      \
-        const ResultPlace at = PlaceOfResult(element);                                   \
-        return ResultCell(game, kind, at.series, at.bet, at.row).Raw();                  \
-      },                                                                                 \
-      [](Game& game, int element, std::int64_t raw) {                                    \
-        const ResultPlace at = PlaceOfResult(element);                                   \
-        SetResultCell(game, kind, at.series, at.bet, at.row, MoneyAmount::FromRaw(raw)); \
+#define RESULTS(variable, record, kind)                                                \
+  Field(                                                                               \
+      FieldKind::kAmount, {#variable, record, 0}, {1600, 32, 50},                      \
+      [](Game& game, int element) {                                                    \
+        const ResultPlace at = PlaceOfResult(element);                                 \
+        return ResultCell(game, kind, at.series, at.bet, at.row).Raw();                \
+      },                                                                               \
+      [](Game& game, int element, std::int64_t raw) {                                  \
+        const ResultPlace at = PlaceOfResult(element);                                 \
+        SetResultCell(game, kind, at.series, at.bet, at.row, AtMost(kMostMoney, raw)); \
       })
 
 // Values that a mere range does not describe.
@@ -211,14 +223,14 @@ constexpr GameField RollCopy(Place place) {
   GameField field = Amount<kMember>(place, {kAmountSlots, 25, 8});
   field.write = [](Game& game, int slot, std::int64_t raw) {
     if (slot >= kFirstUntaken && slot < kFirstStack) return;
-    (game.*kMember)[static_cast<std::size_t>(slot)] = MoneyAmount::FromRaw(raw);
+    (game.*kMember)[static_cast<std::size_t>(slot)] = AtMost(kMostOnTable, raw);
   };
   return field;
 }
 
 void WriteBetAmount(Game& game, int slot, std::int64_t raw) {
   const bool is_chip = slot >= kFirstChip && slot <= kLastChip;
-  game.BetAmount.Set(slot, MoneyAmount::FromRaw(is_chip ? std::max<std::int64_t>(raw, 0) : raw));
+  game.BetAmount.Set(slot, AtMost(kMostOnTable, is_chip ? std::max<std::int64_t>(raw, 0) : raw));
 }
 
 // Three columns, one after the other, of rows from 1: numerator, "to" ratio or not, denominator.
@@ -538,7 +550,7 @@ constexpr auto kFields = std::to_array<GameField>({
         FieldKind::kAmount, {"EstablishedAmount", 40, 0}, {kPassLine - kComePoint + 1, 20, 2},
         [](Game& game, int element) { return Established(game, kComePoint + element).Raw(); },
         [](Game& game, int element, std::int64_t raw) {
-          SetEstablished(game, kComePoint + element, MoneyAmount::FromRaw(raw));
+          SetEstablished(game, kComePoint + element, AtMost(kMostOnTable, raw));
         }),
     AMOUNTS(LayVigPaid, 42, 1, kSlotCount),
     AMOUNTS(BuyVigPaid, 42, 13, kSlotCount),
@@ -558,7 +570,8 @@ constexpr auto kFields = std::to_array<GameField>({
     RESULTS(BetWagers, 57, ResultKind::kWagers),
     RESULTS(BetWins, 107, ResultKind::kWins),
     RESULTS(BetLosses, 157, ResultKind::kLosses),
-    AMOUNTS(BankrollHistory, 207, 0, kHistorySize, 32, 33),
+    Amount<&Game::BankrollHistory, 0, kMostOnTable>({"BankrollHistory", 207, 0},
+                                                    {kHistorySize, 32, 33}),
     Streaks<&BetStreaks::Before, &BetStreaks::SetBefore>({"BetStreakBefore", 240, 1}),
     Streaks<&BetStreaks::Now, &BetStreaks::SetNow>({"BetStreak", 241, 1}),
     EVENTS(RollCounts, 242),
