@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstdio>
 
+#include "autobet/flags.h"
 #include "autobet/message.h"
 #include "autobet/output_file.h"
 #include "autobet/values.h"

@@ -93,13 +93,4 @@ bool AskYesNo(Game& game, std::string title, std::string text, std::int32_t opti
   return game.MsgAnswer == kAnswerYes;
 }
 
-void SetFlag(Game& game, std::size_t index, bool value) {
-  ScriptFlag& flag = game.ScriptFlags[index];
-  if (flag.FlagValue != value) {
-    flag.FlagChanged = true;
-    game.AnyFlagChanged = true;
-  }
-  flag.FlagValue = value;
-}
-
 }  // namespace feltmaster

@@ -23,7 +23,4 @@ bool AskYesNo(Game& game, std::string title, std::string text,
 // The run in progress does not wait at its end: a dialog or a sound has taken the time.
 void EndPacing(Game& game);
 
-// FlagChanged becomes True when the value differs. index counts from 0.
-void SetFlag(Game& game, std::size_t index, bool value);
-
 }  // namespace feltmaster

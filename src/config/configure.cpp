@@ -18,6 +18,7 @@
 #include "engine/bet_limits.h"
 #include "engine/chip_list.h"
 #include "engine/place_bet.h"
+#include "engine/sounds.h"
 #include "engine/table_effects.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
@@ -221,9 +222,8 @@ bool IsInPayoffGrid(int bet) {
   return false;
 }
 
-// Bets on the list of what works on the come-out: the contract bets are not.
 bool IsOnWorkList(int bet) {
-  return !IsComePoint(bet) && bet != kPassLine && bet != kPassOdds && bet != kComeBox;
+  return WorkList().Has(bet);
 }
 
 PayRow& BetRow(Game& game, const Entry& entry) {
@@ -361,8 +361,11 @@ constexpr auto kSettings = std::to_array<Setting>({
      }, {1, 3}},
     {"AllSoundOff", Box(), &Game::AllSoundOff},
     {"AutoBetSoundOff", Box(), &Game::AutoBetSoundOff},
-    {"StickPersonChoice", List(0), &Game::StickPersonChoice, {}, false,
-     &Preferences::StickPersonList},
+    {"StickPersonChoice", List(0),
+     [](Game& game, const Entry& entry) {
+       game.StickPersonChoice = static_cast<std::int32_t>(entry.whole);
+       BuildStickCalls(game);
+     }, {}, false, &Preferences::StickPersonList},
     {"DiceSoundChoice", List(0), &Game::DiceSoundChoice, {}, false, &Preferences::DiceSoundList},
     {"ChipSoundChoice", List(0), &Game::ChipSoundChoice, {}, false, &Preferences::ChipSoundList},
     {"WinSoundChoice", List(0), &Game::WinSoundChoice, {}, false, &Preferences::WinSoundList},
@@ -409,7 +412,11 @@ constexpr auto kSettings = std::to_array<Setting>({
      [](Game& game, const Entry& entry) { ElementOf(game.AutoStopOn, entry) = entry.on; },
      {0, kAutoStops - 1}},
     {"WorkOnComeOut", Box(),
-     [](Game& game, const Entry& entry) { SetWorkOnComeOut(game, entry.index, entry.on); },
+     [](Game& game, const Entry& entry) {
+       BetSet bet;
+       bet.Add(entry.index);
+       MarkWorkOnComeOut(game, bet, entry.on ? BetMark::kYes : BetMark::kNo);
+     },
      {1, kBetCount, 0, IsOnWorkList}},
 });
 // clang-format on

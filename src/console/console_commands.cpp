@@ -9,6 +9,7 @@
 #include <span>
 
 #include "autobet/check_bets.h"
+#include "autobet/flags.h"
 #include "autobet/hot_keys.h"
 #include "autobet/message.h"
 #include "autobet/run_script.h"
@@ -18,7 +19,6 @@
 #include "autobet/values.h"
 #include "automation/auto_play.h"
 #include "automation/hyper_drive.h"
-#include "automation/table_guards.h"
 #include "base/number_format.h"
 #include "base/text.h"
 #include "config/advantage.h"
@@ -32,18 +32,22 @@
 #include "dice/rng.h"
 #include "engine/amounts.h"
 #include "engine/bet_limits.h"
+#include "engine/chip_stacks.h"
 #include "engine/entry_box.h"
 #include "engine/new_game.h"
 #include "engine/place_bet.h"
 #include "engine/roll_cycle.h"
 #include "files/file_commands.h"
+#include "files/roll_recorder.h"
 #include "stats/bankroll_history.h"
 #include "stats/roll_statistics.h"
+#include "table/table_input.h"
 #include "view/bankroll_graph.h"
 #include "view/bet_results_table.h"
 #include "view/roll_frequencies.h"
 #include "view/roll_totals.h"
 #include "view/rules_rows.h"
+#include "view/settings_rows.h"
 #include "view/state_record.h"
 #include "view/status_lines.h"
 #include "view/summary.h"
@@ -155,6 +159,7 @@ Reply RollMany(Console& console, Arguments& args) {
   args.End();
   if (args.Failed()) return Refused(args);
 
+  const std::int32_t recorder = game.DiceRollFileMode;
   std::int64_t made = 0;
   MoneyAmount before = game.BetAmount[kBankroll];
   std::string last = RollObject(game, false, before).Add("rolls", made).Text();
@@ -162,7 +167,7 @@ Reply RollMany(Console& console, Arguments& args) {
     before = game.BetAmount[kBankroll];
     if (!RollOnce(game)) break;
     ++made;
-    if (PlayHasStopped(game)) break;
+    if (PlayHasStopped(game) || game.DiceRollFileMode != recorder) break;
   }
   if (made > 0) last = RollObject(game, true, before).Add("rolls", made).Text();
   return Done(last, std::to_string(made) + (made == 1 ? " roll.\n" : " rolls.\n"));
@@ -325,6 +330,88 @@ Reply Drag(Console& console, Arguments& args) {
   LiftForDrag(game, from);
   DropDragged(game, to);
   return Done({}, BetInWords(game, from) + (off_table ? std::string() : BetInWords(game, to)));
+}
+
+// What a press does from now on.
+std::string ToolInWords(const Game& game) {
+  if (IsChipTool(game.ChipColor)) {
+    return "In hand: $" + FormatMoney(game.BetAmount[kFirstChip - 1 + game.ChipColor]) +
+           " chips.\n";
+  }
+  if (IsPileTool(game.ChipColor)) {
+    const int pile = game.ChipColor - kFirstPileTool + 1;
+    return "In hand: " + NameOfBet(game, game.StackSlots[static_cast<std::size_t>(pile)]) + ".\n";
+  }
+  switch (game.ChipColor) {
+    case kBuyTool:
+      return "In hand: Buy.\n";
+    case kCallOffTool:
+      return "In hand: OFF.\n";
+    case kCallOnTool:
+      return "In hand: ON.\n";
+    default:
+      return {};
+  }
+}
+
+// What stands where a press or a key has done something.
+std::string TouchedInWords(const Game& game, int slot) {
+  return IsLayoutBet(slot) || IsChipStack(slot) ? BetInWords(game, slot) : std::string();
+}
+
+Reply Press(Console& console, Arguments& args) {
+  Game& game = console.Table;
+  const bool right = args.Take("right");
+  if (!right && !args.Take("left")) return Refused("BUTTON is left or right.");
+  Pixel at;
+  at.x = static_cast<int>(args.Number("X", 0, kTableWidth - 1));
+  at.y = static_cast<int>(args.Number("Y", 0, kTableHeight - 1));
+  Modifiers held;
+  for (bool more = true; more;) {
+    const bool shift = args.Take("shift");
+    const bool ctrl = args.Take("ctrl");
+    const bool alt = args.Take("alt");
+    held = {held.shift || shift, held.ctrl || ctrl, held.alt || alt};
+    more = shift || ctrl || alt;
+  }
+  args.End();
+  if (args.Failed()) return Refused(args);
+
+  const std::int32_t tool = game.ChipColor;
+  PressTable(game, right ? MouseButton::kRight : MouseButton::kLeft, at, held);
+  if (right) return Done();
+  return Done({}, game.ChipColor != tool ? ToolInWords(game) : TouchedInWords(game, game.HitBet));
+}
+
+Reply PressKeyOfTable(Console& console, Arguments& args) {
+  struct NamedKey {
+    std::string_view name;
+    Key key;
+  };
+  constexpr NamedKey kNamedKeys[] = {{"left", Key::kLeft},   {"right", Key::kRight},
+                                     {"up", Key::kUp},       {"down", Key::kDown},
+                                     {"enter", Key::kEnter}, {"esc", Key::kEscape}};
+  Game& game = console.Table;
+  const std::string word = args.Word("KEY");
+  KeyPress press;
+  press.ctrl = args.Take("ctrl");
+  args.End();
+  if (args.Failed()) return Refused(args);
+  const auto* named = std::ranges::find_if(
+      kNamedKeys, [&](const NamedKey& key) { return EqualIgnoringCase(key.name, word); });
+  if (named != std::end(kNamedKeys)) {
+    press.key = named->key;
+  } else if (word.size() == 1) {
+    press.character = word[0];
+  } else {
+    return Refused("KEY " + Quoted(word) +
+                   " is not left, right, up, down, enter, esc or a character.");
+  }
+  const bool taken = PressKey(game, press);
+  if (!taken) return Done({}, "The table has no use for that key.\n");
+  return Done({}, EntryBoxOpen(game)
+                      ? NameOfBet(game, game.EntryBoxBet) + ": [" + TextInEntryBox(game) + "]\n"
+                      : std::string());
 }
 
 Reply UseAtm(Console& console, Arguments& args) {
@@ -806,6 +893,35 @@ Reply ShowResults(Console& console, Arguments& args) {
   const Rows rows = BetResultRows(game, choice);
   return RowsReply(rows, TextTable(rows));
 }
+std::string TabNames() {
+  std::string names;
+  for (const SettingTab& tab : SettingTabs()) {
+    names += (names.empty() ? "" : ", ") + std::string(tab.caption);
+  }
+  return names;
+}
+
+// All tabs, or one of them. A person reads the tabs under headings.
+Reply ShowSettings(Console& console, Arguments& args) {
+  const std::string wanted = args.AtEnd() ? std::string() : args.Rest("TAB");
+  Rows rows = SettingRows(console.Table);
+  if (!wanted.empty()) {
+    std::erase_if(rows, [&](const Row& row) { return !EqualIgnoringCase(row[0], wanted); });
+    if (rows.empty()) {
+      args.Fail("TAB " + Quoted(wanted) + " is none of " + TabNames() + '.');
+    }
+  }
+  args.End();
+  if (args.Failed()) return Refused(args);
+  std::string words;
+  for (const Row& row : rows) {
+    const bool heading = &row == &rows.front() || (&row - 1)->front() != row.front();
+    if (heading) words += (words.empty() ? "" : "\n") + row.front() + '\n';
+    constexpr std::size_t kCaptionWidth = 46;
+    words += "  " + PadRight(row[1], std::max(row[1].size(), kCaptionWidth)) + ' ' + row[2] + '\n';
+  }
+  return RowsReply(rows, words);
+}
 Reply ShowLater(Console&, Arguments&) {
   return NotYet("This screen");
 }
@@ -826,7 +942,7 @@ constexpr Command kScreens[] = {
     {"advantage", "", "what each bet is worth", ShowTable<AdvantageRows>},
     {"payoffs", "", "the payoffs in force", ShowTable<PayoffRows>},
     {"comps", "", "the comps earned", ShowFigures<CompFigures>},
-    {"settings", "", "all settings", ShowTable<SettingRows>},
+    {"settings", "[TAB]", "the Configure and Auto-Play screens", ShowSettings},
 };
 
 Reply Show(Console& console, Arguments& args) {
@@ -1004,13 +1120,74 @@ Reply Flag(Console& console, Arguments& args) {
   if (name.size() >= 2 && name.front() == '"' && name.back() == '"') {
     name = Trim(name.substr(1, name.size() - 2));
   }
-  for (ScriptFlag& flag : game.ScriptFlags) {
-    if (!EqualIgnoringCase(Trim(flag.FlagName), name)) continue;
-    flag.FlagValue = value;  // set by hand, this is no new occurrence for the script
-    game.GameChanged = true;
+  for (std::size_t row = 0; row < game.ScriptFlags.size(); ++row) {
+    if (!EqualIgnoringCase(Trim(game.ScriptFlags[row].FlagName), name)) continue;
+    PressFlagButton(game, {&row, 1}, value ? FlagButton::kTrue : FlagButton::kFalse);
     return Done();
   }
   return Refused("NAME " + Quoted(name) + " is not a flag of the script.");
+}
+
+// ---- Chip-Stacks ------------------------------------------------------------------------------
+
+int StackNumber(Arguments& args) {
+  return static_cast<int>(args.Number("N", 0, kStackCount - 1));
+}
+Reply StackValue(Console& console, Arguments& args) {
+  const int stack = StackNumber(args);
+  const MoneyAmount amount = args.Amount("AMOUNT");
+  args.End();
+  if (args.Failed()) return Refused(args);
+  EnterStackCell(console.Table, {stack, false}, PlainNumber(amount));
+  return Amount(console.Table.BetAmount[kFirstStack + stack]);
+}
+Reply StackName(Console& console, Arguments& args) {
+  const int stack = StackNumber(args);
+  const std::string name = args.AtEnd() ? std::string() : args.Rest("NAME");
+  args.End();
+  if (args.Failed()) return Refused(args);
+  EnterStackCell(console.Table, {stack, true}, name);
+  return Done();
+}
+Reply StacksClear(Console& console, Arguments& args) {
+  const bool values = args.Take("values");
+  const bool names = !values && args.Take("names");
+  if (!values && !names && !args.Take("all")) {
+    return Refused("stacks clear goes on with values, names or all.");
+  }
+  args.End();
+  if (args.Failed()) return Refused(args);
+  const bool cleared = ClearStacks(console.Table, values  ? StackClearing::kValues
+                                                  : names ? StackClearing::kNames
+                                                          : StackClearing::kAll);
+  return Truth(cleared, cleared ? "Cleared.\n" : "They stay.\n");
+}
+Reply StacksVisible(Console& console, Arguments& args) {
+  std::array<int, 4> numbers{};
+  for (int& number : numbers) number = StackNumber(args);
+  args.End();
+  if (args.Failed()) return Refused(args);
+  return Truth(SetVisibleStacks(console.Table, numbers) == 0);
+}
+Reply StacksZero(Console& console, Arguments& args) {
+  const bool on = args.Take("on");
+  if (!on && !args.Take("off")) return Refused("stacks zero goes on with on or off.");
+  args.End();
+  if (args.Failed()) return Refused(args);
+  SetStackDisplayZero(console.Table, on);
+  return Done();
+}
+
+constexpr Command kStackCommands[] = {
+    {"value", "N AMOUNT", "keys in the amount of Chip-Stack N", StackValue},
+    {"name", "N [NAME]", "names it", StackName},
+    {"clear", "all|values|names", "clears all of them, after a question", StacksClear},
+    {"visible", "N N N N", "which of them lie on the table, from the bottom up", StacksVisible},
+    {"zero", "on|off", "whether the list shows amounts of 0", StacksZero},
+};
+
+Reply EditStacks(Console& console, Arguments& args) {
+  return GoOn(console, args, kStackCommands, "The word after stacks");
 }
 
 // ---- Hot-Keys ---------------------------------------------------------------------------------
@@ -1027,7 +1204,7 @@ Reply PressHotKey(Console& console, Arguments& args) {
   const char key = HotKeyChar(args);
   args.End();
   if (args.Failed()) return Refused(args);
-  if (!TableListens(console.Table) || RunHotKey(console.Table, key)) return Done();
+  if (PressKey(console.Table, {Key::kCharacter, key, true})) return Done();
   return Done({}, "No Hot-Key has that key.\n");
 }
 
@@ -1162,6 +1339,40 @@ Reply Prb(Console& console, Arguments& args) {
   return GoOn(console, args, kPrbCommands, "The word after prb");
 }
 
+std::string RecorderInWords(Game& game) {
+  return game.DiceRollFileName + ": next roll is #" + std::to_string(game.DiceRollNext) + " of " +
+         std::to_string(DiceRollTotal(game)) + ".\n";
+}
+
+Reply UseRolls(Console& console, Arguments& args, DiceRollMode mode) {
+  Game& game = console.Table;
+  const std::string file = args.Rest("FILE");
+  if (args.Failed()) return Refused(args);
+  std::error_code none;
+  if (mode == kPlayback && !std::filesystem::exists(file, none)) {
+    return Refused("FILE " + Quoted(file) + " does not exist");
+  }
+  game.FileStatus = 1;
+  if (!OpenDiceRollFile(game, file)) {
+    if (game.FileStatus >= 0) return Done();
+    return Refused("FILE " + Quoted(file) + " cannot be opened: " + OneLine(game.LastErrorText));
+  }
+  return Done({}, SetDiceRollMode(game, mode) ? RecorderInWords(game) : std::string());
+}
+Reply RecordRolls(Console& console, Arguments& args) {
+  return UseRolls(console, args, kRecording);
+}
+Reply PlayBackRolls(Console& console, Arguments& args) {
+  return UseRolls(console, args, kPlayback);
+}
+Reply Recorder(Console& console, Arguments& args) {
+  if (!args.Take("off")) return Refused("recorder goes on with off.");
+  args.End();
+  if (args.Failed()) return Refused(args);
+  SetDiceRollMode(console.Table, kRecorderOff);
+  return Done();
+}
+
 Reply Later(Console&, Arguments&) {
   return NotYet("This command");
 }
@@ -1195,8 +1406,8 @@ constexpr Command kCommands[] = {
     {"off", "BET|all", "calls bets OFF", CallOff},
     {"odds", "BET|all", "takes full odds", Odds},
     {"drag", "FROM TO", "drags a whole bet or Chip-Stack", Drag},
-    {"press", "BUTTON X Y [shift] [ctrl] [alt]", "presses a mouse button on the table", Later},
-    {"key", "KEY [ctrl]", "presses a key on the table", Later},
+    {"press", "BUTTON X Y [shift] [ctrl] [alt]", "presses a mouse button on the table", Press},
+    {"key", "KEY [ctrl]", "presses a key on the table", PressKeyOfTable},
     {"atm", "withdraw|deposit AMOUNT", "moves money between pocket and bankroll", UseAtm},
     {"auto", "[N]", "starts Auto-Roll, for N rolls", AutoRoll},
     {"hyper", "[N]", "starts Hyper-Drive, for N rolls", HyperDrive},
@@ -1218,13 +1429,14 @@ constexpr Command kCommands[] = {
      "run, fields",
      Script},
     {"flag", "NAME true|false", "sets a flag of the script", Flag},
+    {"stacks", "WORD ...", "the Chip-Stacks: value, name, clear, visible, zero", EditStacks},
     {"hotkey", "CHAR", "runs the script of a Hot-Key", PressHotKey},
     {"hotkeys", "WORD ...", "the list of Hot-Keys: add, delete, list", EditHotKeys},
     {"open", "FILE", "opens a game file", Open},
     {"save", "FILE", "saves the game", Save},
-    {"record", "FILE", "records the rolls in a Dice Roll File", Later},
-    {"playback", "FILE", "plays the rolls of a Dice Roll File", Later},
-    {"recorder", "off", "stops recording or playback", Later},
+    {"record", "FILE", "records the rolls in a Dice Roll File", RecordRolls},
+    {"playback", "FILE", "plays the rolls of a Dice Roll File", PlayBackRolls},
+    {"recorder", "off", "stops recording or playback", Recorder},
     {"prb", "open FILE|save FILE|on|off", "the probabilities of the dice", Prb},
     {"log", "FILE|add", "the Games Log", Later},
     {"report", "NAME FILE.pdf", "prints a report into a file", Later},
@@ -1262,6 +1474,7 @@ Reply Help(Console&, Arguments& args) {
     if (command == nullptr) return Refused("COMMAND " + Quoted(word) + " is not a command.");
     text = UsageOf(*command) + "\n  " + std::string(command->help) + ".\n";
     if (command->handler == Script) text += HelpOn(kScriptCommands, kUsageWidth);
+    if (command->handler == EditStacks) text += HelpOn(kStackCommands, kUsageWidth);
     if (command->handler == EditHotKeys) text += HelpOn(kHotKeyCommands, kUsageWidth);
     if (command->handler == Prb) text += HelpOn(kPrbCommands, kUsageWidth);
     if (command->handler == Show) text += HelpOn(kScreens, kUsageWidth);
@@ -1357,6 +1570,8 @@ std::vector<std::string> Completions(std::string_view line) {
     for (const StateName& entry : StateRecord()) offer(std::string(entry.name));
   } else if (command == "script") {
     offer_all(kScriptCommands);
+  } else if (command == "stacks") {
+    offer_all(kStackCommands);
   } else if (command == "hotkeys") {
     offer_all(kHotKeyCommands);
   } else if (command == "prb") {

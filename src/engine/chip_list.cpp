@@ -57,8 +57,7 @@ std::optional<Pixel> PlaceOf(const Game& game, int slot) {
   return kPilePlace[static_cast<std::size_t>(pile)];
 }
 
-void RebuildChips(Game& game, int slot) {
-  if (game.HyperDriveActive) return;
+void LayChipsAnew(Game& game, int slot) {
   RemoveChips(game, slot);
   LayStack(game, slot);
   ArrangeChips(game);

@@ -30,7 +30,10 @@ int PileOfStack(const Game& game, int stack);
 std::optional<Pixel> PlaceOf(const Game& game, int slot);
 
 // Lays the stack of a bet or Chip-Stack anew, from its amount.
-void RebuildChips(Game& game, int slot);
+void LayChipsAnew(Game& game, int slot);
+inline void RebuildChips(Game& game, int slot) {
+  if (!game.HyperDriveActive) LayChipsAnew(game, slot);
+}
 // The same for all bets and Chip-Stacks.
 void RebuildAllChips(Game& game);
 // Puts one chip of the selected denomination on a bet, where the pointer is.

@@ -138,10 +138,7 @@ void HandleByRule(Game& game, const Handling& handling, std::int32_t rule) {
 
 // What a decision does at the table before the bet itself is handled.
 void ShowDecision(Game& game, int auto_stop) {
-  if (!game.DiceReturned && game.DiceAction == kDiceReturnOnDecision) {
-    game.DiceReturned = true;
-    game.surface->TableChanged(kChangedDice);
-  }
+  if (game.DiceAction == kDiceReturnOnDecision) ReturnDice(game);
   if (game.AutoRollDice && game.AutoStopOn[static_cast<std::size_t>(auto_stop)]) {
     game.KeepRolling = false;
   }

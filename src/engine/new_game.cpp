@@ -7,6 +7,7 @@
 #include "dice/rng.h"
 #include "engine/chip_list.h"
 #include "engine/table_effects.h"
+#include "files/roll_recorder.h"
 #include "stats/bankroll_history.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
@@ -91,7 +92,7 @@ void ResetGame(Game& game, ResetMode mode) {
   game.TotalOnTable = {};
   game.GameFileName.clear();
   game.GameChanged = false;
-  game.DiceRollFileMode = kRecorderOff;
+  if (game.DiceRollFileMode != kRecorderOff) DiceRollStopped(game);
 
   RebuildAllChips(game);
   game.RedrawTable = true;

@@ -10,11 +10,14 @@
 #include "autobet/output_file.h"
 #include "autobet/run_script.h"
 #include "autobet/script_file.h"
+#include "automation/table_guards.h"
 #include "dice/probability.h"
 #include "engine/new_game.h"
 #include "engine/roll_cycle.h"
 #include "files/file_dialog.h"
 #include "files/game_file.h"
+#include "files/roll_editor.h"
+#include "files/roll_recorder.h"
 #include "surface/surface.h"
 
 namespace feltmaster {
@@ -105,7 +108,7 @@ void KeepOrCloseDiceRolls(Game& game) {
     game.DiceRollLast = 0;
     game.DiceRollSelectEnd = 1;
   } else {
-    game.DiceRollFileName.clear();
+    ForgetDiceRollFile(game);
   }
 }
 
@@ -192,15 +195,10 @@ void ShowPath(Game& game) {
 }
 
 bool AskToClose(Game& game) {
-  if (game.AutoBetRunning) {
-    if (!AskYesNo(game, "Auto-Bet Active", "Do you want to interrupt Auto-Betting? ")) return false;
-    game.AutoBetRunning = false;
-    game.KeepRolling = false;
-  }
+  if (game.AutoBetRunning && !AskToEndScript(game)) return false;
   game.surface->LetEventsThrough();
   if (game.HyperDriveActive) {
-    if (!AskYesNo(game, "Hyper-Drive Active", "Do you want to stop Hyper-Drive?")) return false;
-    game.KeepRolling = false;
+    if (!AskToStopHyperDrive(game)) return false;
     game.surface->LetEventsThrough();
   }
   return AskToSaveAll(game);
@@ -210,7 +208,8 @@ void EndProgram(Game& game) {
   if (game.AppPath.empty()) return;
   SaveGame(game, game.AppPath + std::string(kDefaultGame));
   CloseScriptOutput(game);
-  for (const std::string_view scratch : {std::string_view("copyfile.rll"), kActiveScript}) {
+  FlushDiceRolls(game);
+  for (const std::string_view scratch : {kRollClipboard, kActiveScript}) {
     std::error_code ignored;
     std::filesystem::remove(game.AppPath + std::string(scratch), ignored);
   }

@@ -11,6 +11,8 @@
 #include "base/text.h"
 #include "dice/probability.h"
 #include "files/game_file.h"
+#include "files/roll_editor.h"
+#include "files/roll_recorder.h"
 #include "surface/surface.h"
 
 namespace feltmaster {
@@ -86,15 +88,32 @@ Outcome SaveProbabilities(Game& game, const std::string& path) {
   return OutcomeOfSave(SaveProbabilityFile(game, path));
 }
 
+Outcome OpenChosenRolls(Game& game, const std::string& path) {
+  return OutcomeOfLoad(game, OpenDiceRollFile(game, path));
+}
+template <RollFileResult (*kEdit)(Game&, const std::string&)>
+Outcome EditRolls(Game& game, const std::string& path) {
+  switch (kEdit(game, path)) {
+    case RollFileResult::kDone:
+      return Outcome::kDone;
+    case RollFileResult::kRefused:
+      return Outcome::kRefused;
+    case RollFileResult::kFileError:
+      break;
+  }
+  return Outcome::kFileError;
+}
+
 constexpr auto kCommands = std::to_array<FileCommand>({
     {"Open Game File", "*.crp", OpenChosenGame},
     {"Save Game File As", "*.crp", NameGame, "Save Game File As"},
-    {"Open Dice Roll File  or  Enter Name For A New File", "*.rol"},
-    {"Copy To Dice Roll File", "*.rol", nullptr, "Copy to Dice Roll File",
+    {"Open Dice Roll File  or  Enter Name For A New File", "*.rol", OpenChosenRolls},
+    {"Copy To Dice Roll File", "*.rol", EditRolls<CopyRollsTo>, "Copy to Dice Roll File",
      "Do you want to copy over it?"},
-    {"Copy Dice Rolls To Text File", "*.txt", nullptr, "Copy Dice Rolls To Text File"},
-    {"Paste From Dice Roll File", "*.rol"},
-    {"Paste From Ascii/Text File", kAnyFile},
+    {"Copy Dice Rolls To Text File", "*.txt", EditRolls<CopyRollsToText>,
+     "Copy Dice Rolls To Text File"},
+    {"Paste From Dice Roll File", "*.rol", EditRolls<PasteRollsFrom>},
+    {"Paste From Ascii/Text File", kAnyFile, EditRolls<PasteRollText>},
     {"Open Auto-Bet File", "*.bet", LoadWholeScript},
     {"Paste From Auto-Bet File", "*.bet", PasteScript},
     {.caption = "Save Auto-Bet File As",
@@ -148,7 +167,7 @@ bool MayOverwrite(Game& game, const FileCommand& command, const std::string& pat
 
 // The files of a game that a caption may be about, by a word in it.
 void ForgetDiceRolls(Game& game) {
-  game.DiceRollFileName.clear();
+  ForgetDiceRollFile(game);
   game.DiceRollFileMode = kRecorderOff;
 }
 void ForgetScript(Game& game) {

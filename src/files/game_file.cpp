@@ -14,6 +14,8 @@
 #include "autobet/script_file.h"
 #include "base/text.h"
 #include "dice/probability.h"
+#include "engine/sounds.h"
+#include "files/roll_recorder.h"
 #include "stats/bankroll_history.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
@@ -291,6 +293,7 @@ void CompleteState(Game& game, bool recorder_goes_on) {
   }
   if (!recorder_goes_on || game.DiceRollFileName.empty()) game.DiceRollFileMode = kRecorderOff;
   game.DiceRollSelectEnd = game.DiceRollNext;
+  ResumeDiceRollFile(game);
   SetRollsSinceLast(game, 0, RollCounts(game, 0));
   try {
     RebuildAverages(game);
@@ -304,6 +307,8 @@ void CompleteState(Game& game, bool recorder_goes_on) {
   game.Decisions.count = 0;
   game.HyperDriveStopText.clear();
   game.EntryBoxEdited = false;
+  game.LastStackBet = game.StackSlots[1];
+  BuildStickCalls(game);
   game.RedrawTable = true;
   game.ScriptUnsaved = false;
   game.ScriptNeedsInit = false;
@@ -386,6 +391,7 @@ bool WriteActiveScript(Game& game) {
 }
 
 bool SaveGame(Game& game, const std::string& path) {
+  FlushDiceRolls(game);  // the game keeps a position in the file
   const bool is_default = IsNamed(path, kDefaultGame);
   GameRecords records;
   HeaderWriter headers(game, records, path);
