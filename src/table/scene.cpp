@@ -3,14 +3,11 @@
 #include "base/number_format.h"
 #include "engine/chip_list.h"
 #include "engine/entry_box.h"
+#include "table/calls.h"
 
 namespace feltmaster {
 
 namespace {
-
-constexpr std::array<std::string_view, 5> kPrompts = {
-    "", "Click on bet to call ON", "Click on bet to call OFF", "Click on bet to buy",
-    "Click on bet to remove"};
 
 class SceneBuilder {
  public:
@@ -96,7 +93,7 @@ class SceneBuilder {
   }
 
   void AddPrompt() {
-    const std::string_view prompt = PromptOf(game_.CallBetMode);
+    const std::string_view prompt = CallPrompt(game_);
     const std::string text = prompt.empty() ? view_.banner : std::string(prompt);
     if (!text.empty()) Add(SpriteKind::kPrompt, kPromptTop).text.push_back({text});
   }
@@ -119,11 +116,6 @@ class SceneBuilder {
 
 std::array<DieOnTable, 2> DiceAtRest(const Game& game) {
   return {{{kDiceRest[0], game.Die1}, {kDiceRest[1], game.Die2}}};
-}
-
-std::string_view PromptOf(int call_bet_mode) {
-  const bool known = call_bet_mode > 0 && call_bet_mode < static_cast<int>(kPrompts.size());
-  return kPrompts[known ? static_cast<std::size_t>(call_bet_mode) : 0];
 }
 
 Scene SceneOf(const Game& game, const TableView& view) {

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "game/game.h"
@@ -32,9 +31,6 @@ struct TableView {
 };
 
 std::array<DieOnTable, 2> DiceAtRest(const Game& game);
-
-// The words of a command that waits for a press on a bet; empty for none. Of CallBetMode.
-std::string_view PromptOf(int call_bet_mode);
 
 enum class SpriteKind {
   kPuck,         // value: the point
