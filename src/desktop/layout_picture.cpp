@@ -122,11 +122,12 @@ class FeltPrinter {
   void Letter(const QPainterPath& shape, TableColor which) {
     const QColor ink = Ink(which);
     const QColor cloth = Ink(kColorFelt);
-    constexpr double kReadable = 3;
-    if (Contrast(ink, cloth) < kReadable) {
+    // A rim takes some of the clearness of small print, so there it must be needed more.
+    const double height = shape.boundingRect().height();
+    const double readable = height > 10 ? 3 : 2;
+    if (Contrast(ink, cloth) < readable) {
       const QColor dark = Mix(cloth, Qt::black, 0.75);
       const QColor light = Mix(ink, Qt::white, 0.6);
-      const double height = shape.boundingRect().height();
       painter_.strokePath(shape, QPen(Contrast(ink, dark) > Contrast(ink, light) ? dark : light,
                                       std::clamp(height * 0.07, 0.7, 1.8), Qt::SolidLine,
                                       Qt::RoundCap, Qt::RoundJoin));
