@@ -3,7 +3,7 @@
 # nothing here reads the one or writes the other (but for the answer to a question at a terminal).
 
 packages=(g++ cmake ninja-build libgtest-dev libgmock-dev libbenchmark-dev libcli11-dev
-          nlohmann-json3-dev libedit-dev)
+          nlohmann-json3-dev libedit-dev pkg-config libcairo2-dev fonts-liberation)
 # Without these everything but the windows is built. The fonts are those of the table's lettering.
 desktop_packages=(qt6-base-dev qt6-multimedia-dev qt6-svg-dev
                   fonts-texgyre fonts-roboto-unhinted fonts-dejavu)
