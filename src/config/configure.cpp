@@ -715,6 +715,14 @@ void RestoreDefaultDenominations(Game& game) {
   }
 }
 
+void RestoreDefaultPayoffs(Game& game) {
+  if (AskYesNo(game, "Confirm?",
+               "Do you want to restore all payoffs to their original Feltmaster settings?")) {
+    SettlePhantoms(game);
+    DefaultPayoffs(game);
+  }
+}
+
 std::string Configure(Game& game, std::string_view name, std::string_view value) {
   const Name asked = ReadName(name);
   const Setting* same_name = nullptr;

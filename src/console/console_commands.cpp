@@ -4,6 +4,7 @@
 #include <exception>
 #include <filesystem>
 #include <limits>
+#include <memory>
 #include <ostream>
 #include <ranges>
 #include <span>
@@ -39,12 +40,16 @@
 #include "engine/place_bet.h"
 #include "engine/roll_cycle.h"
 #include "files/file_commands.h"
+#include "files/games_log.h"
 #include "files/roll_recorder.h"
 #include "stats/bankroll_history.h"
+#include "stats/games_analysis.h"
 #include "stats/roll_statistics.h"
 #include "table/table_input.h"
 #include "view/bankroll_graph.h"
 #include "view/bet_results_table.h"
+#include "view/games_screen.h"
+#include "view/probability_grid.h"
 #include "view/roll_frequencies.h"
 #include "view/roll_totals.h"
 #include "view/rules_rows.h"
@@ -77,9 +82,6 @@ Reply Refused(std::string sentence) {
 }
 Reply Refused(const Arguments& args) {
   return Refused(args.Error());
-}
-Reply NotYet(std::string_view what) {
-  return Refused(std::string(what) + " is not available yet.");
 }
 
 Reply Amount(MoneyAmount amount, std::string words = {}) {
@@ -649,12 +651,6 @@ Reply CallMapSkewedDraw(Console& console, Arguments& args) {
   MapSkewedDraw(console.Table, x);
   return DiceReply(console.Table);
 }
-// The cells in use: the totals in row 1, their ordered rolls below them, the faces of either die in
-// the columns 12 and 13.
-bool IsProbabilityCell(int row, int column) {
-  if (column >= 12) return row >= 2;
-  return row <= 7 - (column > 6 ? column - 6 : 6 - column);
-}
 Reply CallSetProbabilityCell(Console& console, Arguments& args) {
   const auto row = static_cast<int>(args.Number("Row", 1, 7));
   const auto column = static_cast<int>(args.Number("Col", 1, 13));
@@ -671,8 +667,7 @@ Reply CallSetProbabilityCell(Console& console, Arguments& args) {
   args.End();
   if (args.Failed()) return Refused(args);
   SetProbabilityCell(console.Table, row, column, value, raw);
-  return Number(console.Table.DiceProbability[1][static_cast<std::size_t>(row)]
-                                             [static_cast<std::size_t>(column)]);
+  return Number(ProbabilityWeight(console.Table, row, column));
 }
 Reply CallSeedRng(Console& console, Arguments& args) {
   const auto ask = static_cast<std::int32_t>(args.Number(
@@ -846,6 +841,46 @@ Reply ShowTotals(Console& console, Arguments& args) {
   return RowsReply(rows, TextTable(lines, true) + "Total rolls  " + totals.total_rolls + '\n');
 }
 
+// The page of the graph in characters: a column stands for seven rolls and shows the last of them.
+std::string TextGraph(Game& game) {
+  constexpr int kRollsAColumn = 7;
+  constexpr int kColumns = kGraphRolls / kRollsAColumn;
+  constexpr int kPointsALine = 25;
+  constexpr int kLines = kGraphHeight / kPointsALine + 1;
+  constexpr std::size_t kLabelWidth = 12;
+  DrawGraph(game, false);
+  const BankrollGraph graph = PaintBankrollGraph(game);
+  std::array<std::string, kLines> lines;
+  lines.fill(std::string(kColumns, ' '));
+  for (std::size_t i = 0; i < graph.columns.size(); ++i) {
+    const int y = std::clamp(graph.columns[i].line.y2, 0, kGraphHeight);
+    const std::size_t column = i / kRollsAColumn;
+    for (std::string& line : lines) line[column] = ' ';
+    lines[static_cast<std::size_t>((y + kPointsALine / 2) / kPointsALine)][column] = '*';
+  }
+  std::string text;
+  for (std::size_t line = 0; line < lines.size(); ++line) {
+    const std::string label = line % 2 == 0 ? graph.scale_labels[line / 2] : std::string();
+    text += std::string(kLabelWidth - std::min(kLabelWidth, label.size()), ' ') + label + " |" +
+            std::string(TrimRight(lines[line])) + '\n';
+  }
+  const std::string rolls = "rolls " + graph.rolls_left + " to " + graph.rolls_right;
+  return text + std::string(kLabelWidth + 2, ' ') + rolls + '\n';
+}
+
+Reply ShowBankroll(Console& console, Arguments& args) {
+  args.End();
+  if (args.Failed()) return Refused(args);
+  const Rows rows = RowsOf(BankrollHeader(console.Table));
+  std::string words = TextTable(rows);
+  if (console.Surface.Paper != nullptr && console.Table.BankrollHistoryCount > 0) {
+    // Looking at the graph moves its scale; the table's own stays as it is.
+    const auto copy = std::make_unique<Game>(console.Table);
+    words += '\n' + TextGraph(*copy);
+  }
+  return RowsReply(rows, words);
+}
+
 // Without N the entry that the screen has selected.
 Reply ShowFrequencies(Console& console, Arguments& args) {
   Game& game = console.Table;
@@ -894,6 +929,7 @@ Reply ShowResults(Console& console, Arguments& args) {
   const Rows rows = BetResultRows(game, choice);
   return RowsReply(rows, TextTable(rows));
 }
+
 std::string TabNames() {
   std::string names;
   for (const SettingTab& tab : SettingTabs()) {
@@ -923,8 +959,17 @@ Reply ShowSettings(Console& console, Arguments& args) {
   }
   return RowsReply(rows, words);
 }
-Reply ShowLater(Console&, Arguments&) {
-  return NotYet("This screen");
+
+// The log by the variable that the screen has chosen; each time as if the screen were opened.
+Reply ShowGames(Console& console, Arguments& args) {
+  Game& game = console.Table;
+  args.End();
+  if (args.Failed()) return Refused(args);
+  game.GamesValueBox = {};
+  game.GamesDeviationBox = {};
+  const std::optional<GamesAnalysis> analysis = AnalyzeGames(game, game.GamesDisplayChoice);
+  const Rows rows = analysis ? GamesRows(game, *analysis) : Rows();
+  return RowsReply(rows, TextTable(rows));
 }
 
 constexpr Command kScreens[] = {
@@ -935,13 +980,14 @@ constexpr Command kScreens[] = {
     {"frequencies", "[N] [skewed]", "one roll event in depth", ShowFrequencies},
     {"results", "[phantom|actual] [all|BET ...]", "what the bets have won and lost", ShowResults},
     {"trends", "", "runs of wins and losses", ShowTable<TrendRows>},
-    {"bankroll", "", "the figures of the bankroll", ShowFigures<BankrollHeader>},
-    {"games", "", "the Games Log", ShowLater},
+    {"bankroll", "", "the figures of the bankroll", ShowBankroll},
+    {"games", "", "the Games Log", ShowGames},
     {"stacks", "", "the Chip-Stacks", ShowRows<ChipStackRows>},
     {"flags", "", "the flags of the script", ShowRows<FlagRows>},
     {"hotkeys", "", "the Hot-Keys", ShowRows<HotKeyRows>},
     {"advantage", "", "what each bet is worth", ShowTable<AdvantageRows>},
     {"payoffs", "", "the payoffs in force", ShowTable<PayoffRows>},
+    {"probabilities", "", "the chances of the dice", ShowTable<ProbabilityRows>},
     {"comps", "", "the comps earned", ShowFigures<CompFigures>},
     {"settings", "[TAB]", "the Configure and Auto-Play screens", ShowSettings},
 };
@@ -1299,13 +1345,14 @@ Reply PrbOpen(Console& console, Arguments& args) {
   Game& game = console.Table;
   const std::string file = args.Rest("FILE");
   if (args.Failed()) return Refused(args);
-  constexpr std::int32_t kFileRefused = 0;
-  if (LoadProbabilityFile(game, file)) return Done();
-  if (game.FileStatus != kFileRefused) {
+  if (OpenProbabilityFile(game, file)) {
+    return Done({}, "The dice of " + file +
+                        (game.UseSkewedProbability ? " are on the table.\n"
+                                                   : "; prb on brings them to the table.\n"));
+  }
+  if (game.FileStatus < 0) {
     return Refused("FILE " + Quoted(file) + " cannot be read: " + game.LastErrorText + '.');
   }
-  Tell(game, "Unable to Open Feltmaster Probability File", game.LastErrorText,
-       kButtonOk | kPictureStop);
   return Done();
 }
 Reply PrbSave(Console& console, Arguments& args) {
@@ -1426,8 +1473,34 @@ Reply Report(Console& console, Arguments& args) {
                   : std::to_string(pages) + (pages == 1 ? " page" : " pages") + " printed.\n");
 }
 
-Reply Later(Console&, Arguments&) {
-  return NotYet("This command");
+Reply GamesReply(const Game& game) {
+  GamesLogReader log;
+  const std::optional<LogFault> fault = log.Open(game.GamesLogFile);
+  const std::int32_t games = fault ? 0 : log.Count();
+  return Done(JsonOf(games), CountText(games) + (games == 1 ? " game" : " games") + " in " +
+                                 game.GamesLogFile + ".\n");
+}
+Reply LogAdd(Console& console) {
+  Game& game = console.Table;
+  if (!LogFinishedGame(game) && !console.Surface.Messages.empty()) {
+    return Refused("The Games Log " + Quoted(game.GamesLogFile) +
+                   " cannot be written: " + OneLine(console.Surface.Messages.back().text));
+  }
+  return GamesReply(game);
+}
+Reply Log(Console& console, Arguments& args) {
+  Game& game = console.Table;
+  const std::string file = args.Rest("FILE");
+  if (args.Failed()) return Refused(args);
+  if (EqualIgnoringCase(file, "add")) return LogAdd(console);
+  std::error_code ignored;
+  std::optional<LogFault> fault;
+  if (!std::filesystem::exists(file, ignored)) fault = MakeEmptyLog(file);
+  if (fault) game.LastErrorText = fault->error.At("Open Games File");
+  if (fault || (!OpenGamesLog(game, file) && game.FileStatus < 0)) {
+    return Refused("FILE " + Quoted(file) + " cannot be used: " + OneLine(game.LastErrorText));
+  }
+  return GamesReply(game);
 }
 
 Reply Echo(Console&, Arguments& args) {
@@ -1491,7 +1564,7 @@ constexpr Command kCommands[] = {
     {"playback", "FILE", "plays the rolls of a Dice Roll File", PlayBackRolls},
     {"recorder", "off", "stops recording or playback", Recorder},
     {"prb", "open FILE|save FILE|on|off", "the probabilities of the dice", Prb},
-    {"log", "FILE|add", "the Games Log", Later},
+    {"log", "FILE|add", "takes a file as the Games Log, or logs the game in progress", Log},
     {"report", "NAME FILE.pdf", "prints a report into a file, .pdf, .svg or .txt", Report},
     {"help", "[COMMAND]", "tells about the commands", Help},
     {"echo", "TEXT", "says the text", Echo},

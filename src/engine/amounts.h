@@ -13,7 +13,7 @@ inline MoneyAmount BettingUnit(const Game& game) {
 // bet is 11 to 51.
 inline void SetEstablished(Game& game, int bet, MoneyAmount amount) {
   game.EstablishedAmount[static_cast<std::size_t>(bet)] = amount;
-  game.BetAmount.ChangedSinceStart().Add(bet);
+  game.BetAmount.MarkForRollStart(bet);
 }
 inline MoneyAmount Established(const Game& game, int bet) {
   return game.EstablishedAmount[static_cast<std::size_t>(bet)];

@@ -265,8 +265,11 @@ void HandleLostBet(Game& game) {
 void ComputePressUnit(Game& game, int bet) {
   const MoneyAmount denominator = game.PayTable[static_cast<std::size_t>(bet)].PayDenominator;
   const MoneyAmount amount = game.BetAmount[bet];
+  const bool whole = denominator.IsWhole();
+  const std::int64_t chips = denominator.FloorWhole();
   for (int slot = kLastChip; slot >= kFirstChip; --slot) {
-    game.PressUnit = Product(denominator, game.BetAmount[slot]);
+    const MoneyAmount chip = game.BetAmount[slot];
+    game.PressUnit = whole ? chip.Times(chips) : Product(denominator, chip);
     if (game.PressUnit.Raw() > 0 && game.PressUnit < amount &&
         IsMultipleOf(amount, game.PressUnit)) {
       return;

@@ -315,9 +315,15 @@ Outcome ApplyRequest(Game& game, int bet) {
     game.BetChange = game.MaxBetHere - amount;
     notes.Replace(BetNotes::kMaximumBet, game.MaxBetHere);
   }
-  const BetNotes limits = notes;
-  if (game.AutoAdjustBetAmounts > kAdjustManually) AutoAdjustBet(game, bet, notes);
-  bool told = !game.AllowNegBankroll && FitToBankroll(game, bet, limits, notes);
+  const bool adjusts = game.AutoAdjustBetAmounts > kAdjustManually;
+  bool told = false;
+  if (game.AllowNegBankroll) {
+    if (adjusts) AutoAdjustBet(game, bet, notes);
+  } else {
+    const BetNotes limits = notes;
+    if (adjusts) AutoAdjustBet(game, bet, notes);
+    told = FitToBankroll(game, bet, limits, notes);
+  }
   told = TellNotes(game, bet, notes) || told;
   game.MsgText.clear();
   told = ApplyChange(game, bet) || told;

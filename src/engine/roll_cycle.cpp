@@ -18,6 +18,7 @@
 #include "engine/place_bet.h"
 #include "engine/resolve.h"
 #include "engine/table_effects.h"
+#include "files/games_log.h"
 #include "files/roll_recorder.h"
 #include "reports/graph_print.h"
 #include "stats/bankroll_history.h"
@@ -35,18 +36,21 @@ std::string NewGameHint() {
 }
 
 bool PastBankLimit(const Game& game) {
-  return Abs(game.BetAmount[kBankroll]) > MoneyAmount::FromWhole(kBankLimit);
+  constexpr MoneyAmount kLimit = MoneyAmount::FromWhole(kBankLimit);
+  const MoneyAmount bankroll = game.BetAmount[kBankroll];
+  return bankroll > kLimit || bankroll < -kLimit;
 }
 
 // The copies of the table that conditions compare with and that bound the established bets.
 void BeginRoll(Game& game) {
-  AmountSet& changed = game.BetAmount.ChangedSinceStart();
-  changed.ForEach([&](int slot) {
-    const auto s = static_cast<std::size_t>(slot);
-    game.BetAmountAtRollStart[s] = game.BetAmount[slot];
-    if (slot >= kComePoint && slot <= kPassLine) game.EstablishedAmount[s] = game.BetAmount[slot];
-  });
-  changed.Clear();
+  if (const AmountSet changed = game.BetAmount.ChangedSinceStart(); !changed.Empty()) {
+    changed.ForEach([&](int slot) {
+      const auto s = static_cast<std::size_t>(slot);
+      game.BetAmountAtRollStart[s] = game.BetAmount[slot];
+      if (slot >= kComePoint && slot <= kPassLine) game.EstablishedAmount[s] = game.BetAmount[slot];
+    });
+    game.BetAmount.RollStarted();
+  }
   game.BetStreak.BeginRoll();
   BeginRollResults(game);
   BeginRollStatistics(game);
@@ -60,11 +64,12 @@ void BeginRoll(Game& game) {
 }
 
 void CopyAmountsAtRollEnd(Game& game) {
-  AmountSet& changed = game.BetAmount.ChangedSinceEnd();
+  const AmountSet& changed = game.BetAmount.ChangedSinceEnd();
+  if (changed.Empty()) return;
   changed.ForEach([&](int slot) {
     game.BetAmountAtRollEnd[static_cast<std::size_t>(slot)] = game.BetAmount[slot];
   });
-  changed.Clear();
+  game.BetAmount.RollEnded();
 }
 
 void ShowDice(Game& game) {
@@ -206,7 +211,7 @@ void PlayRoll(Game& game) {
 
 void EndHyperDrive(Game& game) {
   game.HyperDriveActive = false;
-  FlushScriptOutput(game);
+  SettleScriptOutput(game);
   game.surface->ShowBanner("");
   if (!game.HyperDriveStopText.empty()) {
     Tell(game, "Hyper-Drive Stopped", game.HyperDriveStopText);
@@ -289,6 +294,7 @@ void RollCycle(Game& game) {
   } catch (const std::exception& error) {
     TrapError(game, error.what());
   }
+  FlushGamesLog(game);
   if (!game.surface->TableMinimised()) {
     if (game.HyperDriveStopText == kEndOfDiceRolls) DiceRollStopped(game);
     game.HyperDriveStopText.clear();

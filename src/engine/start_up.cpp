@@ -13,6 +13,7 @@
 #include "engine/roll_cycle.h"
 #include "engine/sounds.h"
 #include "files/game_file.h"
+#include "files/games_log.h"
 #include "stats/bankroll_history.h"
 #include "surface/surface.h"
 
@@ -51,7 +52,8 @@ void SeedGenerators(Game& game, std::optional<std::int32_t> seed) {
 void StartUp(Game& game, const StartOptions& options) {
   game.AppPath = options.data_dir;
   game.FileDialogPath = options.data_dir;
-  if (!options.data_dir.empty()) game.GamesLogFile = options.data_dir + "default.glg";
+  if (!options.data_dir.empty())
+    game.GamesLogFile = options.data_dir + std::string(kDefaultGamesLog);
   SeedGenerators(game, options.seed);
 
   // All other defaults are those of a fresh Game.

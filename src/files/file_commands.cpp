@@ -11,11 +11,12 @@
 #include "autobet/run_script.h"
 #include "autobet/script_file.h"
 #include "automation/table_guards.h"
-#include "dice/probability.h"
 #include "engine/new_game.h"
 #include "engine/roll_cycle.h"
 #include "files/file_dialog.h"
 #include "files/game_file.h"
+#include "files/games_log.h"
+#include "files/probability_commands.h"
 #include "files/roll_editor.h"
 #include "files/roll_recorder.h"
 #include "reports/graph_print.h"
@@ -32,11 +33,6 @@ constexpr std::int32_t kAskToSave =
 bool AskToSave(Game& game, std::string title, std::string text, bool (*save)(Game&)) {
   if (AskYesNo(game, std::move(title), std::move(text), kAskToSave)) return save(game);
   return game.MsgAnswer == kAnswerNo;
-}
-
-void TellNotSaved(Game& game, std::string_view what, const std::string& path) {
-  Tell(game, "Unable to Save " + std::string(what),
-       path + "\ncould not be saved: " + game.LastErrorText + '.', kButtonOk | kPictureStop);
 }
 
 bool SaveAutoBets(Game& game) {
@@ -59,23 +55,13 @@ bool AskAboutAutoBets(Game& game) {
                    SaveAutoBets);
 }
 
-bool SaveProbabilities(Game& game) {
-  const std::string path = game.ProbabilityFileName;
-  if (path.empty() || IsNamed(path, kDefaultProbabilities)) {
-    return ShowFileDialog(game, "Save Probability File As").has_value();
-  }
-  if (SaveProbabilityFile(game, path)) return true;
-  TellNotSaved(game, "Probability File", path);
-  return false;
-}
-
 bool AskAboutProbabilities(Game& game) {
   if (!game.UseSkewedProbability || !game.ProbabilityChanged) return true;
   return AskToSave(game, "Save Probabilities?",
                    "Your current probabilities (listed on the\n"
                    "configuration screen) have not been saved.\n\n"
                    "Do you want to save them now?",
-                   SaveProbabilities);
+                   SaveProbabilitiesCommand);
 }
 
 // The dialog names the game; a name that could not be written to is not kept.
@@ -131,7 +117,7 @@ void KeepOrClearScript(Game& game) {
 // default.crp takes the state, the scratch files go.
 void LeaveDataFolder(Game& game) {
   SaveGame(game, game.AppPath + std::string(kDefaultGame));
-  CloseScriptOutput(game);
+  EndScriptOutput(game);
   FlushDiceRolls(game);
   for (const std::string_view scratch : {kRollClipboard, kActiveScript}) {
     std::error_code ignored;
@@ -152,6 +138,7 @@ bool AskToSaveAll(Game& game) {
 bool NewGame(Game& game) {
   if (!AskToSaveAll(game)) return false;
   FinishGraphPrint(game);
+  LogFinishedGame(game);
   ResetGame(game, ResetMode::kAll);
   game.RefreshBetAmounts = true;
   game.surface->TableChanged(kChangedAll);

@@ -7,6 +7,7 @@ namespace feltmaster {
 
 using BetSet = BitSet<128>;     // bets 0 to 127
 using AmountSet = BitSet<256>;  // slots of BetAmount
+using StackSet = BitSet<128>;   // Chip-Stacks 0 to 99
 
 constexpr BetSet LayoutBets() {
   BetSet bets;

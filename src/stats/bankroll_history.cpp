@@ -73,7 +73,7 @@ bool HasPageBefore(std::int32_t rolls) {
 }
 
 MoneyAmount AverageOf(MoneyAmount sum, std::int64_t rolls) {
-  return rolls == 0 ? MoneyAmount() : Quotient(sum, MoneyAmount::FromWhole(rolls));
+  return rolls == 0 ? MoneyAmount() : sum.Shared(rolls);
 }
 
 // The line of the scale above a value, three lines up.

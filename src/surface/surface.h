@@ -22,6 +22,7 @@ struct MessageRequest {
   std::int32_t options = 0;
   std::int32_t help = 0;
   std::string_view input_default;
+  std::string_view input2_default;
   std::int32_t input_length = 0;  // longest text of a field, 0 for no limit of its own
 };
 struct MessageReply {

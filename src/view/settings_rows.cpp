@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <map>
 #include <memory>
 
 #include "automation/auto_play.h"
@@ -18,6 +19,9 @@
 namespace feltmaster {
 
 namespace {
+
+// The columns of the rows.
+enum SettingColumn { kSettingTab, kSettingCaption, kSettingValue, kSettingName };
 
 using Choices = std::span<const std::string_view>;
 
@@ -389,6 +393,21 @@ Rows SettingRows(Game& game) {
     }
   }
   return rows;
+}
+
+Rows ChangedSettingRows(Game& game, Game& other) {
+  // Several controls may show parts of one setting, and a payoff is listed only where it differs.
+  const auto key = [](const Row& row) { return std::pair(row[kSettingCaption], row[kSettingName]); };
+  std::map<std::pair<std::string, std::string>, std::string> there;
+  for (const Row& row : SettingRows(other)) there[key(row)] = row[kSettingValue];
+  Rows changed;
+  for (const Row& row : SettingRows(game)) {
+    const auto same = there.find(key(row));
+    const std::string usual = same == there.end() ? "Feltmaster's own" : same->second;
+    if (row[kSettingName].empty() || row[kSettingValue] == usual) continue;
+    changed.push_back({row[kSettingCaption], row[kSettingValue], usual, row[kSettingName]});
+  }
+  return changed;
 }
 
 }  // namespace feltmaster

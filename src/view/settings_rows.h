@@ -39,4 +39,7 @@ std::string ShownSetting(Game& game, const SettingControl& control);
 // house's own.
 Rows SettingRows(Game& game);
 
+// The settings in which a game differs from another: caption, value here, value there, name.
+Rows ChangedSettingRows(Game& game, Game& other);
+
 }  // namespace feltmaster

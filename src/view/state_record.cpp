@@ -359,7 +359,7 @@ const StateName
                 },
                 [](Game& game, const StateIndex& index, const StateValue& value) {
                   game.BetAmountAtRollStart[static_cast<std::size_t>(index[0])] = Money(value);
-                  game.BetAmount.ChangedSinceStart().Add(index[0]);
+                  game.BetAmount.MarkForRollStart(index[0]);
                   return true;
                 }),
             Custom(
@@ -782,6 +782,14 @@ const StateName
             NAME(AppPath),
             NAME(GameFileName),
             NAME(GamesLogFile),
+            NAME(GamesCount),
+            NAME(GamesIncludedCount),
+            NAME(GamesBreakLow),
+            NAME(GamesBreakHigh),
+            BOUNDED(GamesBarWidth, 1, 105),
+            BOUNDED(GamesTopLine, 1, kAnyHigh),
+            ROW(GamesPointers, 0, 1),
+            BOUNDED(GamesMeanColumn, 0, kHistogramColumns - 1),
             NAME(FileDialogPath),
             NAME(FileDialogName),
             NAME(FileStatus),
