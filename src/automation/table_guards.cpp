@@ -1,6 +1,7 @@
 #include "automation/table_guards.h"
 
 #include "autobet/message.h"
+#include "engine/entry_box.h"
 #include "engine/place_bet.h"
 
 namespace feltmaster {

@@ -614,7 +614,7 @@ QImage PaintLayout(const LayoutLook& look, double scale, FeltStore& felts) {
                std::max(1, static_cast<int>(std::lround(kTableHeight * scale))),
                QImage::Format_RGB32);
   const QColor felt = ColorOf(look.colors[kColorFelt]);
-  image.fill(felt);  // the last row and column may be covered in part only
+  image.fill(kMahogany);  // the last row and column may be covered in part only
   const auto begin = [&](QPainter& painter) {
     painter.begin(&image);
     painter.setRenderHint(QPainter::Antialiasing);
