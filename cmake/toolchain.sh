@@ -1,6 +1,7 @@
 # What ./run and ./test share: the packages the build needs, those of the desktop, and a build that
-# is silent when there is nothing to do. Sourced by bash; standard input and output belong to the caller's program, so
-# nothing here reads the one or writes the other (but for the answer to a question at a terminal).
+# is silent when there is nothing to do. Sourced by bash; standard input and output belong to the
+# caller's program, so nothing here reads the one or writes the other (but for the answer to a
+# question at a terminal).
 
 packages=(g++ cmake ninja-build libgtest-dev libgmock-dev libbenchmark-dev libcli11-dev
           nlohmann-json3-dev libedit-dev pkg-config libcairo2-dev fonts-liberation)

@@ -69,7 +69,10 @@ std::string RunTable(const TableOptions& options) {
   ResultFile file;
   fault = file.Open(options.shot);
   if (fault.empty()) {
-    const std::string picture = TableShot(*table, options.scale);
+    const std::string name = Lower(options.shot);
+    const bool jpeg = name.ends_with(".jpg") || name.ends_with(".jpeg");
+    const std::string picture =
+        TableShot(*table, options.scale, jpeg ? PictureFormat::kJpeg : PictureFormat::kPng);
     if (picture.empty()) return "the picture could not be drawn.";
     file.Stream() << picture;
     fault = file.Finish();
@@ -101,7 +104,8 @@ void AddTableVerb(CLI::App& app, int& exit_code) {
   CLI::App* verb = app.add_subcommand("table", "Draws the table of a game into a picture file");
   verb->footer(kExamples);
   const auto options = std::make_shared<TableOptions>();
-  verb->add_option("--shot", options->shot, "The picture to write; - is standard output")
+  verb->add_option("--shot", options->shot,
+                   "The picture to write, as PNG or by its name as JPEG; - is standard output")
       ->type_name("FILE.png")
       ->required();
   verb->add_option("--game", options->game_file, "The game to show; without it an empty table")

@@ -82,7 +82,7 @@ float Smooth(int x, int y) {
 float BrushedNap(int x, int y) {
   const auto fx = static_cast<float>(x);
   const auto fy = static_cast<float>(y);
-  return 0.75f * Hairs(fx, fy, 24, 26, 2.4f, 11) + 0.35f * Clouds(fx, fy, 220, 2, 13);
+  return 0.6f * Hairs(fx, fy, 24, 18, 1.7f, 11) + 0.35f * Clouds(fx, fy, 220, 2, 13);
 }
 
 float Linen(int x, int y) {

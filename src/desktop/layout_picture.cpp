@@ -118,9 +118,25 @@ class FeltPrinter {
     Stroke(shape, width);
   }
   void Frame(const Box& box, double width = kLine) { Stroke(BoxShape(RectOf(box)), width); }
+  // Letters that stand out too little from the cloth get a rim that does.
+  void Letter(const QPainterPath& shape, TableColor which) {
+    const QColor ink = Ink(which);
+    const QColor cloth = Ink(kColorFelt);
+    // A rim takes some of the clearness of small print, so there it must be needed more.
+    const double height = shape.boundingRect().height();
+    const double readable = height > 10 ? 3 : 2;
+    if (Contrast(ink, cloth) < readable) {
+      const QColor dark = Mix(cloth, Qt::black, 0.75);
+      const QColor light = Mix(ink, Qt::white, 0.6);
+      painter_.strokePath(shape, QPen(Contrast(ink, dark) > Contrast(ink, light) ? dark : light,
+                                      std::clamp(height * 0.07, 0.7, 1.8), Qt::SolidLine,
+                                      Qt::RoundCap, Qt::RoundJoin));
+    }
+    painter_.fillPath(shape, ink);
+  }
   void Text(const QRectF& box, const QFont& font, const QString& text, TableColor ink,
             double spacing = 0) {
-    PaintText(painter_, box, font, text, Ink(ink), spacing);
+    Letter(Fitted(TextShape(font, text, spacing), box), ink);
   }
   // With the baseline at y, the middle at x.
   void TextAt(double x, double baseline, const QFont& font, const QString& text, TableColor ink,
@@ -132,7 +148,7 @@ class FeltPrinter {
     place.translate(x, baseline);
     place.scale(scale, scale);
     place.translate(-bounds.center().x(), 0);
-    painter_.fillPath(place.map(shape), Ink(ink));
+    Letter(place.map(shape), ink);
   }
 
   void PrintBorders() {
@@ -211,20 +227,18 @@ class FeltPrinter {
     const QPainterPath shape = TextShape(Lettering(38), number);
     const double room = kGridColumnWidth - 9;
     const double narrow = std::min(1.0, room / shape.boundingRect().width());
-    painter_.fillPath(Centred(QTransform::fromScale(narrow, 1).map(shape), middle),
-                      Ink(kColorPlaceText));
+    Letter(Centred(QTransform::fromScale(narrow, 1).map(shape), middle), kColorPlaceText);
   }
 
   void PrintComeBox() {
     const QRectF box = RectOf(kComeBoxBox);
     const QPointF middle = box.center();
-    painter_.fillPath(Centred(TextShape(Lettering(54), "COME", 14), middle), Ink(kColorLineText));
+    Letter(Centred(TextShape(Lettering(54), "COME", 14), middle), kColorLineText);
     for (const double side : {-1.0, 1.0}) {
       const QPointF at = middle + QPointF(side * 168, 0);
-      PaintText(painter_, QRectF(at.x() - 30, at.y() - 14, 60, 11), SmallPrint(9), "PAYS",
-                Ink(kColorLineText), 1.5);
-      PaintText(painter_, QRectF(at.x() - 30, at.y() - 1, 60, 17), SmallPrint(17), Ratio(kComeBox),
-                Ink(kColorLineText));
+      Text(QRectF(at.x() - 30, at.y() - 14, 60, 11), SmallPrint(9), "PAYS", kColorLineText, 1.5);
+      Text(QRectF(at.x() - 30, at.y() - 1, 60, 17), SmallPrint(17), Ratio(kComeBox),
+           kColorLineText);
     }
   }
 
@@ -233,7 +247,7 @@ class FeltPrinter {
     const double left = 152;
     const double right = kFieldBox.right - 10;
     const QPointF word(left + (right - left) / 2, 327);
-    painter_.fillPath(Centred(TextShape(Lettering(28), "FIELD", 12), word), Ink(kColorFieldText));
+    Letter(Centred(TextShape(Lettering(28), "FIELD", 12), word), kColorFieldText);
     if (numbers.empty()) return;
     const double step = (right - left) / static_cast<double>(numbers.size());
     double x = left + step / 2;
@@ -245,8 +259,8 @@ class FeltPrinter {
         painter_.strokePath(ring, QPen(Ink(kColorFieldText), 1.2));
       }
       const double room = std::min(step - 4, 26.0);
-      PaintText(painter_, QRectF(x - room / 2, 256, room, 30), Lettering(27),
-                QString::number(number.total), Ink(kColorFieldText));
+      Text(QRectF(x - room / 2, 256, room, 30), Lettering(27), QString::number(number.total),
+           kColorFieldText);
       QString marks;
       for (const std::string& mark : number.marks) {
         marks += (marks.isEmpty() ? "" : " ") + QString::fromStdString(mark);
@@ -269,37 +283,34 @@ class FeltPrinter {
   // Below the upper line of its region; what is below belongs to the chips.
   void PrintBig(QPointF top, const QString& number, const QString& ratio) {
     TextAt(top.x(), top.y() + 11, SmallPrint(8.5), "BIG", kColorPropText, 36, 2.5);
-    painter_.fillPath(Centred(TextShape(Lettering(25), number), top + QPointF(-7, 22)),
-                      Ink(kColorPropText));
+    Letter(Centred(TextShape(Lettering(25), number), top + QPointF(-7, 22)), kColorPropText);
     TextAt(top.x() + 11, top.y() + 25.5, SmallPrint(9), ratio, kColorPropText, 18);
   }
 
   void PrintPassLine() {
     const QPointF centre = PointOf(kCornerCentre);
-    const QColor ink = Ink(kColorLineText);
+    constexpr TableColor kInk = kColorLineText;
     const double middle_radius = (kPassLineBand.inner + kPassLineBand.outer) / 2.0;
     const QPainterPath name = TextShape(Lettering(19), "PASS LINE", 3.5);
-    painter_.fillPath(Centred(Turned(name, -90), {centre.x() - middle_radius, 150}), ink);
-    painter_.fillPath(Centred(name, {240, centre.y() + middle_radius}), ink);
-    painter_.fillPath(TextOnArc(SmallPrint(9), "SEVEN ON THE COME-OUT " + Ratio(kComeBox), centre,
-                                middle_radius + 3.2, 225, 0.5, true),
-                      ink);
-    painter_.fillPath(
-        Centred(TextShape(SmallPrint(12), Ratio(kComeBox)), {418, centre.y() + middle_radius}),
-        ink);
+    Letter(Centred(Turned(name, -90), {centre.x() - middle_radius, 150}), kInk);
+    Letter(Centred(name, {240, centre.y() + middle_radius}), kInk);
+    Letter(TextOnArc(SmallPrint(9), "SEVEN ON THE COME-OUT " + Ratio(kComeBox), centre,
+                     middle_radius + 3.2, 225, 0.5, true),
+           kInk);
+    Letter(Centred(TextShape(SmallPrint(12), Ratio(kComeBox)), {418, centre.y() + middle_radius}),
+           kInk);
 
     const double odds_radius = (kPassOddsBand.inner + kPassOddsBand.outer) / 2.0;
-    painter_.fillPath(
-        TextOnArc(Lettering(12), "LINE ODDS", centre, odds_radius + 4.3, 225, 2.5, true), ink);
-    painter_.fillPath(
+    Letter(TextOnArc(Lettering(12), "LINE ODDS", centre, odds_radius + 4.3, 225, 2.5, true), kInk);
+    Letter(
         Centred(Turned(TextShape(Lettering(12), "ODDS", 4), -90), {centre.x() - odds_radius, 120}),
-        ink);
+        kInk);
     // The chips of the odds lie on the right.
-    PrintOddsTable({centre.x() + 4, centre.y() + odds_radius}, 340, ink);
+    PrintOddsTable({centre.x() + 4, centre.y() + odds_radius}, 340);
   }
 
   // What the odds of the line pay on each pair of points: "4 10" over "2t1".
-  void PrintOddsTable(QPointF from, double right, const QColor& ink) {
+  void PrintOddsTable(QPointF from, double right) {
     struct Group {
       QString points;
       QString ratio;
@@ -321,8 +332,8 @@ class FeltPrinter {
     for (const Group& group : groups) {
       const QRectF upper(x - step / 2 + 2, from.y() - 10, step - 4, 9);
       const QRectF lower(x - step / 2 + 2, from.y() + 1, step - 4, 10);
-      PaintText(painter_, upper, SmallPrint(8), group.points, ink);
-      PaintText(painter_, lower, SmallPrint(9.5), group.ratio, ink);
+      Text(upper, SmallPrint(8), group.points, kColorLineText);
+      Text(lower, SmallPrint(9.5), group.ratio, kColorLineText);
       x += step;
     }
   }
@@ -340,7 +351,7 @@ class FeltPrinter {
       QPainterPath ring;
       ring.addEllipse(middle, 8.6, 8.6);
       painter_.strokePath(ring, QPen(Ink(half.ink), 1));
-      PaintText(painter_, SquareAround(middle, 5.6), Lettering(12), half.letter, Ink(half.ink));
+      Text(SquareAround(middle, 5.6), Lettering(12), half.letter, half.ink);
       TextAt(half.x, 373, SmallPrint(6.8), Ratio(half.bet), half.ink, 25);
     }
   }
@@ -430,8 +441,8 @@ class FeltPrinter {
   void PrintStickCorner() {
     const QRectF box = RectOf(kStickCorner);
     const QPointF middle(box.center().x(), 60);
-    const QColor ink = Ink(kColorLineText);
-    painter_.fillPath(TextOnArc(Lettering(14), "FELTMASTER", middle, 40, 0, 1.6), ink);
+    constexpr TableColor kInk = kColorLineText;
+    Letter(TextOnArc(Lettering(14), "FELTMASTER", middle, 40, 0, 1.6), kInk);
     const double side = 19;
     for (const double turn : {-14.0, 12.0}) {
       painter_.save();
@@ -603,7 +614,7 @@ QImage PaintLayout(const LayoutLook& look, double scale, FeltStore& felts) {
                std::max(1, static_cast<int>(std::lround(kTableHeight * scale))),
                QImage::Format_RGB32);
   const QColor felt = ColorOf(look.colors[kColorFelt]);
-  image.fill(felt);  // the last row and column may be covered in part only
+  image.fill(kMahogany);  // the last row and column may be covered in part only
   const auto begin = [&](QPainter& painter) {
     painter.begin(&image);
     painter.setRenderHint(QPainter::Antialiasing);

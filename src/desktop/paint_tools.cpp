@@ -67,6 +67,19 @@ QColor WithAlpha(QColor color, int alpha) {
   return color;
 }
 
+double Contrast(const QColor& a, const QColor& b) {
+  const auto light = [](const QColor& color) {
+    const auto linear = [](double channel) {
+      return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF()) + 0.05;
+  };
+  const double first = light(a);
+  const double second = light(b);
+  return std::max(first, second) / std::min(first, second);
+}
+
 QRectF SquareAround(QPointF middle, double half) {
   return QRectF(middle.x() - half, middle.y() - half, 2 * half, 2 * half);
 }

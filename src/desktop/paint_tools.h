@@ -22,6 +22,8 @@ QColor ColorOf(std::int32_t blue_green_red);
 // Part of the way from one colour to another, 0 to 1.
 QColor Mix(const QColor& from, const QColor& to, double part);
 QColor WithAlpha(QColor color, int alpha);
+// How well one colour is read on another: 1 for the same, 21 for black on white.
+double Contrast(const QColor& a, const QColor& b);
 
 inline QRectF RectOf(const Box& box) {
   return QRectF(box.left, box.top, box.Width(), box.Height());

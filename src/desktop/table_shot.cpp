@@ -8,7 +8,7 @@
 
 namespace feltmaster {
 
-std::string TableShot(const Game& game, double scale) {
+std::string TableShot(const Game& game, double scale, PictureFormat format) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   // What the toolkit has to say about the desktop it does not find is of no use here.
   qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
@@ -26,7 +26,10 @@ std::string TableShot(const Game& game, double scale) {
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);
-  if (!picture.Image().save(&buffer, "PNG")) return {};
+  constexpr int kQuality = 90;  // of a JPEG
+  const bool saved = format == PictureFormat::kJpeg ? picture.Image().save(&buffer, "JPG", kQuality)
+                                                    : picture.Image().save(&buffer, "PNG");
+  if (!saved) return {};
   return bytes.toStdString();
 }
 

@@ -6,9 +6,11 @@
 
 namespace feltmaster {
 
-// The picture of a table as the bytes of a PNG file, painted without a display; empty when that
-// failed. `scale` is its pixels for each pixel of the 640 by 440 grid, 0.25 to 8. Call it before
-// any window of the program is made.
-std::string TableShot(const Game& game, double scale);
+enum class PictureFormat { kPng, kJpeg };
+
+// The picture of a table as the bytes of a file, painted without a display; empty when that failed.
+// `scale` is its pixels for each pixel of the 640 by 440 grid, 0.25 to 8. Call it before any window
+// of the program is made.
+std::string TableShot(const Game& game, double scale, PictureFormat format);
 
 }  // namespace feltmaster

@@ -44,23 +44,60 @@ void PaintHand(QPainter& painter, QPointF tip) {
   FillAndOutline(painter, hand.simplified().translated(tip), Qt::white);
 }
 
-// Two arrows one after the other in a circle: a press brings in the other panel.
-void PaintSwitch(QPainter& painter, QPointF middle) {
-  for (const double turn : {0.0, 180.0}) {
-    QPainterPath arc;
-    arc.arcMoveTo(SquareAround({0, 0}, 9), 150);
-    arc.arcTo(SquareAround({0, 0}, 9), 150, -120);
-    QPainterPath head;
-    head.moveTo(12.6, -6.4);
-    head.lineTo(4.4, -6.2);
-    head.lineTo(9.6, 0.8);
-    head.closeSubpath();
-    QPainterPathStroker broad;
-    broad.setWidth(3);
-    const QPainterPath shape =
-        Turned(broad.createStroke(arc).united(head), turn).translated(middle);
-    FillAndOutline(painter, shape, Qt::white);
+void PaintHourglass(QPainter& painter, QPointF middle) {
+  QPainterPath glass;
+  glass.moveTo(-7, -11);
+  glass.lineTo(7, -11);
+  glass.cubicTo(7, -3, 1.2, -3, 1.2, 0);
+  glass.cubicTo(1.2, 3, 7, 3, 7, 11);
+  glass.lineTo(-7, 11);
+  glass.cubicTo(-7, 3, -1.2, 3, -1.2, 0);
+  glass.cubicTo(-1.2, -3, -7, -3, -7, -11);
+  glass.closeSubpath();
+  FillAndOutline(painter, glass.translated(middle), Qt::white);
+  for (const double y : {-11.5, 11.5}) {
+    QPainterPath plate;
+    plate.addRoundedRect(QRectF(middle.x() - 8.5, middle.y() + y - 1.6, 17, 3.2), 1.4, 1.4);
+    FillAndOutline(painter, plate, QColor(0xC9, 0xA2, 0x4A));
   }
+  QPainterPath sand;
+  sand.moveTo(-5.4, 10);
+  sand.quadTo(0, 1.5, 5.4, 10);
+  sand.closeSubpath();
+  painter.fillPath(sand.translated(middle), QColor(0xD9, 0x8A, 0x14));
+}
+
+void PaintBeam(QPainter& painter, QPointF middle) {  // of a text field
+  QPainterPath beam;
+  beam.addRect(QRectF(-0.9, -9, 1.8, 18));
+  beam.addRect(QRectF(-4, -10, 8, 1.8));
+  beam.addRect(QRectF(-4, 8.2, 8, 1.8));
+  beam.setFillRule(Qt::WindingFill);
+  FillAndOutline(painter, beam.translated(middle), Qt::white);
+}
+
+// A round sign beside a tool: minus for what is taken off, a cross for what is taken down.
+void PaintSign(QPainter& painter, QPointF middle, bool cross) {
+  QPainterPath disc;
+  disc.addEllipse(middle, 5.4, 5.4);
+  FillAndOutline(painter, disc, QColor(0xD2, 0x1F, 0x26));
+  painter.setPen(QPen(Qt::white, 2, Qt::SolidLine, Qt::RoundCap));
+  constexpr double kArm = 2.4;
+  if (cross) {
+    painter.drawLine(middle - QPointF(kArm, kArm), middle + QPointF(kArm, kArm));
+    painter.drawLine(middle - QPointF(kArm, -kArm), middle + QPointF(kArm, -kArm));
+  } else {
+    painter.drawLine(middle - QPointF(kArm + 0.6, 0), middle + QPointF(kArm + 0.6, 0));
+  }
+}
+
+// Some chips one on the other, with the number of a place in the rack or without.
+void PaintPile(QPainter& painter, QPointF middle, const LayoutLook& look, const QString& number) {
+  constexpr int kGreen = 3;
+  for (int chip = 0; chip < 3; ++chip) {
+    PaintChip(painter, middle + QPointF(0, 2.6 - 2.6 * chip), look.chip_design, kGreen, {});
+  }
+  PaintText(painter, SquareAround(middle - QPointF(0, 2.6), 5.5), Lettering(13), number, Qt::black);
 }
 
 }  // namespace
@@ -70,12 +107,7 @@ void PaintTool(QPainter& painter, QPointF middle, const LayoutLook& look, int to
     PaintChip(painter, middle, look.chip_design, tool,
               look.chip_texts[static_cast<std::size_t>(tool - kFirstChipTool)]);
   } else if (IsPileTool(tool)) {
-    // A small pile, with the number of its place in the rack.
-    for (int chip = 0; chip < 3; ++chip) {
-      PaintChip(painter, middle + QPointF(0, 2.6 - 2.6 * chip), look.chip_design, 3, {});
-    }
-    PaintText(painter, SquareAround(middle - QPointF(0, 2.6), 5.5), Lettering(13),
-              QString::number(tool - kFirstPileTool + 1), Qt::black);
+    PaintPile(painter, middle, look, QString::number(tool - kFirstPileTool + 1));
   } else if (tool == kBuyTool) {
     PaintLammer(painter, middle, 10.5, Lammer::kMarkBuy);
   } else if (tool == kCallOffTool) {
@@ -85,8 +117,8 @@ void PaintTool(QPainter& painter, QPointF middle, const LayoutLook& look, int to
   }
 }
 
-Pointer PointerOver(const LayoutLook& look, int selected_tool, int call_bet_mode, const Hit& hit,
-                    double size, double pixel_ratio) {
+PointerPicture PaintPointer(const LayoutLook& look, const PointerImage& image, double size,
+                            double pixel_ratio) {
   const int side = std::max(1, static_cast<int>(std::lround(size * pixel_ratio)));
   QPixmap picture(side, side);
   picture.fill(Qt::transparent);
@@ -95,28 +127,48 @@ Pointer PointerOver(const LayoutLook& look, int selected_tool, int call_bet_mode
   painter.scale(side / kPointerSide, side / kPointerSide);
 
   const QPointF middle(kPointerSide / 2, kPointerSide / 2);
-  QPointF hot(2, 2);
-  const bool on_bet = IsLayoutBet(hit.bet) || IsChipStack(hit.bet);
-  if (hit.tool != kNoTool || hit.bet == kHitRecorder) {
-    hot = {11, 3};
-    PaintHand(painter, hot);
-  } else if (hit.bet == kHitPanelCorner) {
-    hot = middle;
-    PaintSwitch(painter, middle);
-  } else if (on_bet && call_bet_mode > 0) {
-    constexpr std::array kCarried = {kCallOnTool, kCallOffTool, kBuyTool};
-    hot = {11, 3};
-    PaintHand(painter, hot);
-    if (call_bet_mode <= static_cast<int>(kCarried.size())) {
-      painter.translate(22.5, 23);
-      painter.scale(0.72, 0.72);
-      PaintTool(painter, {0, 0}, look, kCarried[static_cast<std::size_t>(call_bet_mode - 1)]);
-    }
-  } else if (on_bet) {
-    hot = middle;
-    PaintTool(painter, middle, look, selected_tool);
-  } else {
-    PaintArrow(painter, hot);
+  const QPointF corner(24, 24);  // of a sign
+  QPointF hot = middle;
+  switch (image.shape) {
+    case PointerShape::kArrow:
+      hot = {2, 2};
+      PaintArrow(painter, hot);
+      break;
+    case PointerShape::kBusy:
+      PaintHourglass(painter, middle);
+      break;
+    case PointerShape::kHand:
+      hot = {11, 3};
+      PaintHand(painter, hot);
+      break;
+    case PointerShape::kText:
+      PaintBeam(painter, middle);
+      break;
+    case PointerShape::kChip:
+    case PointerShape::kPile:
+      PaintTool(painter, middle, look, image.tool);
+      break;
+    case PointerShape::kTakeChip:
+      PaintTool(painter, middle, look, image.tool);
+      PaintSign(painter, corner, false);
+      break;
+    case PointerShape::kTakeAll:
+      PaintPile(painter, middle, look, {});
+      PaintSign(painter, corner, true);
+      break;
+    case PointerShape::kBuyIt:
+      PaintTool(painter, middle, look, kBuyTool);
+      break;
+    case PointerShape::kTurnOn:
+      PaintTool(painter, middle, look, kCallOnTool);
+      break;
+    case PointerShape::kTurnOff:
+      PaintTool(painter, middle, look, kCallOffTool);
+      break;
+    case PointerShape::kLifted:
+      PaintPile(painter, middle - QPointF(0, 3), look, {});
+      PaintHand(painter, middle + QPointF(1, 0));
+      break;
   }
   painter.end();
   picture.setDevicePixelRatio(pixel_ratio);

@@ -6,7 +6,7 @@
 #include <QPointF>
 
 #include "desktop/layout_picture.h"
-#include "table/layout.h"
+#include "table/table_input.h"
 
 namespace feltmaster {
 
@@ -14,15 +14,13 @@ namespace feltmaster {
 // chip, the pile of a Chip-Stack, or a disc. `tool` is a value of ChipColor.
 void PaintTool(QPainter& painter, QPointF middle, const LayoutLook& look, int tool);
 
-// The pointer over a place of the table: the tool where it takes effect, a hand over what can be
-// chosen, an arrow elsewhere. The hot spot is in pixels of the picture.
-struct Pointer {
+// The picture of a pointer: what a press would do, with the tool or its sign at the hot spot.
+struct PointerPicture {
   QPixmap picture;
-  QPoint hot_spot;
+  QPoint hot_spot;  // in pixels of `size`
 };
-// `call_bet_mode` above 0 means that a command waits for a press on a bet. The picture is made for
-// screens with `pixel_ratio` device pixels to a pixel, at `size` pixels wide.
-Pointer PointerOver(const LayoutLook& look, int selected_tool, int call_bet_mode, const Hit& hit,
-                    double size, double pixel_ratio);
+// `size` pixels wide, for a screen with `pixel_ratio` device pixels to a pixel.
+PointerPicture PaintPointer(const LayoutLook& look, const PointerImage& image, double size,
+                            double pixel_ratio);
 
 }  // namespace feltmaster

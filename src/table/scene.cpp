@@ -15,13 +15,15 @@ class SceneBuilder {
 
   Scene Build() {
     Add(SpriteKind::kPuck, PuckPlace(game_.Point), game_.Point);
-    if (game_.DisplayBetAmounts) {
+    if (game_.DisplayBetAmounts) {  // an amount is never hidden by a mark
+      AddMarks();
       AddFigures();
+      AddPileFigures();
     } else {
       AddChips();
+      AddPileFigures();
+      AddMarks();
     }
-    AddPileFigures();
-    AddMarks();
     for (const DieOnTable& die : view_.dice) {
       Sprite& sprite = Add(SpriteKind::kDie, die.at, die.face);
       sprite.turn = die.turn;
@@ -51,6 +53,11 @@ class SceneBuilder {
     return IsLayoutBet(slot) ? !NotShown(game_, slot) : PileOfStack(game_, slot) != 0;
   }
 
+  bool IsCalled(int bet) const {
+    const int state = game_.BetState[bet];
+    return state == kCalledOn || state == kCalledOff;
+  }
+
   void AddChips() {
     for (const TableChip& chip : game_.ChipList) {
       if (chip.bet != 0 && Shown(chip.bet)) {
@@ -62,7 +69,9 @@ class SceneBuilder {
   void AddFigures() {
     (game_.BetAmount.Standing() & kLayoutBets).ForEach([this](int bet) {
       if (!Shown(bet)) return;
-      Add(SpriteKind::kFigures, NumberPlace(bet))
+      Pixel place = NumberPlace(bet);
+      if (IsCalled(bet)) place.x += kMarkSize;  // ON or OFF stands there
+      Add(SpriteKind::kFigures, place)
           .text.push_back({FormatMoney(game_.BetAmount[bet]), StatusColor::kBlue});
     });
   }
@@ -86,9 +95,9 @@ class SceneBuilder {
       if (IsLay(bet)) Add(SpriteKind::kMark, VigMarkPlace(bet), kMarkLay);
     });
     for (int bet = 1; bet <= kBetCount; ++bet) {
-      const int state = game_.BetState[bet];
-      if ((state != kCalledOn && state != kCalledOff) || HiddenByPanel(game_, bet)) continue;
-      Add(SpriteKind::kMark, CallMarkPlace(bet), state == kCalledOn ? kMarkOn : kMarkOff);
+      if (!IsCalled(bet) || HiddenByPanel(game_, bet)) continue;
+      Add(SpriteKind::kMark, CallMarkPlace(bet),
+          game_.BetState[bet] == kCalledOn ? kMarkOn : kMarkOff);
     }
   }
 

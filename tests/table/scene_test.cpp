@@ -85,6 +85,11 @@ TEST_F(SceneTest, MarksFiguresOfPilesAndTheRest) {
   game->DisplayBetAmounts = true;
   EXPECT_THAT(Texts(SpriteKind::kPileFigures), ElementsAre("-1,500", "70"));
 
+  // A called bet's amount stands beside its mark.
+  const Pixel beside = NumberPlace(kHard4);
+  game->ShowHopBets = false;
+  EXPECT_EQ(Of(SpriteKind::kFigures).back().at, (Pixel{beside.x + kMarkSize, beside.y}));
+
   view.banner = "Auto-Betting";
   EXPECT_THAT(Texts(SpriteKind::kPrompt), ElementsAre("Auto-Betting"));
   game->CallBetMode = 2;
