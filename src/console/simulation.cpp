@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <exception>
+#include <initializer_list>
 #include <limits>
 #include <memory>
 #include <mutex>
@@ -67,11 +68,19 @@ std::string FindContradiction(const Experiment& experiment) {
   return {};
 }
 
-bool WritesFiles(const Game& table) {
-  return std::any_of(table.ScriptLines.begin(), table.ScriptLines.end(), [](const auto& line) {
+bool HasAction(const Game& table, std::initializer_list<std::int32_t> codes) {
+  return std::any_of(table.ScriptLines.begin(), table.ScriptLines.end(), [&](const auto& line) {
     return line.LineKind == kActionLine &&
-           (line.LineCode == kActionOpenAppend || line.LineCode == kActionOpenClear);
+           std::find(codes.begin(), codes.end(), line.LineCode) != codes.end();
   });
+}
+
+bool WritesFiles(const Game& table) {
+  return HasAction(table, {kActionOpenAppend, kActionOpenClear});
+}
+
+bool SelectsGenerators(const Game& table) {
+  return HasAction(table, {kActionSelectRng, kActionSelectRngValue, kActionSelectRngLastValue});
 }
 
 // --- One game --------------------------------------------------------------------------------
@@ -114,6 +123,7 @@ class Worker {
         limits_(limits),
         results_(results),
         progress_(progress),
+        selects_generators_(SelectsGenerators(table)),
         game_(std::make_unique<Game>(table)) {
     if (!game_->ScriptLines.empty()) script_ = CompiledForm(*game_);
   }
@@ -131,8 +141,7 @@ class Worker {
                          follow ? &results_.paths[static_cast<std::size_t>(index)] : nullptr,
                          progress_);
     game.surface = &surface;
-    SeedGenerators(game, seed);
-    game.RngSelected = table_.RngSelected;
+    Seed(seed);
 
     if (!game.ScriptLines.empty()) RunInitialisationCycle(game);
     surface.BeginSession();
@@ -147,6 +156,21 @@ class Worker {
   const std::optional<ScriptFault>& Fault() const { return fault_; }
 
  private:
+  // All generators as a new table has them. The seeding of all five takes as long as a hundred
+  // rolls, so those that the game cannot draw from are left alone.
+  void Seed(std::int32_t seed) {
+    Game& game = *game_;
+    if (selects_generators_) {
+      SeedGenerators(game, seed);
+      game.RngSelected = table_.RngSelected;
+      return;
+    }
+    constexpr std::int32_t kSeedGiven = -1;
+    game.BetRequest = MoneyAmount::FromWhole(seed);
+    SeedRng(game, kSeedGiven);
+    game.SeedValue = seed;  // the last of the five leaves it so
+  }
+
   void NoteFault(std::int64_t number, std::string_view reason) {
     if (fault_ && fault_->game < number) return;
     fault_ = ScriptFault{number, game_->CurrentLine,
@@ -192,6 +216,7 @@ class Worker {
   const SessionLimits& limits_;
   SimulationResults& results_;
   SimulationProgress& progress_;
+  const bool selects_generators_;
   std::unique_ptr<Game> game_;
   std::shared_ptr<const CompiledScript> script_;  // its own: all count their uses of it each roll
   ExpectedValues expected_values_;
