@@ -432,7 +432,9 @@ void ExecuteAction(Game& game, const CompiledLine& line, ScriptRun& run) {
       run.PendingLine = line.jump;
       break;
     case kActionReturn:
-      if (!run.Returns.Empty()) run.ReturnPending = run.OverallTrue = true;
+      if (run.Returns.Empty()) break;
+      run.Arrived = Arrival::kToReturn;
+      run.OverallTrue = true;
       break;
     case kActionSetFlag:
       SetFlags(game, line, true);

@@ -36,6 +36,13 @@ class ReturnStack {
   std::vector<std::int32_t> rest_;
 };
 
+// How the run has come to the line at hand.
+enum class Arrival : std::uint8_t {
+  kInOrder,
+  kByJump,    // it is the label of a Go to or Gosub
+  kToReturn,  // a Return is pending: the run goes back instead
+};
+
 // The control state of one run.
 struct ScriptRun {
   bool BlockTrue = false;
@@ -43,8 +50,7 @@ struct ScriptRun {
   bool BlockHasNew = false;
   bool OverallTrue = false;
   bool PrevBlockTrue = false;
-  bool ReturnPending = false;
-  bool LabelPending = false;     // the line at hand is the label of a jump
+  Arrival Arrived = Arrival::kInOrder;
   std::int32_t XorKind = 0;      // kXorWhen or kXorWhile while such a block is open
   std::int32_t BlockKind = 0;    // kind of the line that opened the block or section
   std::int32_t PendingLine = 0;  // where a jump goes; 0 when none has been asked for

@@ -177,7 +177,7 @@ Next TakeAction(Game& game, ScriptRun& run, const CompiledLine& line) {
   }
   ExecuteAction(game, line, run);
   if (!Stepping(game)) return Next::kLine;
-  if (line.code == kActionReturn && !run.ReturnPending) {
+  if (line.code == kActionReturn && run.Arrived != Arrival::kToReturn) {
     Report(game,
            "This statement will be ignored since it was not encountered as a result of a \"GoSub\" "
            "statement.  Processing will resume with the next line in order.");
@@ -258,12 +258,10 @@ bool WalkScript(Game& game, const CompiledScript& script) {
     game.CurrentLine = at;
     if (!GoesOn(game, run, 1)) return false;
     const CompiledLine& line = lines[at - 1];
-    if ((run.LabelPending || run.ReturnPending) && line.kind != kCommentLine) [[unlikely]] {
-      if (run.LabelPending) {
-        run.LabelPending = false;
+    if (run.Arrived != Arrival::kInOrder && line.kind != kCommentLine) [[unlikely]] {
+      if (std::exchange(run.Arrived, Arrival::kInOrder) == Arrival::kByJump) {
         OpenSection(game, run, kLabelLine);
       } else {
-        run.ReturnPending = false;
         game.CurrentLine = at = run.Returns.Pop();
         Report(game,
                "A \"Return\" statement has caused a jump back to this \"GoSub\" statement.  "
@@ -281,7 +279,7 @@ bool WalkScript(Game& game, const CompiledScript& script) {
       at = run.PendingLine;
       run.LinesSinceYield += at - 1;
       run.PendingLine = 0;
-      run.LabelPending = true;
+      run.Arrived = Arrival::kByJump;
     }
   }
   game.CurrentLine = at;

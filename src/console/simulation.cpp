@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <exception>
+#include <initializer_list>
 #include <limits>
 #include <memory>
 #include <mutex>
@@ -69,11 +70,19 @@ std::string FindContradiction(const Experiment& experiment) {
   return {};
 }
 
-bool WritesFiles(const Game& table) {
-  return std::any_of(table.ScriptLines.begin(), table.ScriptLines.end(), [](const auto& line) {
+bool HasAction(const Game& table, std::initializer_list<std::int32_t> codes) {
+  return std::any_of(table.ScriptLines.begin(), table.ScriptLines.end(), [&](const auto& line) {
     return line.LineKind == kActionLine &&
-           (line.LineCode == kActionOpenAppend || line.LineCode == kActionOpenClear);
+           std::find(codes.begin(), codes.end(), line.LineCode) != codes.end();
   });
+}
+
+bool WritesFiles(const Game& table) {
+  return HasAction(table, {kActionOpenAppend, kActionOpenClear});
+}
+
+bool SelectsGenerators(const Game& table) {
+  return HasAction(table, {kActionSelectRng, kActionSelectRngValue, kActionSelectRngLastValue});
 }
 
 // --- One game --------------------------------------------------------------------------------
@@ -117,6 +126,7 @@ class Worker {
         results_(results),
         progress_(progress),
         log_(log),
+        selects_generators_(SelectsGenerators(table)),
         game_(std::make_unique<Game>(table)) {
     if (!game_->ScriptLines.empty()) script_ = CompiledForm(*game_);
   }
@@ -136,8 +146,7 @@ class Worker {
                          follow ? &results_.paths[static_cast<std::size_t>(index)] : nullptr,
                          progress_);
     game.surface = &surface;
-    SeedGenerators(game, seed);
-    game.RngSelected = table_.RngSelected;
+    Seed(seed);
 
     if (!game.ScriptLines.empty()) RunInitialisationCycle(game);
     surface.BeginSession();
@@ -159,6 +168,21 @@ class Worker {
     std::string records;
     for (const Record& record : finished_) records += record.Bytes();
     log_->Take(index, std::move(records));
+  }
+
+  // All generators as a new table has them. The seeding of all five takes as long as a hundred
+  // rolls, so those that the game cannot draw from are left alone.
+  void Seed(std::int32_t seed) {
+    Game& game = *game_;
+    if (selects_generators_) {
+      SeedGenerators(game, seed);
+      game.RngSelected = table_.RngSelected;
+      return;
+    }
+    constexpr std::int32_t kSeedGiven = -1;
+    game.BetRequest = MoneyAmount::FromWhole(seed);
+    SeedRng(game, kSeedGiven);
+    game.SeedValue = seed;  // the last of the five leaves it so
   }
 
   void NoteFault(std::int64_t number, std::string_view reason) {
@@ -207,6 +231,7 @@ class Worker {
   SimulationResults& results_;
   SimulationProgress& progress_;
   BatchLog* log_;
+  const bool selects_generators_;
   std::unique_ptr<Game> game_;
   std::vector<Record> finished_;  // games that the script ended, and then the one played
   std::shared_ptr<const CompiledScript> script_;  // its own: all count their uses of it each roll

@@ -123,18 +123,14 @@ std::int64_t Magnitude(std::int64_t value) {
 //   step = denominator * chip / gcd(numerator, denominator * chip),
 // so it is enough to look at the multiples of step. How far they lie from a whole dollar repeats
 // after kScale / gcd(step, kScale) of them, which bounds the search for any setting.
-std::optional<MoneyAmount> FirstInWholeChips(const OddsOffer& odds, MoneyAmount chip) {
-  const std::int64_t numerator = Magnitude(odds.numerator.Raw());
-  const __int128 chips =
-      static_cast<__int128>(Magnitude(odds.denominator.Raw())) * Magnitude(chip.Raw());
-  if (chips == 0) throw MoneyDivisionByZero();
-  if (numerator == 0) return odds.allowed;
-  const __int128 step = chips / std::gcd(numerator, static_cast<std::int64_t>(chips % numerator));
+template <typename Integer>
+std::optional<MoneyAmount> FirstInWholeChips(std::int64_t allowed, std::int64_t numerator,
+                                             Integer chips) {
+  const Integer step = chips / std::gcd(numerator, static_cast<std::int64_t>(chips % numerator));
   const std::int64_t period =
       MoneyAmount::kScale /
       std::gcd(MoneyAmount::kScale, static_cast<std::int64_t>(step % MoneyAmount::kScale));
-  const std::int64_t allowed = odds.allowed.Raw();
-  __int128 candidate = (allowed + step - 1) / step * step;
+  Integer candidate = (allowed + step - 1) / step * step;
   for (std::int64_t i = 0; i < period; ++i, candidate += step) {
     if (candidate > std::numeric_limits<std::int64_t>::max()) break;
     if ((candidate - allowed) % MoneyAmount::kScale == 0) {
@@ -142,6 +138,22 @@ std::optional<MoneyAmount> FirstInWholeChips(const OddsOffer& odds, MoneyAmount 
     }
   }
   return std::nullopt;
+}
+
+std::optional<MoneyAmount> FirstInWholeChips(const OddsOffer& odds, MoneyAmount chip) {
+  const std::int64_t allowed = odds.allowed.Raw();
+  const std::int64_t numerator = Magnitude(odds.numerator.Raw());
+  const __int128 chips =
+      static_cast<__int128>(Magnitude(odds.denominator.Raw())) * Magnitude(chip.Raw());
+  if (chips == 0) throw MoneyDivisionByZero();
+  if (numerator == 0) return odds.allowed;
+  // A whole search over such amounts stays within 64 bits.
+  constexpr std::int64_t kSmallChips = std::int64_t{1} << 48;
+  constexpr std::int64_t kSmallAmount = std::int64_t{1} << 60;
+  if (chips < kSmallChips && -kSmallAmount < allowed && allowed < kSmallAmount) {
+    return FirstInWholeChips(allowed, numerator, static_cast<std::int64_t>(chips));
+  }
+  return FirstInWholeChips(allowed, numerator, chips);
 }
 
 MoneyAmount PushToChips(const OddsOffer& odds, MoneyAmount chip) {
@@ -318,6 +330,24 @@ bool TryAdjust(Game& game, int bet, BetNotes& notes, Rounding rounding) {
   return true;
 }
 
+void SetMinimum(Game& game, int bet, const PlacardLimits& placard) {
+  game.MinBetHere = bet >= kHard4 ? placard.unit : placard.minimum;
+}
+
+void SetMaximum(Game& game, int bet, const PlacardLimits& placard) {
+  MoneyAmount most = placard.maximum;
+  if (bet >= kHard4) {
+    most = std::min(most, FloorToBettingUnit(game, MaxPropBet(game, bet)));
+  } else if (IsOdds(bet)) {
+    const PayRow& row = RowOf(game, bet);
+    ComputeMaxOdds(game, bet, bet == kPassOdds ? kPassLine : bet - kComeOdds + kComePoint,
+                   row.PayNumerator, row.PayDenominator);
+    most = std::min(most, game.MaxBetHere);
+  }
+  // No rule makes a bet negative, whatever a game file sets.
+  game.MaxBetHere = std::max(most, MoneyAmount());
+}
+
 MoneyAmount RoundVig(MoneyAmount vig, MoneyAmount unit, std::int32_t rounding) {
   const MoneyAmount floor = FloorToUnit(vig, unit);
   const MoneyAmount rest = vig - floor;
@@ -341,23 +371,18 @@ MoneyAmount ChargedVig(const Game& game, MoneyAmount vig, MoneyAmount amount, Mo
 
 }  // namespace
 
+void ComputeLimits(Game& game, int bet) {
+  const PlacardLimits& placard = PlacardInUnits(game);
+  SetMinimum(game, bet, placard);
+  SetMaximum(game, bet, placard);
+}
+
 void ComputeMinBet(Game& game, int bet) {
-  game.MinBetHere = bet >= kHard4 ? BettingUnit(game) : PlacardInUnits(game).minimum;
+  SetMinimum(game, bet, PlacardInUnits(game));
 }
 
 void ComputeMaxBet(Game& game, int bet) {
-  const MoneyAmount placard = PlacardInUnits(game).maximum;
-  game.MaxBetHere = placard;
-  if (bet >= kHard4) {
-    game.MaxBetHere = FloorToBettingUnit(game, MaxPropBet(game, bet));
-  } else if (IsOdds(bet)) {
-    const PayRow& row = RowOf(game, bet);
-    ComputeMaxOdds(game, bet, bet == kPassOdds ? kPassLine : bet - kComeOdds + kComePoint,
-                   row.PayNumerator, row.PayDenominator);
-    game.MaxBetHere = FloorToBettingUnit(game, game.MaxBetHere);
-  }
-  // No rule makes a bet negative, whatever a game file sets.
-  game.MaxBetHere = std::max(std::min(game.MaxBetHere, placard), MoneyAmount());
+  SetMaximum(game, bet, PlacardInUnits(game));
 }
 
 void ComputeMaxOdds(Game& game, int bet, int flat_bet, MoneyAmount numerator,

@@ -7,6 +7,7 @@ namespace feltmaster {
 
 // Pure computations on the table; their results stand in the variables of the same names. A pay row
 // with the denominator 0 and a betting unit of 0 throw MoneyDivisionByZero.
+void ComputeLimits(Game& game, int bet);  // both of these:
 void ComputeMinBet(Game& game, int bet);  // MinBetHere
 void ComputeMaxBet(Game& game, int bet);  // MaxBetHere
 void ComputeMaxOdds(Game& game, int bet, int flat_bet, MoneyAmount numerator,

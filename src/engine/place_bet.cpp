@@ -301,7 +301,7 @@ Outcome ApplyRequest(Game& game, int bet) {
 
   BetNotes notes;
   const MoneyAmount wanted = amount + request;
-  ComputeMinBet(game, bet);
+  ComputeLimits(game, bet);
   if (wanted.Raw() > 0 && wanted < game.MinBetHere) {
     if (game.BetChange.Raw() > 0) {
       game.BetChange = game.MinBetHere - amount;
@@ -310,7 +310,6 @@ Outcome ApplyRequest(Game& game, int bet) {
       game.BetChange = -amount;
     }
   }
-  ComputeMaxBet(game, bet);
   if (wanted > game.MaxBetHere) {
     game.BetChange = game.MaxBetHere - amount;
     notes.Replace(BetNotes::kMaximumBet, game.MaxBetHere);

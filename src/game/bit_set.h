@@ -15,7 +15,10 @@ class BitSet {
 
   constexpr void Add(int member) { words_[Word(member)] |= Bit(member); }
   constexpr void Remove(int member) { words_[Word(member)] &= ~Bit(member); }
-  constexpr void Put(int member, bool in) { in ? Add(member) : Remove(member); }
+  constexpr void Put(int member, bool in) {
+    std::uint64_t& word = words_[Word(member)];
+    word = (word & ~Bit(member)) | (std::uint64_t{in} << (static_cast<unsigned>(member) % 64));
+  }
   constexpr bool Has(int member) const { return (words_[Word(member)] & Bit(member)) != 0; }
   constexpr void Clear() { words_ = {}; }
   constexpr void AddRange(int first, int last) {

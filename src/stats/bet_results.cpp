@@ -17,10 +17,10 @@ Rows& RowsOf(ResultTable& table, int series, int bet) {
   return table[static_cast<std::size_t>(series)][static_cast<std::size_t>(bet)];
 }
 
-// `count` decisions of the same amount, which is above 0 in all but odd rules.
-void AddAmounts(Rows& rows, std::uint32_t count, MoneyAmount amount) {
-  rows[kResultCount] += MoneyAmount::FromWhole(count);
-  rows[kResultTotal] += amount.Times(count);
+// Decisions of the same amount, which is above 0 in all but odd rules: how many, and their sum.
+void AddAmounts(Rows& rows, MoneyAmount count, MoneyAmount total, MoneyAmount amount) {
+  rows[kResultCount] += count;
+  rows[kResultTotal] += total;
   if (amount > rows[kResultHigh]) rows[kResultHigh] = amount;
   if (amount.Raw() > 0 && (rows[kResultLow].Raw() == 0 || amount < rows[kResultLow])) {
     rows[kResultLow] = amount;
@@ -147,7 +147,7 @@ class Settlement {
   void Put(ResultTable& table, std::size_t kind, int bet, MoneyAmount amount,
            const DecisionTally& tally) {
     Rows& rows = RowsOf(table, kPhantom, bet);
-    AddAmounts(rows, tally.count, amount);
+    AddAmounts(rows, MoneyAmount::FromWhole(tally.count), amount.Times(tally.count), amount);
     std::uint32_t& latest = latest_[kind][static_cast<std::size_t>(bet)];
     if (tally.last < latest) return;
     latest = tally.last;
@@ -264,7 +264,7 @@ void RecordBetResult(Game& game, int bet, MoneyAmount amount, MoneyAmount result
   }
   const auto record = [&](ResultTable& table, MoneyAmount value) {
     Rows& rows = RowsOf(table, kActual, bet);
-    AddAmounts(rows, 1, value);
+    AddAmounts(rows, MoneyAmount(1), value, value);
     rows[kResultLast] = value;
     MarkLastRoll(rows, value);
   };

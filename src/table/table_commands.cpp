@@ -166,7 +166,6 @@ static_assert([] {
   for (std::size_t i = 0; i < kMenuTable.size(); ++i) {
     const MenuCommand& command = kMenuTable[i];
     if (AccessKey(command.caption) == '\0') return false;
-    if (command.carry_out == nullptr && command.window == kNone) return false;
     for (std::size_t j = 0; j < i; ++j) {
       const MenuCommand& other = kMenuTable[j];
       const bool same_key = AccessKey(other.caption) == AccessKey(command.caption);
