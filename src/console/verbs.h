@@ -14,5 +14,6 @@ void AddBenchVerb(CLI::App& app, int& exit_code);
 void AddScriptVerb(CLI::App& app, int& exit_code);
 void AddAdvantageVerb(CLI::App& app, int& exit_code);
 void AddPayoffsVerb(CLI::App& app, int& exit_code);
+void AddRollsVerb(CLI::App& app, int& exit_code);
 
 }  // namespace feltmaster
