@@ -18,6 +18,7 @@
 #include "engine/resolve.h"
 #include "engine/table_effects.h"
 #include "files/roll_recorder.h"
+#include "reports/graph_print.h"
 #include "stats/bankroll_history.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
@@ -201,6 +202,7 @@ void PlayRoll(Game& game) {
   }
   if (PastBankLimit(game)) BankLimitReached(game);
   TrackBankroll(game);
+  if (game.GraphAutoPrint && game.BankrollHistoryCount == kGraphRolls) PrintGraph(game);
   if (game.ScriptActive == 1 && !game.ScriptLines.empty()) RunScript(game);
   FinishRollStatistics(game);
   CopyAmountsAtRollEnd(game);
@@ -215,6 +217,7 @@ void EndHyperDrive(Game& game) {
   if (!game.HyperDriveStopText.empty()) {
     Tell(game, "Hyper-Drive Stopped", game.HyperDriveStopText);
   }
+  FinishGraphPrint(game);
   game.RefreshBetAmounts = false;
   game.surface->TableChanged(kChangedAll);
 }
