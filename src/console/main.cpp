@@ -30,6 +30,7 @@ int main(int argc, char** argv) {
   feltmaster::AddScriptVerb(app, exit_code);
   feltmaster::AddAdvantageVerb(app, exit_code);
   feltmaster::AddPayoffsVerb(app, exit_code);
+  feltmaster::AddRollsVerb(app, exit_code);
   feltmaster::AddReportVerb(app, exit_code);
   feltmaster::AddDiceVerb(app, exit_code);
   feltmaster::AddGameVerb(app, exit_code);

@@ -37,6 +37,15 @@ std::size_t TerminalWidth() {
   return known ? size.ws_col : kUsualWidth;
 }
 
+void WipeLine() {
+  std::fputs("\r\033[K", stderr);
+}
+void DrawLine(const ProgressState& state) {
+  WipeLine();
+  std::fputs(ProgressLine(state, TerminalWidth() - 1).c_str(), stderr);
+  std::fflush(stderr);
+}
+
 }  // namespace
 
 std::string ProgressLine(const ProgressState& state, std::size_t width) {
@@ -78,7 +87,7 @@ ProgressBar::~ProgressBar() {
   }
   ended_.notify_one();
   thread_.join();
-  std::fputs("\r\033[K", stderr);
+  WipeLine();
 }
 
 void ProgressBar::Draw() {
@@ -90,8 +99,18 @@ void ProgressBar::Draw() {
       all_rolls_ > 0
           ? static_cast<double>(state.rolls) / all_rolls_
           : static_cast<double>(progress_.games.load(std::memory_order_relaxed)) / all_games_;
-  std::fprintf(stderr, "\r\033[K%s", ProgressLine(state, TerminalWidth() - 1).c_str());
-  std::fflush(stderr);
+  DrawLine(state);
+}
+
+WorkBar::~WorkBar() {
+  if (drawn_ != start_) WipeLine();
+}
+
+void WorkBar::Show(double done) {
+  const auto now = std::chrono::steady_clock::now();
+  if (now - drawn_ < kInterval || isatty(STDERR_FILENO) == 0) return;
+  drawn_ = now;
+  DrawLine({done, 0, std::chrono::duration<double>(now - start_).count()});
 }
 
 }  // namespace feltmaster

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
+#include <functional>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -41,6 +42,26 @@ class ProgressBar {
   std::condition_variable ended_;
   bool end_ = false;
   std::thread thread_;
+};
+
+// The same line for work that tells by itself how far it has come.
+class WorkBar {
+ public:
+  WorkBar() = default;
+  ~WorkBar();
+  WorkBar(const WorkBar&) = delete;
+  WorkBar& operator=(const WorkBar&) = delete;
+
+  // 0 to 1; drawn when it is time for it.
+  void Show(double done);
+  // Show, for as long as the bar lives.
+  std::function<void(double)> Showing() {
+    return [this](double done) { Show(done); };
+  }
+
+ private:
+  std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+  std::chrono::steady_clock::time_point drawn_ = start_;
 };
 
 }  // namespace feltmaster

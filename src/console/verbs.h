@@ -14,6 +14,7 @@ void AddBenchVerb(CLI::App& app, int& exit_code);
 void AddScriptVerb(CLI::App& app, int& exit_code);
 void AddAdvantageVerb(CLI::App& app, int& exit_code);
 void AddPayoffsVerb(CLI::App& app, int& exit_code);
+void AddRollsVerb(CLI::App& app, int& exit_code);
 void AddReportVerb(CLI::App& app, int& exit_code);
 void AddDiceVerb(CLI::App& app, int& exit_code);
 void AddGameVerb(CLI::App& app, int& exit_code);

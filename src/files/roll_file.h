@@ -8,20 +8,13 @@
 #include <string_view>
 
 #include "base/plain_file.h"
+#include "game/dice.h"
 
 namespace feltmaster {
 
 // A Dice Roll File: one byte for each roll, without a header. Roll n, counted from 1, is byte n
 // - 1. Bits 2 to 4 of the byte hold the first die, bits 5 to 7 the second; bits 0 and 1 are 0.
 
-struct Dice {
-  std::int32_t Die1 = 0;
-  std::int32_t Die2 = 0;
-
-  // A byte of a file can hold 0 and 7 as well.
-  constexpr bool AreGood() const { return Die1 >= 1 && Die1 <= 6 && Die2 >= 1 && Die2 <= 6; }
-  constexpr std::int32_t Total() const { return Die1 + Die2; }
-};
 constexpr char RollByte(Dice dice) {
   return static_cast<char>(dice.Die2 * 32 + dice.Die1 * 4);
 }

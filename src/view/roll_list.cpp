@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <utility>
 
 #include "files/roll_editor.h"
 #include "files/roll_recorder.h"
@@ -18,13 +19,9 @@ RollLine LineOf(const Game& game, std::int64_t number, const RollRange& selected
   return line;
 }
 
-void Fill(const Game& game, RollLine& line, Dice dice) {
-  line.Cells[1] = std::to_string(dice.Die1);
-  line.Cells[2] = std::to_string(dice.Die2);
-  line.Cells[3] = std::to_string(dice.Total());
-  line.IsHighlighted =
-      dice.AreGood() &&
-      game.RollHighlight[static_cast<std::size_t>(dice.Die2)][static_cast<std::size_t>(dice.Die1)];
+bool IsHighlighted(const Game& game, Dice dice) {
+  return dice.AreGood() && game.RollHighlight[static_cast<std::size_t>(dice.Die2)]
+                                             [static_cast<std::size_t>(dice.Die1)];
 }
 
 }  // namespace
@@ -39,6 +36,11 @@ Row RollListHeaders() {
   return {"Roll #", "Die 1", "Die 2", "Number called"};
 }
 
+Row RollCells(std::int64_t number, Dice dice) {
+  return {std::to_string(number), std::to_string(dice.Die1), std::to_string(dice.Die2),
+          std::to_string(dice.Total())};
+}
+
 std::vector<RollLine> RollLines(Game& game) {
   std::vector<RollLine> lines;
   const PlainFile* file = DiceRollFile(game);
@@ -51,8 +53,12 @@ std::vector<RollLine> RollLines(Game& game) {
   std::int64_t number = first;
   const auto take = [&](std::string_view rolls) -> std::optional<FileError> {
     for (const char roll : rolls) {
-      lines.push_back(LineOf(game, number++, selected));
-      Fill(game, lines.back(), DiceOf(roll));
+      const Dice dice = DiceOf(roll);
+      RollLine line = LineOf(game, number, selected);
+      line.Cells = RollCells(number, dice);
+      line.IsHighlighted = IsHighlighted(game, dice);
+      lines.push_back(std::move(line));
+      ++number;
     }
     return std::nullopt;
   };

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
+#include "game/dice.h"
 #include "game/game.h"
 #include "view/rows.h"
 
@@ -15,9 +17,11 @@ std::string RollFileCaption(const Game& game);
 
 // The headers over the list.
 Row RollListHeaders();
+// Roll number, the two dice, their sum.
+Row RollCells(std::int64_t number, Dice dice);
 
 struct RollLine {
-  Row Cells;                   // roll number, the two dice, their sum
+  Row Cells;                   // as of RollCells
   bool IsNext = false;         // white on blue
   bool IsSelected = false;     // on cyan
   bool IsHighlighted = false;  // in red, also on the next roll's line
