@@ -28,7 +28,4 @@ void TellNotSaved(Game& game, std::string_view what, const std::string& path);
 // The run in progress does not wait at its end: a dialog or a sound has taken the time.
 void EndPacing(Game& game);
 
-// FlagChanged becomes True when the value differs. index counts from 0.
-void SetFlag(Game& game, std::size_t index, bool value);
-
 }  // namespace feltmaster

@@ -68,11 +68,7 @@ std::optional<FileError> DraftFile::PutInPlace() {
                     ::rename(draft_.c_str(), target_.c_str()) == 0;
   if (!done) return SystemError(errno);
   draft_.clear();
-  // The name is on the disk only when its folder is. A folder that cannot be flushed is no fault.
-  const std::string folder = FolderOf(target_);
-  const Descriptor directory(
-      ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (directory.IsOpen()) ::fsync(directory.Number());
+  FlushFolderOf(target_);
   return std::nullopt;
 }
 

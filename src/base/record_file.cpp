@@ -112,6 +112,7 @@ std::optional<FileError> FaultOfRecordFile(const std::string& path) {
 
 std::optional<FileError> RecordReader::Open(const std::string& path) {
   if (std::optional<FileError> fault = FaultOfRecordFile(path)) return fault;
+  file_ = std::ifstream();
   errno = 0;
   file_.open(path, std::ios::binary);
   if (!file_.is_open()) return SystemError(errno != 0 ? errno : EIO);

@@ -15,7 +15,7 @@
 #include "stats/roll_statistics.h"
 #include "surface/null_surface.h"
 #include "view/figure.h"
-#include "view/rules_rows.h"
+#include "view/settings_rows.h"
 #include "view/table_rows.h"
 
 namespace feltmaster {
@@ -124,7 +124,7 @@ std::string ShowText(Shelf& shelf, const std::string& file) {
   text += Heading("Settings that differ from those of a new table");
   if (settings.empty()) return text + "none\n";
   Rows rows = {{"", "here", "new table"}};
-  rows.insert(rows.end(), settings.begin(), settings.end());
+  for (const Row& row : settings) rows.push_back({row[0], row[1], row[2]});
   return text + TextTable(rows);
 }
 
@@ -165,7 +165,7 @@ std::string ShowJson(Shelf& shelf, const std::string& file) {
   std::vector<std::string> settings;
   for (const Row& row : ChangedSettingRows(game, shelf.fresh)) {
     settings.push_back(
-        JsonObject().Add("name", row[0]).Add("value", row[1]).Add("new_table", row[2]).Text());
+        JsonObject().Add("name", row[3]).Add("value", row[1]).Add("new_table", row[2]).Text());
   }
   return JsonObject()
              .Add("file", file)

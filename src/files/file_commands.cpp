@@ -10,10 +10,12 @@
 #include "autobet/output_file.h"
 #include "autobet/run_script.h"
 #include "autobet/script_file.h"
+#include "automation/table_guards.h"
 #include "engine/new_game.h"
 #include "engine/roll_cycle.h"
 #include "files/file_dialog.h"
 #include "files/game_file.h"
+#include "files/games_log.h"
 #include "files/probability_commands.h"
 #include "files/roll_editor.h"
 #include "files/roll_recorder.h"
@@ -136,6 +138,7 @@ bool AskToSaveAll(Game& game) {
 bool NewGame(Game& game) {
   if (!AskToSaveAll(game)) return false;
   FinishGraphPrint(game);
+  LogFinishedGame(game);
   ResetGame(game, ResetMode::kAll);
   game.RefreshBetAmounts = true;
   game.surface->TableChanged(kChangedAll);
@@ -196,15 +199,10 @@ void ShowPath(Game& game) {
 }
 
 bool AskToClose(Game& game) {
-  if (game.AutoBetRunning) {
-    if (!AskYesNo(game, "Auto-Bet Active", "Do you want to interrupt Auto-Betting? ")) return false;
-    game.AutoBetRunning = false;
-    game.KeepRolling = false;
-  }
+  if (game.AutoBetRunning && !AskToEndScript(game)) return false;
   game.surface->LetEventsThrough();
   if (game.HyperDriveActive) {
-    if (!AskYesNo(game, "Hyper-Drive Active", "Do you want to stop Hyper-Drive?")) return false;
-    game.KeepRolling = false;
+    if (!AskToStopHyperDrive(game)) return false;
     game.surface->LetEventsThrough();
   }
   return AskToSaveAll(game);

@@ -11,6 +11,8 @@
 #include "base/text.h"
 #include "dice/probability.h"
 #include "files/game_file.h"
+#include "files/games_log.h"
+#include "files/games_log_commands.h"
 #include "files/roll_editor.h"
 #include "files/roll_recorder.h"
 #include "surface/surface.h"
@@ -99,6 +101,16 @@ Outcome EditRolls(Game& game, const std::string& path) {
   return Outcome::kFileError;
 }
 
+Outcome OpenChosenLog(Game& game, const std::string& path) {
+  return OutcomeOfLoad(game, OpenGamesLog(game, path));
+}
+Outcome MergeChosenLog(Game& game, const std::string& path) {
+  return MergeGamesLog(game, path) ? Outcome::kDone : Outcome::kRefused;
+}
+Outcome SaveLogUnderName(Game& game, const std::string& path) {
+  return OutcomeOfSave(SaveGamesLogAs(game, path));
+}
+
 constexpr auto kCommands = std::to_array<FileCommand>({
     {"Open Game File", "*.crp", OpenChosenGame},
     {"Save Game File As", "*.crp", NameGame, "Save Game File As"},
@@ -126,8 +138,9 @@ constexpr auto kCommands = std::to_array<FileCommand>({
     {"Select Probability File", "*.prb"},
     {"Select File  or  Enter New File Name", kAnyFile},
     {"Select Auto-Bet File for Hot-Key", "*.bet"},
-    {"Open Games Log", "*.glg"},
-    {"Save Games Log As", "*.glg", nullptr, "Save Games Log As"},
+    {"Open Games Log", "*.glg", OpenChosenLog},
+    {"Merge Games Log", "*.glg", MergeChosenLog},
+    {"Save Games Log As", "*.glg", SaveLogUnderName, "Save Games Log As"},
     {"Open Probability File", "*.prb", OpenProbabilities},
     {.caption = "Save Probability File As",
      .pattern = "*.prb",
@@ -174,7 +187,7 @@ void ForgetProbabilities(Game& game) {
   game.ProbabilityChanged = true;
 }
 void ForgetGamesLog(Game& game) {
-  game.GamesLogFile = game.AppPath + "default.glg";
+  game.GamesLogFile = game.AppPath + std::string(kDefaultGamesLog);
 }
 struct FileInUse {
   std::string_view word;

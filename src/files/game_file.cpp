@@ -15,6 +15,8 @@
 #include "autobet/script_file.h"
 #include "base/text.h"
 #include "dice/probability.h"
+#include "engine/sounds.h"
+#include "files/games_log.h"
 #include "files/roll_recorder.h"
 #include "stats/bankroll_history.h"
 #include "stats/bet_results.h"
@@ -280,6 +282,15 @@ void OpenOutput(Game& game, const std::string& path) {
   }
 }
 
+// A log that is not there yet is made by its first game.
+void TakeGamesLog(Game& game, const Companion& log) {
+  if (log.found == CompanionFound::kMissing) {
+    game.GamesLogFile = log.path;
+  } else {
+    OpenGamesLog(game, log.path);
+  }
+}
+
 // What the fields build on: counters whose clock starts anew, and nothing of the roll before.
 void ClearForFields(Game& game) {
   ResetRollStatistics(game);
@@ -314,7 +325,9 @@ void CompleteState(Game& game, bool recorder_goes_on) {
   game.CallBetMode = 0;
   game.Decisions.count = 0;
   game.HyperDriveStopText.clear();
-  game.EntryBoxOpen = false;
+  game.EntryBoxEdited = false;
+  game.LastStackBet = game.StackSlots[1];
+  BuildStickCalls(game);
   game.RedrawTable = true;
   game.ScriptUnsaved = false;
   game.ScriptNeedsInit = false;
@@ -336,7 +349,7 @@ void Adopt(Game& game, const std::string& path, const GameRecords& records) {
   const bool recorder_goes_on = OpenDiceRolls(game, companions[kDiceRollFile]);
   OpenProbabilities(game, companions[kProbabilityFile]);
   OpenOutput(game, companions[kOutputFile].path);
-  game.GamesLogFile = companions[kLogFile].path;
+  TakeGamesLog(game, companions[kLogFile]);
 
   ClearForFields(game);
   ReadGameFields(game, records, is_default);
