@@ -81,7 +81,6 @@ class GameFileLife : public testing::Test {
 void ForgetTheMoment(Game& game) {
   static_cast<RngState&>(game) = RngState();
   game.Decisions.count = 0;
-  game.PayTable[0] = PayRow();
   game.HyperDriveStopText.clear();
   for (ScriptFlag& flag : game.ScriptFlags) flag.FlagChanged = false;
   game.AnyFlagChanged = false;
@@ -93,14 +92,12 @@ void ForgetTheMoment(Game& game) {
   game.StackPileName = {};  // opening writes the number without a blank before it
 }
 
-// The first variables in which two games differ, or nothing.
+// The first variable in which two games differ, or nothing.
 std::string Difference(Game& a, Game& b) {
   ForgetTheMoment(a);
   ForgetTheMoment(b);
   if (StateHash(a) == StateHash(b)) return {};
-  std::string names;
   for (const StateName& entry : StateRecord()) {
-    if (entry.name == "BetName") continue;  // the piles have their names from the file
     std::array<StateBounds, kMaxStateRank> bounds{};
     for (int i = 0; i < entry.rank; ++i)
       bounds[static_cast<std::size_t>(i)] = BoundsOf(a, entry, i);
@@ -110,14 +107,13 @@ std::string Difference(Game& a, Game& b) {
           const StateValue one = entry.read(a, {i, j, k});
           const StateValue other = entry.read(b, {i, j, k});
           if (one == other) continue;
-          names += std::string(entry.name) + '(' + std::to_string(i) + ',' + std::to_string(j) +
-                   ',' + std::to_string(k) + ") ";
-          if (names.size() > 400) return names;
+          return std::string(entry.name) + '(' + std::to_string(i) + ',' + std::to_string(j) + ',' +
+                 std::to_string(k) + ')';
         }
       }
     }
   }
-  return names.empty() ? "something that has no name" : names;
+  return "something that has no name";
 }
 
 TEST_F(GameFileLife, GoesOnAsIfNeverSaved) {
