@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <csignal>
 #include <iostream>
 #include <string>
 
@@ -21,6 +22,7 @@ std::string UnknownVerb(const CLI::App& app, int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  std::signal(SIGXFSZ, SIG_IGN);  // a file past the limit of the system is a full disk, no end
   int exit_code = 0;
   CLI::App app("Feltmaster plays a crapless craps table and tries out betting strategies.",
                "feltmaster");

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
@@ -85,6 +86,15 @@ TEST_F(SavedFiles, SavedAgain) {
   EXPECT_EQ(Bytes("a.crp").size(), 573 * 256u) << "one record of chips and one of flags";
   EXPECT_EQ(Bytes("a.crp"), Bytes("b.crp"));
   fs::current_path("/");
+}
+
+TEST_F(SavedFiles, AGamePastTheLimitOfTheSystem) {
+  const std::string command = "cd " + folder_.string() +
+                              " && ulimit -f 100 && echo save a.crp | " FELTMASTER_PROGRAM
+                              " console --json --seed 1 > answer";
+  EXPECT_NE(std::system(command.c_str()), 0);
+  EXPECT_THAT(Bytes(Path("answer")), HasSubstr("could not be saved: File too large."));
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 1) << "Half a file is left.";
 }
 
 TEST_F(SavedFiles, NoGame) {
