@@ -3,7 +3,7 @@
 # nothing here reads the one or writes the other (but for the answer to a question at a terminal).
 
 packages=(g++ cmake ninja-build libgtest-dev libgmock-dev libbenchmark-dev libcli11-dev
-          nlohmann-json3-dev libedit-dev)
+          nlohmann-json3-dev libedit-dev pkg-config libcairo2-dev fonts-liberation)
 
 Say() { printf '%s\n' "$*" >&2; }
 

@@ -79,6 +79,13 @@ void ShowMessage(Game& game) {
   game.MsgInputLength = 0;
 }
 
+void ShowNotice(Game& game, std::string title, std::string text) {
+  game.MsgTitle = std::move(title);
+  game.MsgText = std::move(text);
+  game.MsgOptions = 0;
+  if (!game.surface->TableMinimised()) game.surface->ShowNotice(game.MsgTitle, game.MsgText);
+}
+
 void Tell(Game& game, std::string title, std::string text, std::int32_t options,
           std::int32_t help) {
   game.MsgTitle = std::move(title);

@@ -15,6 +15,8 @@ void ShowMessage(Game& game);
 // Sets the message's arguments and shows it.
 void Tell(Game& game, std::string title, std::string text, std::int32_t options = kButtonOk,
           std::int32_t help = 0);
+// A notice that stays while the work goes on; the surface's ShowNotice takes it away.
+void ShowNotice(Game& game, std::string title, std::string text);
 // Tell, and whether the answer was Yes.
 bool AskYesNo(Game& game, std::string title, std::string text,
               std::int32_t options = kButtonYes | kButtonNo | kPictureQuestion | kDefaultYes,

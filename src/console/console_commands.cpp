@@ -27,6 +27,7 @@
 #include "console/arguments.h"
 #include "console/dealer_words.h"
 #include "console/json_text.h"
+#include "console/report_printing.h"
 #include "console/text_table.h"
 #include "dice/probability.h"
 #include "dice/rng.h"
@@ -1238,6 +1239,58 @@ Reply Recorder(Console& console, Arguments& args) {
   return Done();
 }
 
+std::string ReportNames() {
+  std::string names;
+  for (const PrintCommand& command : PrintCommands()) {
+    if (!names.empty()) names += ", ";
+    names += command.name;
+  }
+  return names;
+}
+
+// What the words before the file choose, in place of what the screen has selected.
+void ChooseForReport(const PrintCommand& command, Game& game, Arguments& args) {
+  if (command.name == "frequencies" && args.NumberIsNext()) {
+    game.RollFreqsListIndex = static_cast<std::int32_t>(args.Number("N", 0, kFrequencyEntries - 1));
+  }
+  if (command.name != "results") return;
+  BetResultsChoice choice = ReadBetResultsSelection(game.BetResultsSelection);
+  if (args.Take("phantom")) {
+    choice.phantom = true;
+  } else if (args.Take("actual")) {
+    choice.phantom = false;
+  }
+  if (args.Take("all")) choice.bets = kLayoutBets;
+  game.BetResultsSelection = BetResultsSelectionOf(choice);
+}
+
+Reply Report(Console& console, Arguments& args) {
+  Game& game = console.Table;
+  const std::string name = args.Word("NAME");
+  if (args.Failed()) return Refused(args.Error() + " It is one of " + ReportNames() + '.');
+  ReportOrder order;
+  order.command = FindPrintCommand(name);
+  if (order.command == nullptr) {
+    return Refused("NAME " + Quoted(name) + " is none of " + ReportNames() + '.');
+  }
+  const std::int32_t entry = game.RollFreqsListIndex;
+  const std::string bets = game.BetResultsSelection;
+  ChooseForReport(*order.command, game, args);
+  order.file = args.Rest("FILE");
+  std::string fault = args.Failed() ? args.Error() : FaultOfReportFile(order.file);
+  order.confirm = SomebodyAnswers(console) ? Confirm::kAsk : Confirm::kAsked;
+  if (fault.empty()) fault = PrintInto(console, order);
+  game.RollFreqsListIndex = entry;
+  game.BetResultsSelection = bets;
+  if (!fault.empty()) return Refused(std::move(fault));
+
+  const std::size_t pages = console.Surface.PagesPrinted;
+  return Done(JsonOf(static_cast<std::int64_t>(pages)),
+              pages == 0
+                  ? "Nothing is printed.\n"
+                  : std::to_string(pages) + (pages == 1 ? " page" : " pages") + " printed.\n");
+}
+
 Reply Later(Console&, Arguments&) {
   return NotYet("This command");
 }
@@ -1303,7 +1356,7 @@ constexpr Command kCommands[] = {
     {"recorder", "off", "stops recording or playback", Recorder},
     {"prb", "open FILE|save FILE|on|off", "the probabilities of the dice", Prb},
     {"log", "FILE|add", "takes a file as the Games Log, or logs the game in progress", Log},
-    {"report", "NAME FILE.pdf", "prints a report into a file", Later},
+    {"report", "NAME FILE.pdf", "prints a report into a file, .pdf, .svg or .txt", Report},
     {"help", "[COMMAND]", "tells about the commands", Help},
     {"echo", "TEXT", "says the text", Echo},
     {"quit", "", "leaves the table", QuitConsole},
@@ -1321,6 +1374,16 @@ std::string HelpOn(std::span<const Command> commands, std::size_t width) {
     text += "  " + PadRight(UsageOf(command), width) + ' ' + std::string(command.help) + '\n';
   }
   return text;
+}
+
+std::string HelpOnReports(std::size_t width) {
+  std::string text;
+  for (const PrintCommand& command : PrintCommands()) {
+    text += "  " + PadRight(command.name, width) + ' ' + std::string(command.help) + '\n';
+  }
+  return text +
+         "report results [phantom|actual] [all] FILE takes all bets in place of those selected;\n"
+         "report frequencies N FILE takes entry N of the list.\n";
 }
 
 Reply Help(Console&, Arguments& args) {
@@ -1342,6 +1405,7 @@ Reply Help(Console&, Arguments& args) {
     if (command->handler == Prb) text += HelpOn(kPrbCommands, kUsageWidth);
     if (command->handler == Show) text += HelpOn(kScreens, kUsageWidth);
     if (command->handler == CallProcedure) text += HelpOn(kProcedures, kUsageWidth);
+    if (command->handler == Report) text += HelpOnReports(kUsageWidth);
     if (command->usage.find("BET") != std::string_view::npos) text += kAboutBets;
   }
   return Done(JsonOf(text), text);
@@ -1441,6 +1505,8 @@ std::vector<std::string> Completions(std::string_view line) {
     offer_all(kScreens);
   } else if (command == "call") {
     offer_all(kProcedures);
+  } else if (command == "report") {
+    for (const PrintCommand& one : PrintCommands()) offer(std::string(one.name));
   } else if (command == "help") {
     offer_all(kCommands);
   }

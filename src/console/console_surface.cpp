@@ -2,12 +2,16 @@
 
 #include <chrono>
 #include <ctime>
+#include <filesystem>
 #include <limits>
 #include <ostream>
 #include <random>
+#include <system_error>
 
 #include "base/text.h"
 #include "console/dealer_words.h"
+#include "console/document_file.h"
+#include "reports/document.h"
 
 namespace feltmaster {
 
@@ -156,6 +160,34 @@ double ConsoleSurface::SecondsSinceMidnight() {
   localtime_r(&time, &local);
   const double seconds = local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec + fraction;
   return seconds < kDay ? seconds : 0;  // a leap second
+}
+
+// Seeded, the day begins when the clock does. Looking at the calendar does not move the clock on.
+CalendarTime ConsoleSurface::Now() {
+  if (!seeded_) return LocalCalendar(std::chrono::system_clock::now());
+  const std::int32_t seconds = clock_ / 1000 % (24 * 3600);
+  return {.hour = seconds / 3600, .minute = seconds / 60 % 60, .second = seconds % 60};
+}
+
+void ConsoleSurface::ShowNotice(std::string_view title, std::string_view text) {
+  if (text.empty()) return;
+  if (Paper != nullptr) PrintDialog(*Paper, title, text);
+  Messages.push_back({std::string(title), std::string(text), 0, 0});
+}
+
+std::optional<FileError> ConsoleSurface::Print(const Document& document) {
+  std::string path = PrintFile;
+  if (path.empty()) {
+    std::error_code ignored;
+    do {
+      path = table_.AppPath + "report-" + std::to_string(next_report_++) + ".pdf";
+    } while (std::filesystem::exists(path, ignored));
+  }
+  const std::optional<FileError> error = WriteDocument(document, path);
+  if (error) return error;
+  PagesPrinted += document.pages.size();
+  if (Paper != nullptr && PrintFile.empty()) *Paper << "  Printed in " << path << ".\n";
+  return {};
 }
 
 QueuedAnswer ConsoleSurface::AnswerTo(const MessageRequest& request) {

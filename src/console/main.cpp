@@ -31,6 +31,7 @@ int main(int argc, char** argv) {
   feltmaster::AddAdvantageVerb(app, exit_code);
   feltmaster::AddPayoffsVerb(app, exit_code);
   feltmaster::AddLogVerb(app, exit_code);
+  feltmaster::AddReportVerb(app, exit_code);
   feltmaster::AddBenchVerb(app, exit_code);
   app.footer(
       "feltmaster VERB --help tells more about a verb.\n\n"

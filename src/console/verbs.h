@@ -15,5 +15,6 @@ void AddScriptVerb(CLI::App& app, int& exit_code);
 void AddAdvantageVerb(CLI::App& app, int& exit_code);
 void AddPayoffsVerb(CLI::App& app, int& exit_code);
 void AddLogVerb(CLI::App& app, int& exit_code);
+void AddReportVerb(CLI::App& app, int& exit_code);
 
 }  // namespace feltmaster

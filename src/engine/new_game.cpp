@@ -85,6 +85,7 @@ void ResetGame(Game& game, ResetMode mode) {
 
   RestartGraph(game);
   game.BankrollSum = {};
+  game.LastPrintedRoll = 0;
   game.AutoRollsRemaining = game.NumAutoRolls;
   game.HyperDriveStopText.clear();
   game.Point = game.PrevPoint = game.PrevPrevPoint = 0;

@@ -19,6 +19,7 @@
 #include "engine/table_effects.h"
 #include "files/games_log.h"
 #include "files/roll_recorder.h"
+#include "reports/graph_print.h"
 #include "stats/bankroll_history.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
@@ -202,6 +203,7 @@ void PlayRoll(Game& game) {
   }
   if (PastBankLimit(game)) BankLimitReached(game);
   TrackBankroll(game);
+  if (game.GraphAutoPrint && game.BankrollHistoryCount == kGraphRolls) PrintGraph(game);
   if (game.ScriptActive == 1 && !game.ScriptLines.empty()) RunScript(game);
   FinishRollStatistics(game);
   CopyAmountsAtRollEnd(game);
@@ -216,6 +218,7 @@ void EndHyperDrive(Game& game) {
   if (!game.HyperDriveStopText.empty()) {
     Tell(game, "Hyper-Drive Stopped", game.HyperDriveStopText);
   }
+  FinishGraphPrint(game);
   game.RefreshBetAmounts = false;
   game.surface->TableChanged(kChangedAll);
 }

@@ -18,6 +18,7 @@
 #include "files/games_log.h"
 #include "files/roll_editor.h"
 #include "files/roll_recorder.h"
+#include "reports/graph_print.h"
 #include "surface/surface.h"
 
 namespace feltmaster {
@@ -127,6 +128,17 @@ void KeepOrClearScript(Game& game) {
   }
 }
 
+// default.crp takes the state, the scratch files go.
+void LeaveDataFolder(Game& game) {
+  SaveGame(game, game.AppPath + std::string(kDefaultGame));
+  CloseScriptOutput(game);
+  FlushDiceRolls(game);
+  for (const std::string_view scratch : {kRollClipboard, kActiveScript}) {
+    std::error_code ignored;
+    std::filesystem::remove(game.AppPath + std::string(scratch), ignored);
+  }
+}
+
 }  // namespace
 
 bool AskToSaveParts(Game& game) {
@@ -139,6 +151,7 @@ bool AskToSaveAll(Game& game) {
 
 bool NewGame(Game& game) {
   if (!AskToSaveAll(game)) return false;
+  FinishGraphPrint(game);
   LogFinishedGame(game);
   ResetGame(game, ResetMode::kAll);
   game.RefreshBetAmounts = true;
@@ -151,7 +164,9 @@ bool NewGame(Game& game) {
 }
 
 bool OpenGameCommand(Game& game) {
-  return AskToSaveAll(game) && ShowFileDialog(game, "Open Game File").has_value();
+  if (!AskToSaveAll(game)) return false;
+  FinishGraphPrint(game);
+  return ShowFileDialog(game, "Open Game File").has_value();
 }
 
 bool SaveGameCommand(Game& game) {
@@ -163,7 +178,9 @@ bool SaveGameAsCommand(Game& game) {
 }
 
 bool OpenNamedGame(Game& game, const std::string& path, bool ask) {
-  return (!ask || AskToSaveAll(game)) && OpenGame(game, path, true);
+  if (ask && !AskToSaveAll(game)) return false;
+  FinishGraphPrint(game);
+  return OpenGame(game, path, true);
 }
 
 bool SaveNamedGame(Game& game, const std::string& path, bool ask) {
@@ -211,14 +228,8 @@ bool AskToClose(Game& game) {
 }
 
 void EndProgram(Game& game) {
-  if (game.AppPath.empty()) return;
-  SaveGame(game, game.AppPath + std::string(kDefaultGame));
-  CloseScriptOutput(game);
-  FlushDiceRolls(game);
-  for (const std::string_view scratch : {kRollClipboard, kActiveScript}) {
-    std::error_code ignored;
-    std::filesystem::remove(game.AppPath + std::string(scratch), ignored);
-  }
+  if (!game.AppPath.empty()) LeaveDataFolder(game);
+  PrintLastGraphs(game);
 }
 
 }  // namespace feltmaster

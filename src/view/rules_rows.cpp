@@ -46,7 +46,11 @@ std::string ValueText(const StateValue& value) {
     std::string operator()(bool on) const { return on ? "true" : "false"; }
     std::string operator()(std::int64_t number) const { return std::to_string(number); }
     std::string operator()(MoneyAmount amount) const { return PlainNumber(amount); }
-    std::string operator()(double number) const { return FormatNumber(number, "0.######"); }
+    std::string operator()(double number) const {
+      std::string text = FormatNumber(number, "0.######");
+      if (text.ends_with('.')) text.pop_back();
+      return text;
+    }
     std::string operator()(const std::string& text) const { return text; }
     std::string operator()(const ScriptFlag& flag) const { return flag.FlagName; }
   };

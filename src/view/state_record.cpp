@@ -625,6 +625,9 @@ const StateName
                 Single<&Game::GraphAverageRolls, SettleAverages, 0, kGraphRolls>(
                     "GraphAverageRolls")),
             Setting(NAME(GraphAutoPrint)),
+            BOUNDED(GraphsPerPage, 1, kGraphsPerPage),
+            BOUNDED(GraphsOnPage, 0, kGraphsPerPage - 1),
+            NAME(LastPrintedRoll),
             Row<&Game::RefLineRoll, Nothing, 0, kGraphRolls - 1>("RefLineRoll", 1, 2),
             ROW(RefLineLevel, 1, 2),
             ROW(RefLineOnAverage, 1, 2),
