@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstdio>
 
+#include "autobet/flags.h"
 #include "autobet/message.h"
 #include "autobet/output_file.h"
 #include "autobet/values.h"
@@ -52,10 +53,6 @@ void Demand(const std::error_code& error) {
 }
 
 // --- Verbs ---------------------------------------------------------------------------------------
-
-bool IsVerb(std::int32_t code) {
-  return code >= kFirstVerbCode && code <= kLastVerbCode && code % 10 <= kFormAverageOfLast;
-}
 
 MoneyAmount Operand(Game& game, const CompiledLine& line, std::int32_t form) {
   switch (form) {
@@ -132,8 +129,8 @@ MoneyAmount WholeQuotient(MoneyAmount a, MoneyAmount b) {
 }
 
 void RunVerb(Game& game, const CompiledLine& line, ScriptRun& run, int slot) {
-  const std::int32_t verb = line.code / 10;
-  const std::int32_t form = line.code % 10;
+  const std::int32_t verb = line.verb;
+  const std::int32_t form = line.form;
   const bool in_group = form >= kFormHighest;
   const MoneyAmount amount = game.BetAmount[slot];
   MoneyAmount operand = Operand(game, line, form);
@@ -340,12 +337,10 @@ void ForEachTarget(const Game& game, const CompiledLine& line, Act act) {
   });
 }
 
-bool WorksOnTarget(std::int32_t code) {
-  return IsVerb(code) || (code >= kActionBuyPlace && code <= kActionResetRolls) ||
-         code == kActionInput || code == kActionRound;
-}
-
 void ExecuteOnTarget(Game& game, const CompiledLine& line, ScriptRun& run) {
+  if (line.verb != 0) {
+    return ForEachTarget(game, line, [&](int slot) { RunVerb(game, line, run, slot); });
+  }
   bool asked = false;
   if (line.code == kActionInput && game.HyperDriveActive) game.KeepRolling = false;
   ForEachTarget(game, line, [&](int slot) {
@@ -376,7 +371,6 @@ void ExecuteOnTarget(Game& game, const CompiledLine& line, ScriptRun& run) {
         Round(game, line, slot);
         break;
       default:
-        RunVerb(game, line, run, slot);
         break;
     }
   });
@@ -419,7 +413,7 @@ std::int32_t ReturnStack::Pop() {
 }
 
 void ExecuteAction(Game& game, const CompiledLine& line, ScriptRun& run) {
-  if (WorksOnTarget(line.code)) return ExecuteOnTarget(game, line, run);
+  if (line.works_on_target) return ExecuteOnTarget(game, line, run);
   const auto value = [&] { return ValueOf(game, line.subject_code, line.subject_stack); };
   const auto last_value = [&] { return LastValueOf(game, line.subject_code, line.subject_stack); };
   const auto percent = [&] {

@@ -103,13 +103,10 @@ bool AskYesNo(Game& game, std::string title, std::string text, std::int32_t opti
   return game.MsgAnswer == kAnswerYes;
 }
 
-void SetFlag(Game& game, std::size_t index, bool value) {
-  ScriptFlag& flag = game.ScriptFlags[index];
-  if (flag.FlagValue != value) {
-    flag.FlagChanged = true;
-    game.AnyFlagChanged = true;
-  }
-  flag.FlagValue = value;
+void TellNotSaved(Game& game, std::string_view what, const std::string& path) {
+  const std::string reason = game.LastErrorText.substr(0, game.LastErrorText.find(", Error #"));
+  Tell(game, "Unable to Save " + std::string(what), path + "\ncould not be saved: " + reason + '.',
+       kButtonOk | kPictureStop);
 }
 
 }  // namespace feltmaster

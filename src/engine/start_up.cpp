@@ -11,6 +11,7 @@
 #include "dice/rng.h"
 #include "engine/bet_states.h"
 #include "engine/roll_cycle.h"
+#include "engine/sounds.h"
 #include "files/game_file.h"
 #include "files/games_log.h"
 #include "stats/bankroll_history.h"
@@ -28,6 +29,14 @@ void OpenDefaultGame(Game& game) {
   std::error_code ignored;
   if (std::filesystem::exists(path, ignored)) OpenGame(game, path, false);
   WriteActiveScript(game);
+}
+
+void FindSoundsOf(Game& game, const StartOptions& options) {
+  std::vector<std::string> folders;
+  for (const std::string& folder : {options.data_dir, options.sound_dir}) {
+    if (!folder.empty()) folders.push_back(folder);
+  }
+  FindSounds(game, folders);
 }
 
 }  // namespace
@@ -54,6 +63,7 @@ void StartUp(Game& game, const StartOptions& options) {
   SetDefaultDenominations(game);
   DefaultPayoffs(game);
   RestartGraph(game);
+  FindSoundsOf(game, options);
   LoadHotKeys(game);
   OpenDefaultGame(game);
 

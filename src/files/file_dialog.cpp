@@ -78,26 +78,11 @@ Outcome SaveSelectedLines(Game& game, const std::string& path) {
   return OutcomeOfSave(saved);
 }
 
-Outcome OpenProbabilityFile(Game& game, const std::string& path) {
-  const Outcome outcome = OutcomeOfLoad(game, LoadProbabilityFile(game, path));
-  if (outcome == Outcome::kRefused) {
-    Tell(game, "Unable to Open Feltmaster Probability File", game.LastErrorText,
-         kButtonOk | kPictureStop);
-  }
-  return outcome;
+Outcome OpenProbabilities(Game& game, const std::string& path) {
+  return OutcomeOfLoad(game, OpenProbabilityFile(game, path));
 }
 Outcome SaveProbabilities(Game& game, const std::string& path) {
   return OutcomeOfSave(SaveProbabilityFile(game, path));
-}
-
-Outcome OpenChosenLog(Game& game, const std::string& path) {
-  return OutcomeOfLoad(game, OpenGamesLog(game, path));
-}
-Outcome MergeChosenLog(Game& game, const std::string& path) {
-  return MergeGamesLog(game, path) ? Outcome::kDone : Outcome::kRefused;
-}
-Outcome SaveLogUnderName(Game& game, const std::string& path) {
-  return OutcomeOfSave(SaveGamesLogAs(game, path));
 }
 
 Outcome OpenChosenRolls(Game& game, const std::string& path) {
@@ -114,6 +99,16 @@ Outcome EditRolls(Game& game, const std::string& path) {
       break;
   }
   return Outcome::kFileError;
+}
+
+Outcome OpenChosenLog(Game& game, const std::string& path) {
+  return OutcomeOfLoad(game, OpenGamesLog(game, path));
+}
+Outcome MergeChosenLog(Game& game, const std::string& path) {
+  return MergeGamesLog(game, path) ? Outcome::kDone : Outcome::kRefused;
+}
+Outcome SaveLogUnderName(Game& game, const std::string& path) {
+  return OutcomeOfSave(SaveGamesLogAs(game, path));
 }
 
 constexpr auto kCommands = std::to_array<FileCommand>({
@@ -146,7 +141,7 @@ constexpr auto kCommands = std::to_array<FileCommand>({
     {"Open Games Log", "*.glg", OpenChosenLog},
     {"Merge Games Log", "*.glg", MergeChosenLog},
     {"Save Games Log As", "*.glg", SaveLogUnderName, "Save Games Log As"},
-    {"Open Probability File", "*.prb", OpenProbabilityFile},
+    {"Open Probability File", "*.prb", OpenProbabilities},
     {.caption = "Save Probability File As",
      .pattern = "*.prb",
      .act = SaveProbabilities,
