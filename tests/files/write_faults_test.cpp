@@ -17,6 +17,8 @@
 #include "dice/probability.h"
 #include "engine/start_up.h"
 #include "files/game_file.h"
+#include "files/games_log.h"
+#include "files/glg_file.h"
 #include "support/failing_calls.h"
 #include "support/recording_surface.h"
 
@@ -207,6 +209,54 @@ TEST_F(WriteFaults, AConversionOverAnOlderFile) {
                  ASSERT_EQ(bytes == older, !done);
                  ASSERT_EQ(bytes.substr(256), older.substr(256));
                });
+}
+
+// A Games Log is changed where it lies: it holds the games of before or of after, also where the
+// program was killed in the middle, and what did not come through has been told.
+TEST_F(WriteFaults, AGamesLogHoldsTheOldGamesOrTheNewOnes) {
+  const std::string log = Path("log.glg");
+  const std::string part = Path("part.glg");
+  const std::vector<GlgGame> old_games = {{10'000}, {20'000}, {30'000}};
+  const std::vector<GlgGame> part_games = {{40'000}, {50'000}};
+  WriteBytes(part, GlgBytes(part_games));
+  game_->Events[0].count = 9;
+
+  struct Change {
+    std::function<bool()> make;
+    std::vector<std::int64_t> rolls;  // of the games of after
+  };
+  const Change changes[] = {
+      {[&] { return UpdateGamesPlayed(*game_, log); }, {10'000, 20'000, 30'000, 90'000}},
+      {[&] { return !AppendLog(part, log); }, {10'000, 20'000, 30'000, 40'000, 50'000}},
+      {[&] { return !DeleteFromLog(log, 2, 2); }, {10'000, 30'000}},
+      {[&] { return !CopyLog(part, log); }, {40'000, 50'000}},
+  };
+  for (const Change& change : changes) {
+    bool done = false;
+    const int calls = FailEachCall(
+        [&] {
+          WriteBytes(log, GlgBytes(old_games));
+          surface_.messages.clear();
+        },
+        [&] { done = change.make(); },
+        [&](const FailedCall& failed) {
+          const GlgLog now = ReadGlg(Bytes(log));
+          std::vector<std::int64_t> rolls;
+          for (int i = 0; i < now.count; ++i) {
+            rolls.push_back(now.games.at(static_cast<std::size_t>(i))[0]);
+          }
+          const std::vector<std::int64_t> before = {10'000, 20'000, 30'000};
+          if (done) {
+            ASSERT_EQ(rolls, change.rolls);
+          } else if (failed.failure == Failure::kOnce) {
+            ASSERT_EQ(rolls, before);
+          } else {
+            ASSERT_THAT(rolls, AnyOf(before, change.rolls));
+          }
+        });
+    EXPECT_GE(calls, 5);
+    EXPECT_TRUE(done);
+  }
 }
 
 // What the player reads.
