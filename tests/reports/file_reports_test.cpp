@@ -50,10 +50,10 @@ class FileReports : public testing::Test {
   void LogGames(const std::vector<MoneyAmount>& bankrolls) {
     game_->GamesLogFile = Path("study.glg");
     std::string games;
-    for (const MoneyAmount bankroll : bankrolls) {
+    for (std::size_t i = 0; i < bankrolls.size(); ++i) {
       Record record;
-      record.SetMoney(kBankrollValue * 8, bankroll);
-      record.SetMoney(kNetValue * 8, &bankroll == &bankrolls.back() ? -1_usd : 1_usd);
+      record.SetMoney(kBankrollValue * 8, bankrolls[i]);
+      record.SetMoney(kNetValue * 8, i + 1 == bankrolls.size() ? -1_usd : 1_usd);
       record.SetMoney(kHandleValue * 8, 10_usd);
       games += record.Bytes();
     }
