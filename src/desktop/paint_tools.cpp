@@ -107,8 +107,19 @@ QPainterPath TextShape(const QFont& font, const QString& text, double spacing) {
   return shape;
 }
 
-double Advance(const QFont& font, QChar letter) {
-  return Letters(font).Advance(letter);
+CutText TextWithin(const QFont& font, const QString& text, double room) {
+  const Letters letters(font);
+  QString fitting;
+  double width = 0;
+  for (const QChar letter : text) {
+    const double advance = letters.Advance(letter);
+    if (width + advance > room) break;
+    width += advance;
+    fitting += letter;
+  }
+  QPainterPath shape;
+  shape.addText(0, 0, letters.master, fitting);
+  return {QTransform::fromScale(letters.scale, letters.scale).map(shape), width};
 }
 
 QPainterPath Centred(const QPainterPath& shape, QPointF middle) {

@@ -39,8 +39,13 @@ QFont SmallPrint(double size);
 
 // The outline of a line of text; its baseline begins at the origin. `spacing` widens each letter.
 QPainterPath TextShape(const QFont& font, const QString& text, double spacing = 0);
-// How far a letter moves the next one on.
-double Advance(const QFont& font, QChar letter);
+// A line of text from the origin, up to the last character that fits `room`; `width` is how far it
+// came.
+struct CutText {
+  QPainterPath shape;
+  double width = 0;
+};
+CutText TextWithin(const QFont& font, const QString& text, double room);
 // A shape moved so that its middle (not that of its line) comes to a point.
 QPainterPath Centred(const QPainterPath& shape, QPointF middle);
 // The same, made smaller if it is wider or higher than a box allows, in the middle of the box.

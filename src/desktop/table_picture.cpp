@@ -143,16 +143,10 @@ void PaintStatusLine(QPainter& painter, const Sprite& sprite) {
   const double right =
       sprite.at.x == kStatusLeftColumn ? kStatusRightColumn - 4 : sprite.at.x + kStackLabelWidth;
   const double baseline = sprite.at.y + kStatusLetters - 0.5;
-  // Letter by letter, so that a line that is too long ends at the last character that fits.
   for (const StatusText& piece : sprite.text) {
-    QPainterPath shape;
-    for (const QChar letter : TextOf(piece)) {
-      const double advance = Advance(font, letter);
-      if (x + advance > right) break;
-      shape.addPath(TextShape(font, letter).translated(x, baseline));
-      x += advance;
-    }
-    painter.fillPath(shape, InkOf(piece.color));
+    const CutText text = TextWithin(font, TextOf(piece), right - x);
+    painter.fillPath(text.shape.translated(x, baseline), InkOf(piece.color));
+    x += text.width;
   }
 }
 
@@ -177,6 +171,21 @@ void PaintRecorder(QPainter& painter, const Sprite& sprite) {
   painter.fillPath(mark, color);
   PaintText(painter, QRectF(box.left() + 15, box.top() + 4, box.width() - 18, box.height() - 8),
             SmallPrint(11), records ? "REC" : "PLAY", color, 0.6);
+}
+
+// The sprites of a kind stand together in a scene.
+struct Range {
+  std::size_t begin;
+  std::size_t end;
+
+  bool Empty() const { return begin == end; }
+};
+Range RangeOf(const Scene& scene, SpriteKind kind) {
+  const auto begin = std::ranges::find(scene, kind, &Sprite::kind);
+  const auto end = std::find_if(begin, scene.end(),
+                                [kind](const Sprite& sprite) { return sprite.kind != kind; });
+  return {static_cast<std::size_t>(begin - scene.begin()),
+          static_cast<std::size_t>(end - scene.begin())};
 }
 
 }  // namespace
@@ -205,25 +214,28 @@ QRegion TablePicture::Update(const Game& game, const TableView& view) {
     look_ = std::move(look);
     die_design_ = game.DicePicture;
     scene_ = std::move(scene);
+    reaches_ = ReachesOf(scene_);
     return QRect(QPoint(0, 0), Size());
   }
+  std::vector<QRect> reaches = ReachesOf(scene);
   QRegion changed;
-  // What is only in the one list or only in the other; both keep the order in which they are
-  // painted, so a piece put in the middle moves all others by one.
-  std::size_t same_head = 0;
-  const std::size_t shorter = std::min(scene.size(), scene_.size());
-  while (same_head < shorter && scene[same_head] == scene_[same_head]) ++same_head;
-  std::size_t same_tail = 0;
-  while (same_tail < shorter - same_head &&
-         scene[scene.size() - 1 - same_tail] == scene_[scene_.size() - 1 - same_tail]) {
-    ++same_tail;
-  }
-  for (const Scene* list : {&scene_, &scene}) {
-    for (std::size_t i = same_head; i < list->size() - same_tail; ++i) {
-      changed += DeviceRect(ReachOf((*list)[i]));
+  for (const SpriteKind kind : kSpriteKinds) {
+    Range now = RangeOf(scene, kind);
+    Range before = RangeOf(scene_, kind);
+    // One that comes or goes moves all behind it by one; what is alike at both ends is as it was.
+    while (!now.Empty() && !before.Empty() && scene[now.begin] == scene_[before.begin]) {
+      ++now.begin;
+      ++before.begin;
     }
+    while (!now.Empty() && !before.Empty() && scene[now.end - 1] == scene_[before.end - 1]) {
+      --now.end;
+      --before.end;
+    }
+    for (std::size_t i = now.begin; i < now.end; ++i) changed += reaches[i];
+    for (std::size_t i = before.begin; i < before.end; ++i) changed += reaches_[i];
   }
   scene_ = std::move(scene);
+  reaches_ = std::move(reaches);
   return changed;
 }
 
@@ -234,8 +246,8 @@ void TablePicture::Paint(QPainter& painter, const QRect& area) {
   painter.save();
   painter.setClipRect(part, Qt::IntersectClip);
   painter.drawImage(part.topLeft(), layout_, part);
-  for (const Sprite& sprite : scene_) {
-    if (DeviceRect(ReachOf(sprite)).intersects(part)) PaintSprite(painter, sprite);
+  for (std::size_t i = 0; i < scene_.size(); ++i) {
+    if (reaches_[i].intersects(part)) PaintSprite(painter, scene_[i]);
   }
   painter.restore();
 }
@@ -245,6 +257,13 @@ QImage TablePicture::Image() {
   QPainter painter(&image);
   Paint(painter, image.rect());
   return image;
+}
+
+std::vector<QRect> TablePicture::ReachesOf(const Scene& scene) const {
+  std::vector<QRect> reaches;
+  reaches.reserve(scene.size());
+  for (const Sprite& sprite : scene) reaches.push_back(DeviceRect(ReachOf(sprite)));
+  return reaches;
 }
 
 QRect TablePicture::DeviceRect(const QRectF& grid) const {

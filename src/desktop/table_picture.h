@@ -6,6 +6,7 @@
 #include <QSize>
 #include <map>
 #include <tuple>
+#include <vector>
 
 #include "desktop/die_picture.h"
 #include "desktop/layout_picture.h"
@@ -36,6 +37,7 @@ class TablePicture {
   QImage Image();
 
  private:
+  std::vector<QRect> ReachesOf(const Scene& scene) const;
   QRect DeviceRect(const QRectF& grid) const;
   QRectF ReachOf(const Sprite& sprite) const;
   void PaintSprite(QPainter& painter, const Sprite& sprite);
@@ -48,6 +50,7 @@ class TablePicture {
   QImage layout_;       // null when it must be composed anew
   bool taken_ = false;  // look_ and scene_ are those of an Update at this scale
   Scene scene_;
+  std::vector<QRect> reaches_;  // of the scene, place by place
   // Chips, marks, dice and the like at the present scale, by kind, value, turn and height. Shaded
   // things are painted whole and copied: a part of a shading, painted alone, may differ by a hair.
   std::map<std::tuple<SpriteKind, int, int, int>, QImage> pieces_;

@@ -45,6 +45,11 @@ enum class SpriteKind {
   kStatusLine,  // `at` is the upper left corner
   kEntryBox,    // `at` is the place of its bet
 };
+inline constexpr auto kSpriteKinds = std::to_array<SpriteKind>(
+    {SpriteKind::kPuck, SpriteKind::kChip, SpriteKind::kFigures, SpriteKind::kPileFigures,
+     SpriteKind::kMark, SpriteKind::kDie, SpriteKind::kTool, SpriteKind::kRecorder,
+     SpriteKind::kPrompt, SpriteKind::kStatusLine, SpriteKind::kEntryBox});
+static_assert(kSpriteKinds.size() == static_cast<std::size_t>(SpriteKind::kEntryBox) + 1);
 enum MarkValue : int { kMarkOn, kMarkOff, kMarkBuy, kMarkLay };
 
 struct Sprite {
@@ -59,6 +64,7 @@ struct Sprite {
 };
 using Scene = std::vector<Sprite>;
 
+// The sprites of a kind stand together.
 Scene SceneOf(const Game& game, const TableView& view);
 
 }  // namespace feltmaster
