@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstdio>
 
+#include "autobet/flags.h"
 #include "autobet/message.h"
 #include "autobet/output_file.h"
 #include "autobet/values.h"
@@ -14,6 +15,7 @@
 #include "engine/amounts.h"
 #include "engine/new_game.h"
 #include "engine/place_bet.h"
+#include "files/games_log.h"
 #include "stats/roll_statistics.h"
 #include "surface/surface.h"
 
@@ -311,7 +313,7 @@ void SetHandling(std::int32_t& rule, std::int32_t choice) {
 }
 
 void ResetTable(Game& game, ResetMode mode) {
-  // The Games Log takes the game in progress here, once there is one.
+  LogFinishedGame(game);
   ResetGame(game, mode);
 }
 

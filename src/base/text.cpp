@@ -81,4 +81,58 @@ std::string PadRight(std::string_view text, std::size_t width) {
   return padded;
 }
 
+char32_t TakeCharacter(std::string_view& text) {
+  const auto lead = static_cast<unsigned char>(text.front());
+  const std::size_t length = CharacterLength(text.front());
+  char32_t character = length == 1 ? lead : lead & (0xFFu >> (length + 1));
+  std::size_t taken = 1;
+  while (taken < length && taken < text.size() && IsContinuation(text[taken])) {
+    character = character << 6 | (static_cast<unsigned char>(text[taken++]) & 0x3Fu);
+  }
+  constexpr char32_t kLeast[] = {0, 0, 0x80, 0x800, 0x10000};
+  const bool surrogate = character >= 0xD800 && character <= 0xDFFF;
+  if (taken < length || character < kLeast[length] || character > 0x10FFFF || surrogate) {
+    text.remove_prefix(1);
+    return lead;
+  }
+  text.remove_prefix(length);
+  return character;
+}
+
+std::size_t CharacterCount(std::string_view text) {
+  std::size_t count = 0;
+  for (; !text.empty(); ++count) TakeCharacter(text);
+  return count;
+}
+
+void AddCharacter(std::string& text, char32_t c) {
+  const auto add = [&](char32_t byte) { text += static_cast<char>(byte); };
+  const auto add_rest = [&](int bits) { add(0x80 | (c >> bits & 0x3F)); };
+  if (c < 0x80) {
+    add(c);
+  } else if (c < 0x800) {
+    add(0xC0 | c >> 6);
+    add_rest(0);
+  } else if (c < 0x10000) {
+    add(0xE0 | c >> 12);
+    add_rest(6);
+    add_rest(0);
+  } else {
+    add(0xF0 | c >> 18);
+    add_rest(12);
+    add_rest(6);
+    add_rest(0);
+  }
+}
+
+std::string AsUtf8(std::string_view text) {
+  std::string utf8;
+  while (!text.empty()) {
+    const char32_t c = TakeCharacter(text);
+    const bool control = c < 0x20 || (c >= 0x7F && c < 0xA0);
+    AddCharacter(utf8, control ? U' ' : c);
+  }
+  return utf8;
+}
+
 }  // namespace feltmaster

@@ -21,4 +21,12 @@ std::string_view CutAtCharacter(std::string_view text, std::size_t width);
 // Cut as above, then padded with blanks to exactly `width` bytes.
 std::string PadRight(std::string_view text, std::size_t width);
 
+// Takes the first character of a text that is not empty. A byte that is no UTF-8 is a character of
+// Latin-1.
+char32_t TakeCharacter(std::string_view& text);
+std::size_t CharacterCount(std::string_view text);
+void AddCharacter(std::string& text, char32_t character);
+// The same text in proper UTF-8, control characters as blanks.
+std::string AsUtf8(std::string_view text);
+
 }  // namespace feltmaster

@@ -110,6 +110,14 @@ bool Arguments::Take(std::string_view word) {
   return false;
 }
 
+bool Arguments::NumberIsNext() {
+  const std::string_view before = rest_;
+  bool quoted = false;
+  const std::string_view word = NextWord(quoted);
+  rest_ = before;
+  return !quoted && !word.empty() && word.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
 std::string Arguments::Word(std::string_view what) {
   if (Failed()) return {};
   if (AtEnd()) {

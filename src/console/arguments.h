@@ -20,6 +20,7 @@ class Arguments {
   bool AtEnd();
   // Takes the next word if it is this one; case is ignored.
   bool Take(std::string_view word);
+  bool NumberIsNext();  // the next word is of digits alone
 
   std::string Word(std::string_view what);
   // The rest of the line, as it is or without the double quotes around it.

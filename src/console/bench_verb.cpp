@@ -91,6 +91,10 @@ runs, in seconds of one processor. The signature is a hash over the whole game a
   ironcross      the script strategies/iron_cross.txt
   long           a script of 60 lines with Total and Any conditions
   rng1 to rng8   the dice of one generator
+
+Examples:
+  feltmaster bench
+  feltmaster bench --case ironcross --case long --json
 )";
 
 }  // namespace

@@ -2,12 +2,16 @@
 
 #include <chrono>
 #include <ctime>
+#include <filesystem>
 #include <limits>
 #include <ostream>
 #include <random>
+#include <system_error>
 
 #include "base/text.h"
 #include "console/dealer_words.h"
+#include "console/document_file.h"
+#include "reports/document.h"
 
 namespace feltmaster {
 
@@ -158,10 +162,38 @@ double ConsoleSurface::SecondsSinceMidnight() {
   return seconds < kDay ? seconds : 0;  // a leap second
 }
 
+// Seeded, the day begins when the clock does. Looking at the calendar does not move the clock on.
+CalendarTime ConsoleSurface::Now() {
+  if (!seeded_) return LocalCalendar(std::chrono::system_clock::now());
+  const std::int32_t seconds = clock_ / 1000 % (24 * 3600);
+  return {.hour = seconds / 3600, .minute = seconds / 60 % 60, .second = seconds % 60};
+}
+
+void ConsoleSurface::ShowNotice(std::string_view title, std::string_view text) {
+  if (text.empty()) return;
+  if (Paper != nullptr) PrintDialog(*Paper, title, text);
+  Messages.push_back({std::string(title), std::string(text), 0, 0});
+}
+
+std::optional<FileError> ConsoleSurface::Print(const Document& document) {
+  std::string path = PrintFile;
+  if (path.empty()) {
+    std::error_code ignored;
+    do {
+      path = table_.AppPath + "report-" + std::to_string(next_report_++) + ".pdf";
+    } while (std::filesystem::exists(path, ignored));
+  }
+  const std::optional<FileError> error = WriteDocument(document, path);
+  if (error) return error;
+  PagesPrinted += document.pages.size();
+  if (Paper != nullptr && PrintFile.empty()) *Paper << "  Printed in " << path << ".\n";
+  return {};
+}
+
 QueuedAnswer ConsoleSurface::AnswerTo(const MessageRequest& request) {
   const std::int32_t options = request.options;
-  const QueuedAnswer by_default{
-      DefaultAnswer(options), false, std::string(request.input_default), {}};
+  const QueuedAnswer by_default{DefaultAnswer(options), false, std::string(request.input_default),
+                                std::string(request.input2_default)};
   // A mere notice leaves the answers in the queue to the questions behind it, unless "ok" is meant.
   const bool notice = !HasFields(options) && ButtonCount(options) <= 1;
   if (!Answers.empty()) {
@@ -171,6 +203,7 @@ QueuedAnswer ConsoleSurface::AnswerTo(const MessageRequest& request) {
     Answers.pop_front();
     if (!fits) return by_default;
     if (!answer.typed) answer.input1 = request.input_default;
+    if (answer.input2.empty()) answer.input2 = request.input2_default;
     return answer;
   }
   if (notice || !Ask) return by_default;
@@ -178,6 +211,7 @@ QueuedAnswer ConsoleSurface::AnswerTo(const MessageRequest& request) {
     const std::string_view typed = Trim(*line);
     if (typed.empty()) return by_default;
     if (auto answer = ReadAnswer(typed)) {
+      if (answer->input2.empty()) answer->input2 = request.input2_default;
       if (answer->typed && HasFields(options)) return *answer;
       if (!answer->typed && Offers(options, answer->button)) {
         answer->input1 = request.input_default;

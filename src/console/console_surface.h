@@ -51,17 +51,26 @@ class ConsoleSurface : public NullSurface {
   std::int32_t MillisecondClock() override;
   double SecondsSinceMidnight() override;
   bool TableMinimised() override { return false; }
+  CalendarTime Now() override;
   MessageReply ShowMessage(const MessageRequest& request) override;
+  void ShowNotice(std::string_view title, std::string_view text) override;
   SettleReply ShowSettle(const SettleRequest& request) override;
   bool ShowStep(const StepRequest& request) override;
   void AnimateDice() override;
   void RefreshOpenScreens() override;
   std::string AskFile(const FileRequest& request) override;
+  bool HasPrinter() override { return true; }
+  std::optional<FileError> Print(const Document& document) override;
 
   std::deque<QueuedAnswer> Answers;
   std::deque<int> SettleButtons;
   std::vector<ShownMessage> Messages;
   std::vector<ShownSettle> Settles;
+
+  // The file that takes what is printed. A report that comes by itself, such as a full page of
+  // graphs, goes to the data folder as report-1.pdf, report-2.pdf and so on.
+  std::string PrintFile;
+  std::size_t PagesPrinted = 0;
 
   // Where dialogs and rolls are told as they come; null for nowhere.
   std::ostream* Paper = nullptr;
@@ -76,6 +85,7 @@ class ConsoleSurface : public NullSurface {
 
   Game& table_;
   bool seeded_;
+  int next_report_ = 1;
   bool rolled_in_sight_ = false;  // dice were thrown, and what they did is still to be told
 };
 

@@ -30,6 +30,11 @@ int main(int argc, char** argv) {
   feltmaster::AddScriptVerb(app, exit_code);
   feltmaster::AddAdvantageVerb(app, exit_code);
   feltmaster::AddPayoffsVerb(app, exit_code);
+  feltmaster::AddReportVerb(app, exit_code);
+  feltmaster::AddDiceVerb(app, exit_code);
+  feltmaster::AddGameVerb(app, exit_code);
+  feltmaster::AddLogVerb(app, exit_code);
+  feltmaster::AddTableVerb(app, exit_code);
   feltmaster::AddBenchVerb(app, exit_code);
   app.footer(
       "feltmaster VERB --help tells more about a verb.\n\n"

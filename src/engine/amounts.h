@@ -30,6 +30,10 @@ inline MoneyAmount& StandingVig(Game& game, int bet) {
   return IsLay(bet) ? game.LayVigPaid[static_cast<std::size_t>(bet - kLay)]
                     : game.BuyVigPaid[static_cast<std::size_t>(bet - kBuy)];
 }
+inline MoneyAmount VigStanding(const Game& game, int bet) {
+  return IsLay(bet) ? game.LayVigPaid[static_cast<std::size_t>(bet - kLay)]
+                    : game.BuyVigPaid[static_cast<std::size_t>(bet - kBuy)];
+}
 // Whether the rules charge the vig of this bet up front; false for bets without vig.
 inline bool ChargesVigUpFront(const Game& game, int bet) {
   return (IsLay(bet) && game.LayVigAllBets) || (IsBuy(bet) && game.BuyVigAllBets);

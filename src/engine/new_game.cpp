@@ -5,7 +5,9 @@
 #include "autobet/message.h"
 #include "base/number_format.h"
 #include "dice/rng.h"
+#include "engine/chip_list.h"
 #include "engine/table_effects.h"
+#include "files/roll_recorder.h"
 #include "stats/bankroll_history.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
@@ -84,14 +86,16 @@ void ResetGame(Game& game, ResetMode mode) {
 
   RestartGraph(game);
   game.BankrollSum = {};
+  game.LastPrintedRoll = 0;
   game.AutoRollsRemaining = game.NumAutoRolls;
   game.HyperDriveStopText.clear();
   game.Point = game.PrevPoint = game.PrevPrevPoint = 0;
   game.TotalOnTable = {};
   game.GameFileName.clear();
   game.GameChanged = false;
-  game.DiceRollFileMode = kRecorderOff;
+  if (game.DiceRollFileMode != kRecorderOff) DiceRollStopped(game);
 
+  RebuildAllChips(game);
   game.RedrawTable = true;
   ShowTableChange(game, kChangedAll);
   game.surface->RefreshOpenScreens();

@@ -14,9 +14,13 @@
 #include "dice/rng.h"
 #include "engine/amounts.h"
 #include "engine/bet_states.h"
+#include "engine/chip_list.h"
 #include "engine/place_bet.h"
 #include "engine/resolve.h"
 #include "engine/table_effects.h"
+#include "files/games_log.h"
+#include "files/roll_recorder.h"
+#include "reports/graph_print.h"
 #include "stats/bankroll_history.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
@@ -24,12 +28,6 @@
 
 namespace feltmaster {
 namespace {
-
-constexpr int kClipPair = 16;
-constexpr int kClipComeOut = 17;
-constexpr int kClipNewShooter = 18;
-constexpr int kClipPointMade = 13;
-constexpr int kClipSevenOut = 14;
 
 constexpr std::string_view kProgramName = "Feltmaster";
 
@@ -78,8 +76,7 @@ void ShowDice(Game& game) {
   PlayChosenClip(game, game.DiceSoundList, game.DiceSoundChoice, false);
   game.surface->AnimateDice();
   if (game.DiceAction == kDiceStationary || game.DiceAction == kDiceReturnAfterThrown) {
-    game.DiceReturned = true;
-    game.surface->TableChanged(kChangedDice);
+    ReturnDice(game);
   }
 }
 
@@ -166,6 +163,18 @@ void RollLimitReached(Game& game) {
   }
 }
 
+// From the player's hand, the Dice Roll File or the generator. False when there is no roll to be
+// made.
+bool TakeDice(Game& game) {
+  if (game.DiceAlreadySet) {
+    game.DiceAlreadySet = false;
+    return true;
+  }
+  if (game.DiceRollFileMode == kPlayback) return PlayBackDice(game);
+  DrawDice(game);
+  return true;
+}
+
 void PlayRoll(Game& game) {
   if (RollCounts(game, 0) >= kRollLimit) {
     RollLimitReached(game);
@@ -173,13 +182,10 @@ void PlayRoll(Game& game) {
   }
   game.DiceReturned = false;
   BeginRoll(game);
-  if (game.DiceAlreadySet) {
-    game.DiceAlreadySet = false;
-  } else {
-    DrawDice(game);
-  }
+  if (!TakeDice(game)) return;
   const bool shown = !game.HyperDriveActive;
   if (shown) ShowDice(game);
+  if (game.DiceRollFileMode == kRecording) RecordDice(game);
   game.DiceTotal = game.Die1 + game.Die2;
   if (shown) CallDice(game);
 
@@ -195,6 +201,7 @@ void PlayRoll(Game& game) {
   }
   if (PastBankLimit(game)) BankLimitReached(game);
   TrackBankroll(game);
+  if (game.GraphAutoPrint && game.BankrollHistoryCount == kGraphRolls) PrintGraph(game);
   if (game.ScriptActive == 1 && !game.ScriptLines.empty()) RunScript(game);
   FinishRollStatistics(game);
   CopyAmountsAtRollEnd(game);
@@ -204,11 +211,13 @@ void PlayRoll(Game& game) {
 
 void EndHyperDrive(Game& game) {
   game.HyperDriveActive = false;
-  FlushScriptOutput(game);
+  SettleScriptOutput(game);
   game.surface->ShowBanner("");
   if (!game.HyperDriveStopText.empty()) {
     Tell(game, "Hyper-Drive Stopped", game.HyperDriveStopText);
   }
+  FinishGraphPrint(game);
+  RebuildAllChips(game);
   game.RefreshBetAmounts = false;
   game.surface->TableChanged(kChangedAll);
 }
@@ -240,7 +249,8 @@ void TrapError(Game& game, const char* what) {
 
 void StickCall(Game& game, int clip) {
   if (game.HyperDriveActive || game.AllSoundOff || game.StickPersonChoice == 0) return;
-  game.surface->PlaySound(game.StickCallFiles[static_cast<std::size_t>(clip)], false);
+  const std::string& file = game.StickCallFiles[static_cast<std::size_t>(clip)];
+  if (!file.empty()) game.surface->PlaySound(file, false);
 }
 
 void ComeOutCall(Game& game) {
@@ -270,7 +280,7 @@ void BankLimitReached(Game& game) {
 
 void RollCycle(Game& game) {
   if (game.RollInProgress) return;
-  if (game.EntryBoxOpen && !CommitEnteredBet(game)) return;
+  if (game.KeyInBetAmounts && !CommitEnteredBet(game)) return;
   if (PastBankLimit(game)) {
     BankLimitReached(game);
     return;
@@ -278,12 +288,17 @@ void RollCycle(Game& game) {
   game.GameChanged = true;
   game.HyperDriveStopText.clear();
   game.RollInProgress = true;
+  if (game.DiceRollFileMode != kRecorderOff) ReadyRecorder(game);
   try {
     RollChain(game);
   } catch (const std::exception& error) {
     TrapError(game, error.what());
   }
-  if (!game.surface->TableMinimised()) game.HyperDriveStopText.clear();
+  FlushGamesLog(game);
+  if (!game.surface->TableMinimised()) {
+    if (game.HyperDriveStopText == kEndOfDiceRolls) DiceRollStopped(game);
+    game.HyperDriveStopText.clear();
+  }
   if (game.Point == 0) ComeOutCall(game);
   game.RollInProgress = false;
 }

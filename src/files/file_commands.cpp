@@ -10,11 +10,16 @@
 #include "autobet/output_file.h"
 #include "autobet/run_script.h"
 #include "autobet/script_file.h"
-#include "dice/probability.h"
+#include "automation/table_guards.h"
 #include "engine/new_game.h"
 #include "engine/roll_cycle.h"
 #include "files/file_dialog.h"
 #include "files/game_file.h"
+#include "files/games_log.h"
+#include "files/probability_commands.h"
+#include "files/roll_editor.h"
+#include "files/roll_recorder.h"
+#include "reports/graph_print.h"
 #include "surface/surface.h"
 
 namespace feltmaster {
@@ -28,11 +33,6 @@ constexpr std::int32_t kAskToSave =
 bool AskToSave(Game& game, std::string title, std::string text, bool (*save)(Game&)) {
   if (AskYesNo(game, std::move(title), std::move(text), kAskToSave)) return save(game);
   return game.MsgAnswer == kAnswerNo;
-}
-
-void TellNotSaved(Game& game, std::string_view what, const std::string& path) {
-  Tell(game, "Unable to Save " + std::string(what),
-       path + "\ncould not be saved: " + game.LastErrorText + '.', kButtonOk | kPictureStop);
 }
 
 bool SaveAutoBets(Game& game) {
@@ -55,23 +55,13 @@ bool AskAboutAutoBets(Game& game) {
                    SaveAutoBets);
 }
 
-bool SaveProbabilities(Game& game) {
-  const std::string path = game.ProbabilityFileName;
-  if (path.empty() || IsNamed(path, kDefaultProbabilities)) {
-    return ShowFileDialog(game, "Save Probability File As").has_value();
-  }
-  if (SaveProbabilityFile(game, path)) return true;
-  TellNotSaved(game, "Probability File", path);
-  return false;
-}
-
 bool AskAboutProbabilities(Game& game) {
   if (!game.UseSkewedProbability || !game.ProbabilityChanged) return true;
   return AskToSave(game, "Save Probabilities?",
                    "Your current probabilities (listed on the\n"
                    "configuration screen) have not been saved.\n\n"
                    "Do you want to save them now?",
-                   SaveProbabilities);
+                   SaveProbabilitiesCommand);
 }
 
 // The dialog names the game; a name that could not be written to is not kept.
@@ -105,7 +95,7 @@ void KeepOrCloseDiceRolls(Game& game) {
     game.DiceRollLast = 0;
     game.DiceRollSelectEnd = 1;
   } else {
-    game.DiceRollFileName.clear();
+    ForgetDiceRollFile(game);
   }
 }
 
@@ -124,6 +114,17 @@ void KeepOrClearScript(Game& game) {
   }
 }
 
+// default.crp takes the state, the scratch files go.
+void LeaveDataFolder(Game& game) {
+  SaveGame(game, game.AppPath + std::string(kDefaultGame));
+  EndScriptOutput(game);
+  FlushDiceRolls(game);
+  for (const std::string_view scratch : {kRollClipboard, kActiveScript}) {
+    std::error_code ignored;
+    std::filesystem::remove(game.AppPath + std::string(scratch), ignored);
+  }
+}
+
 }  // namespace
 
 bool AskToSaveParts(Game& game) {
@@ -136,6 +137,8 @@ bool AskToSaveAll(Game& game) {
 
 bool NewGame(Game& game) {
   if (!AskToSaveAll(game)) return false;
+  FinishGraphPrint(game);
+  LogFinishedGame(game);
   ResetGame(game, ResetMode::kAll);
   game.RefreshBetAmounts = true;
   game.surface->TableChanged(kChangedAll);
@@ -147,7 +150,9 @@ bool NewGame(Game& game) {
 }
 
 bool OpenGameCommand(Game& game) {
-  return AskToSaveAll(game) && ShowFileDialog(game, "Open Game File").has_value();
+  if (!AskToSaveAll(game)) return false;
+  FinishGraphPrint(game);
+  return ShowFileDialog(game, "Open Game File").has_value();
 }
 
 bool SaveGameCommand(Game& game) {
@@ -159,7 +164,9 @@ bool SaveGameAsCommand(Game& game) {
 }
 
 bool OpenNamedGame(Game& game, const std::string& path, bool ask) {
-  return (!ask || AskToSaveAll(game)) && OpenGame(game, path, true);
+  if (ask && !AskToSaveAll(game)) return false;
+  FinishGraphPrint(game);
+  return OpenGame(game, path, true);
 }
 
 bool SaveNamedGame(Game& game, const std::string& path, bool ask) {
@@ -192,28 +199,18 @@ void ShowPath(Game& game) {
 }
 
 bool AskToClose(Game& game) {
-  if (game.AutoBetRunning) {
-    if (!AskYesNo(game, "Auto-Bet Active", "Do you want to interrupt Auto-Betting? ")) return false;
-    game.AutoBetRunning = false;
-    game.KeepRolling = false;
-  }
+  if (game.AutoBetRunning && !AskToEndScript(game)) return false;
   game.surface->LetEventsThrough();
   if (game.HyperDriveActive) {
-    if (!AskYesNo(game, "Hyper-Drive Active", "Do you want to stop Hyper-Drive?")) return false;
-    game.KeepRolling = false;
+    if (!AskToStopHyperDrive(game)) return false;
     game.surface->LetEventsThrough();
   }
   return AskToSaveAll(game);
 }
 
 void EndProgram(Game& game) {
-  if (game.AppPath.empty()) return;
-  SaveGame(game, game.AppPath + std::string(kDefaultGame));
-  CloseScriptOutput(game);
-  for (const std::string_view scratch : {std::string_view("copyfile.rll"), kActiveScript}) {
-    std::error_code ignored;
-    std::filesystem::remove(game.AppPath + std::string(scratch), ignored);
-  }
+  if (!game.AppPath.empty()) LeaveDataFolder(game);
+  PrintLastGraphs(game);
 }
 
 }  // namespace feltmaster

@@ -29,7 +29,7 @@ void ShowPath(Game& game);
 // The questions before the program ends: a script or Hyper-Drive to stop, unsaved work. False when
 // the window stays.
 bool AskToClose(Game& game);
-// The end: default.crp takes the state, the scratch files go.
+// The end: default.crp takes the state, the scratch files go, the last graphs are printed.
 void EndProgram(Game& game);
 
 }  // namespace feltmaster

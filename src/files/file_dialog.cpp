@@ -11,6 +11,10 @@
 #include "base/text.h"
 #include "dice/probability.h"
 #include "files/game_file.h"
+#include "files/games_log.h"
+#include "files/games_log_commands.h"
+#include "files/roll_editor.h"
+#include "files/roll_recorder.h"
 #include "surface/surface.h"
 
 namespace feltmaster {
@@ -74,27 +78,49 @@ Outcome SaveSelectedLines(Game& game, const std::string& path) {
   return OutcomeOfSave(saved);
 }
 
-Outcome OpenProbabilityFile(Game& game, const std::string& path) {
-  const Outcome outcome = OutcomeOfLoad(game, LoadProbabilityFile(game, path));
-  if (outcome == Outcome::kRefused) {
-    Tell(game, "Unable to Open Feltmaster Probability File", game.LastErrorText,
-         kButtonOk | kPictureStop);
-  }
-  return outcome;
+Outcome OpenProbabilities(Game& game, const std::string& path) {
+  return OutcomeOfLoad(game, OpenProbabilityFile(game, path));
 }
 Outcome SaveProbabilities(Game& game, const std::string& path) {
   return OutcomeOfSave(SaveProbabilityFile(game, path));
 }
 
+Outcome OpenChosenRolls(Game& game, const std::string& path) {
+  return OutcomeOfLoad(game, OpenDiceRollFile(game, path));
+}
+template <RollFileResult (*kEdit)(Game&, const std::string&)>
+Outcome EditRolls(Game& game, const std::string& path) {
+  switch (kEdit(game, path)) {
+    case RollFileResult::kDone:
+      return Outcome::kDone;
+    case RollFileResult::kRefused:
+      return Outcome::kRefused;
+    case RollFileResult::kFileError:
+      break;
+  }
+  return Outcome::kFileError;
+}
+
+Outcome OpenChosenLog(Game& game, const std::string& path) {
+  return OutcomeOfLoad(game, OpenGamesLog(game, path));
+}
+Outcome MergeChosenLog(Game& game, const std::string& path) {
+  return MergeGamesLog(game, path) ? Outcome::kDone : Outcome::kRefused;
+}
+Outcome SaveLogUnderName(Game& game, const std::string& path) {
+  return OutcomeOfSave(SaveGamesLogAs(game, path));
+}
+
 constexpr auto kCommands = std::to_array<FileCommand>({
     {"Open Game File", "*.crp", OpenChosenGame},
     {"Save Game File As", "*.crp", NameGame, "Save Game File As"},
-    {"Open Dice Roll File  or  Enter Name For A New File", "*.rol"},
-    {"Copy To Dice Roll File", "*.rol", nullptr, "Copy to Dice Roll File",
+    {"Open Dice Roll File  or  Enter Name For A New File", "*.rol", OpenChosenRolls},
+    {"Copy To Dice Roll File", "*.rol", EditRolls<CopyRollsTo>, "Copy to Dice Roll File",
      "Do you want to copy over it?"},
-    {"Copy Dice Rolls To Text File", "*.txt", nullptr, "Copy Dice Rolls To Text File"},
-    {"Paste From Dice Roll File", "*.rol"},
-    {"Paste From Ascii/Text File", kAnyFile},
+    {"Copy Dice Rolls To Text File", "*.txt", EditRolls<CopyRollsToText>,
+     "Copy Dice Rolls To Text File"},
+    {"Paste From Dice Roll File", "*.rol", EditRolls<PasteRollsFrom>},
+    {"Paste From Ascii/Text File", kAnyFile, EditRolls<PasteRollText>},
     {"Open Auto-Bet File", "*.bet", LoadWholeScript},
     {"Paste From Auto-Bet File", "*.bet", PasteScript},
     {.caption = "Save Auto-Bet File As",
@@ -112,9 +138,10 @@ constexpr auto kCommands = std::to_array<FileCommand>({
     {"Select Probability File", "*.prb"},
     {"Select File  or  Enter New File Name", kAnyFile},
     {"Select Auto-Bet File for Hot-Key", "*.bet"},
-    {"Open Games Log", "*.glg"},
-    {"Save Games Log As", "*.glg", nullptr, "Save Games Log As"},
-    {"Open Probability File", "*.prb", OpenProbabilityFile},
+    {"Open Games Log", "*.glg", OpenChosenLog},
+    {"Merge Games Log", "*.glg", MergeChosenLog},
+    {"Save Games Log As", "*.glg", SaveLogUnderName, "Save Games Log As"},
+    {"Open Probability File", "*.prb", OpenProbabilities},
     {.caption = "Save Probability File As",
      .pattern = "*.prb",
      .act = SaveProbabilities,
@@ -148,7 +175,7 @@ bool MayOverwrite(Game& game, const FileCommand& command, const std::string& pat
 
 // The files of a game that a caption may be about, by a word in it.
 void ForgetDiceRolls(Game& game) {
-  game.DiceRollFileName.clear();
+  ForgetDiceRollFile(game);
   game.DiceRollFileMode = kRecorderOff;
 }
 void ForgetScript(Game& game) {
@@ -160,7 +187,7 @@ void ForgetProbabilities(Game& game) {
   game.ProbabilityChanged = true;
 }
 void ForgetGamesLog(Game& game) {
-  game.GamesLogFile = game.AppPath + "default.glg";
+  game.GamesLogFile = game.AppPath + std::string(kDefaultGamesLog);
 }
 struct FileInUse {
   std::string_view word;

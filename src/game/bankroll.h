@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 
 #include "base/money.h"
 
@@ -10,6 +11,9 @@ namespace feltmaster {
 inline constexpr int kGraphRolls = 525;    // width of the bankroll graph
 inline constexpr int kHistorySize = 1051;  // elements 0 to 1050
 inline constexpr int kGraphHeight = 300;
+inline constexpr int kGraphsPerPage = 3;  // that a printed page has room for
+
+struct Document;  // reports/document.h
 
 struct BankrollState {
   MoneyAmount BankrollHigh;
@@ -40,6 +44,10 @@ struct BankrollState {
   bool GraphShowAverage = true;
   std::int32_t GraphAverageRolls = 120;  // 0 means all rolls of the game
   bool GraphAutoPrint = false;
+  std::int32_t GraphsPerPage = kGraphsPerPage;
+  std::int32_t GraphsOnPage = 0;  // sent to the page that is open
+  std::int32_t LastPrintedRoll = 0;
+  std::shared_ptr<const Document> GraphPage;  // the page that is open; none when it is empty
   std::array<std::int32_t, 3> RefLineRoll = {0, 174, 349};
   std::array<std::int32_t, 3> RefLineLevel{};
   std::array<bool, 3> RefLineOnAverage{};

@@ -2,9 +2,12 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 
 namespace feltmaster {
+
+class PlainFile;
 
 inline constexpr std::int32_t kRngCount = 8;
 
@@ -67,9 +70,12 @@ enum InsertMode : std::int32_t { kInsert = 0, kTypeOver = 1 };
 struct DiceRollFileState {
   std::int32_t DiceRollFileMode = kRecorderOff;
   std::string DiceRollFileName;
+  std::shared_ptr<PlainFile> OpenDiceRolls;  // files/roll_recorder.h keeps it in step with the name
   std::int32_t DiceRollNext = 1;
   std::int32_t DiceRollLast = 0;
   std::int32_t DiceRollSelectEnd = 1;
+  std::int32_t DiceRollTopLine = 1;
+  std::int32_t DiceRollPageLines = 20;  // lines of the list that can be seen
   std::int32_t InsertRolls = kTypeOver;
   std::int32_t PrintDieNumbers = 1;
   std::int32_t PrintRollNumbers = 1;

@@ -147,9 +147,10 @@ struct TableState {
   bool RedrawTable = false;
   std::string HyperDriveStopText;
 
-  bool EntryBoxOpen = false;  // the box for keyed-in amounts
-  std::int32_t EntryBoxBet = 0;
+  // The box for keyed-in amounts (engine/entry_box.h). The text counts once it was edited.
+  std::int32_t EntryBoxBet = kLay;
   std::string EntryBoxText;
+  bool EntryBoxEdited = false;
 
   std::int32_t HitBet = 0;  // what is under the pointer; table/layout.h knows the values
   // Where the walk of the arrow keys comes back to.

@@ -198,6 +198,16 @@ void DrawGraph(Game& game, bool rescale) {
   game.GraphTop -= step.Times(StepsOver(bottom - game.GraphLow, step));
 }
 
+MoneyAmount NextGraphScale(MoneyAmount scale, bool larger) {
+  constexpr auto kSmallest = kScales.begin() + 1;
+  if (larger) {
+    const auto* const above = std::upper_bound(kSmallest, kScales.end(), scale);
+    return above == kScales.end() ? kScales.back() : *above;
+  }
+  const auto* const here = std::lower_bound(kSmallest, kScales.end(), scale);
+  return here == kSmallest ? *kSmallest : *(here - 1);
+}
+
 void RestartGraph(Game& game) {
   SettleAverages(game);
   game.GraphScale = MoneyAmount(1);

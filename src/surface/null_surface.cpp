@@ -12,6 +12,10 @@ double NullSurface::PlainUniform() {
   return static_cast<double>(z >> 11) * 0x1.0p-53;
 }
 
+std::optional<FileError> NullSurface::Print(const Document&) {
+  return {};
+}
+
 SettleReply NullSurface::ShowSettle(const SettleRequest& request) {
   SettleReply reply;
   reply.button = request.default_button;

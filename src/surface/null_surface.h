@@ -21,9 +21,11 @@ class NullSurface : public Surface {
     return now;
   }
   double SecondsSinceMidnight() override { return 0; }
+  CalendarTime Now() override { return {}; }
   double PlainUniform() override;
   bool TableMinimised() override { return true; }
   MessageReply ShowMessage(const MessageRequest&) override { return {}; }
+  void ShowNotice(std::string_view, std::string_view) override {}
   SettleReply ShowSettle(const SettleRequest& request) override;
   bool ShowStep(const StepRequest&) override { return true; }
   std::string AskFile(const FileRequest&) override { return {}; }
@@ -35,6 +37,8 @@ class NullSurface : public Surface {
   void AnimateDice() override {}
   void ShowerOfChips() override {}
   void RefreshOpenScreens() override {}
+  bool HasPrinter() override { return false; }
+  std::optional<FileError> Print(const Document&) override;
   void SetClipboard(std::string_view) override {}
   std::string Clipboard() override { return {}; }
   void OpenHelp(std::int32_t) override {}

@@ -1,13 +1,18 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "base/calendar.h"
 #include "base/money.h"
+#include "base/record_file.h"
 
 namespace feltmaster {
+
+struct Document;  // reports/document.h
 
 // A message or question for the player. `options` is the bit set of buttons, fields, picture,
 // default and Hide box (game/script.h, MessageOption); the help topic belongs to the Help button.
@@ -17,6 +22,7 @@ struct MessageRequest {
   std::int32_t options = 0;
   std::int32_t help = 0;
   std::string_view input_default;
+  std::string_view input2_default;
   std::int32_t input_length = 0;  // longest text of a field, 0 for no limit of its own
 };
 struct MessageReply {
@@ -77,13 +83,15 @@ enum TableChange : std::uint32_t {
   kChangedDice = 8,
   kChangedBanner = 16,
   kChangedPrompt = 32,
-  kChangedStatus = 64,
-  kChangedAll = 127,
+  kChangedStatus = 64,  // the status lines
+  kChangedEntryBox = 128,
+  kChangedTool = 256,  // the selected tool
+  kChangedAll = 511,
 };
 
 // The only road from the logic to the machine. In Hyper-Drive the logic calls no more of it than
-// LetEventsThrough, Throttle, RefreshOpenScreens and the clocks, and dialogs that a script asks
-// for.
+// LetEventsThrough, Throttle, RefreshOpenScreens and the clocks, dialogs that a script asks for,
+// and the printing of full pages of the bankroll graph.
 class Surface {
  public:
   virtual ~Surface() = default;
@@ -97,18 +105,23 @@ class Surface {
 
   virtual std::int32_t MillisecondClock() = 0;  // wraps as a signed 32-bit number
   virtual double SecondsSinceMidnight() = 0;
+  virtual CalendarTime Now() = 0;
   // 0 up to but not 1; for what is no roll of the game.
   virtual double PlainUniform() = 0;
 
   virtual bool TableMinimised() = 0;
   virtual MessageReply ShowMessage(const MessageRequest& request) = 0;
+  // A notice without buttons that stays until the next one takes its place; an empty text takes it
+  // away.
+  virtual void ShowNotice(std::string_view title, std::string_view text) = 0;
   virtual SettleReply ShowSettle(const SettleRequest& request) = 0;
   // False when the player cancels the step-through.
   virtual bool ShowStep(const StepRequest& request) = 0;
   // The name as typed or chosen, with or without a folder; empty when the player gave up.
   virtual std::string AskFile(const FileRequest& request) = 0;
 
-  // Plays a wave file; waits for its end if asked to. An empty name stops what plays.
+  // Plays a wave file; waits for its end if asked to. Calls of the stick person (.stk) are heard
+  // one after the other, other sounds at once. An empty name stops what plays.
   virtual void PlaySound(std::string_view file, bool wait) = 0;
   virtual int Volume() = 0;  // 0 to 100
   virtual void SetVolume(int volume) = 0;
@@ -119,6 +132,11 @@ class Surface {
   virtual void AnimateDice() = 0;
   virtual void ShowerOfChips() = 0;
   virtual void RefreshOpenScreens() = 0;
+
+  // Without a printer nothing prints by itself.
+  virtual bool HasPrinter() = 0;
+  // Prints a finished report; the error when it could not be.
+  virtual std::optional<FileError> Print(const Document& document) = 0;
 
   virtual void SetClipboard(std::string_view text) = 0;
   virtual std::string Clipboard() = 0;

@@ -41,6 +41,7 @@ constexpr auto kFolders = std::to_array<Folder>({
     {"automation", kLogic, true},
     {"files", kLogic, true},
     {"view", kLogic, true},
+    {"reports", kLogic, true},
     {"table", kInput, false},
     {"console", kFrontEnd, true},
     {"desktop", kFrontEnd, true},
