@@ -125,8 +125,8 @@ class Worker {
         limits_(limits),
         results_(results),
         progress_(progress),
-        log_(log),
         selects_generators_(SelectsGenerators(table)),
+        log_(log),
         game_(std::make_unique<Game>(table)) {
     if (!game_->ScriptLines.empty()) script_ = CompiledForm(*game_);
   }
@@ -162,14 +162,6 @@ class Worker {
   const std::optional<ScriptFault>& Fault() const { return fault_; }
 
  private:
-  // A game that was cut short is not logged.
-  void Log(std::int64_t index, GameEnd end) {
-    if (end != GameEnd::kInterrupted) LogFinishedGame(*game_);
-    std::string records;
-    for (const Record& record : finished_) records += record.Bytes();
-    log_->Take(index, std::move(records));
-  }
-
   // All generators as a new table has them. The seeding of all five takes as long as a hundred
   // rolls, so those that the game cannot draw from are left alone.
   void Seed(std::int32_t seed) {
@@ -183,6 +175,14 @@ class Worker {
     game.BetRequest = MoneyAmount::FromWhole(seed);
     SeedRng(game, kSeedGiven);
     game.SeedValue = seed;  // the last of the five leaves it so
+  }
+
+  // A game that was cut short is not logged.
+  void Log(std::int64_t index, GameEnd end) {
+    if (end != GameEnd::kInterrupted) LogFinishedGame(*game_);
+    std::string records;
+    for (const Record& record : finished_) records += record.Bytes();
+    log_->Take(index, std::move(records));
   }
 
   void NoteFault(std::int64_t number, std::string_view reason) {
@@ -230,8 +230,8 @@ class Worker {
   const SessionLimits& limits_;
   SimulationResults& results_;
   SimulationProgress& progress_;
-  BatchLog* log_;
   const bool selects_generators_;
+  BatchLog* log_;
   std::unique_ptr<Game> game_;
   std::vector<Record> finished_;  // games that the script ended, and then the one played
   std::shared_ptr<const CompiledScript> script_;  // its own: all count their uses of it each roll

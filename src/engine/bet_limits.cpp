@@ -223,13 +223,17 @@ bool IsOdds(int bet) {
   return bet == kPassOdds || IsComeOdds(bet);
 }
 
-// The smallest amount that pays off in betting units; nothing when the denominator has a fraction
-// that does not divide the unit.
-std::optional<MoneyAmount> ProperUnit(MoneyAmount unit, MoneyAmount denominator) {
-  if (denominator.IsWhole()) return unit.Times(denominator.FloorWhole());
+// Makes a betting unit the smallest amount that pays off in such units. False, and nothing done,
+// when the denominator has a fraction that does not divide the unit.
+bool ToProperUnit(MoneyAmount& unit, MoneyAmount denominator) {
+  if (denominator.IsWhole()) {
+    unit = unit.Times(denominator.FloorWhole());
+    return true;
+  }
   const MoneyAmount fraction = denominator - MoneyAmount::FromWhole(denominator.FloorWhole());
-  if (!IsMultipleOf(unit, fraction)) return std::nullopt;
-  return denominator.Times(UnitsIn(unit, fraction));
+  if (!IsMultipleOf(unit, fraction)) return false;
+  unit = denominator.Times(UnitsIn(unit, fraction));
+  return true;
 }
 
 // The proper unit in the largest chips of which the amount holds more than one and that it can pay
@@ -281,9 +285,8 @@ bool TryAdjust(Game& game, int bet, BetNotes& notes, Rounding rounding) {
   MoneyAmount& up = game.OddsChangeUp;
   MoneyAmount& down = game.OddsChangeDown;
   up = down = change;
-  const std::optional<MoneyAmount> clean = ProperUnit(BettingUnit(game), denominator);
-  if (!clean) notes.Add(BetNotes::kNoProperOdds);
-  MoneyAmount proper = clean.value_or(BettingUnit(game));
+  MoneyAmount proper = BettingUnit(game);
+  if (!ToProperUnit(proper, denominator)) notes.Add(BetNotes::kNoProperOdds);
   if (IsMultipleOf(amount + change, proper)) return true;
   const bool by_color = rounding == Rounding::kAsSet &&
                         game.AutoAdjustBetAmounts == kColorCorrection &&

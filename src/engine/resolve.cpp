@@ -102,9 +102,10 @@ void ResolveBet(Game& game, int mode, int bet) {
 void ResolveRoll(Game& game) {
   const int total = game.Die1 + game.Die2;
   const auto pair = static_cast<std::size_t>(PairOfDice(game.Die1, game.Die2));
-  const RollDecisionList& decisions = kRollTable[PointStateOf(game.PrevPoint, total)][pair];
-  const BetSet decided = game.BetAmount.Standing() & decisions.bets;
+  const PointState state = PointStateOf(game.PrevPoint, total);
+  const BetSet decided = game.BetAmount.Standing() & kDecidedBets[state][pair];
   if (decided.Empty()) return;
+  const RollDecisionList& decisions = kRollTable[state][pair];
 
   // The standing bets among them, by their place in the list. Handling a bet can place others (a
   // Come bet travels), but none that this roll still has to decide.

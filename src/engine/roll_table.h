@@ -169,6 +169,17 @@ inline constexpr std::array<std::array<RollDecisionList, kDicePairs>, kPointStat
       return table;
     }();
 
+// The bets of each list by themselves: most rolls decide none that stands, and need no more.
+inline constexpr std::array<std::array<BetSet, kDicePairs>, kPointStates> kDecidedBets = [] {
+  std::array<std::array<BetSet, kDicePairs>, kPointStates> table{};
+  for (std::size_t state = 0; state < kPointStates; ++state) {
+    for (std::size_t pair = 0; pair < kDicePairs; ++pair) {
+      table[state][pair] = kRollTable[state][pair].bets;
+    }
+  }
+  return table;
+}();
+
 constexpr PointState PointStateOf(int point_before, int total) {
   return point_before == 0 ? kComeOutRoll : point_before == total ? kPointRolled : kPointStands;
 }

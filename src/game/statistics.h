@@ -10,6 +10,10 @@ namespace feltmaster {
 
 inline constexpr int kRollCategories = 91;  // RollCategory 0 to 90
 inline constexpr int kGaps = 201;           // lengths 0 to 200
+// Every pair of dice files the same number of events, so that no roll depends on how many there
+// are; those that are none go to a row behind the last category, which nobody reads.
+inline constexpr int kNoEvent = kRollCategories;
+inline constexpr int kFiledRows = kRollCategories + 1;
 
 // The counters of hands, passes and points, by their number in the game file.
 enum GameCounter : std::int32_t {
@@ -59,12 +63,12 @@ struct ScriptEvent {
 struct RollStatistics {
   std::uint32_t RollClock = 0;         // rolls counted in this game's events
   std::uint32_t RollClockAtStart = 0;  // RollClock when the present roll began
-  std::array<RollEvent, kRollCategories> Events{};
+  std::array<RollEvent, kFiledRows> Events{};
   std::array<ScriptEvent, kRollCategories> ScriptEvents{};
   std::int32_t RollsSeenByScript = 0;  // RollsSinceLast(0)
   std::int32_t LastCountedRoll = -1;   // the dice of the last counted roll, 6 * (d1 - 1) + d2 - 1
   BitSet<128> ScriptResets;            // events that a script has reset since the roll began
-  std::array<std::array<std::int32_t, kGaps>, kRollCategories> RollGapTable{};
+  std::array<std::array<std::int32_t, kGaps>, kFiledRows> RollGapTable{};
   std::array<std::int32_t, kGameCounters> GameCounters{};
 };
 

@@ -66,6 +66,12 @@ void Count(DecisionTally& tally, std::uint32_t serial) {
   tally.last = serial;
 }
 
+// The same without a branch, for what chance decides.
+void CountIf(bool falls, DecisionTally& tally, std::uint32_t serial) {
+  tally.count += falls ? 1 : 0;
+  tally.last = falls ? serial : tally.last;
+}
+
 // The working sets that the ledger knows; a set it has no room for settles what was counted.
 void SelectWorkingSet(Game& game) {
   PhantomLedger& ledger = game.Ledger;
@@ -89,11 +95,16 @@ void SelectWorkingSet(Game& game) {
 void CountComeBets(Game& game, int total) {
   PhantomLedger& ledger = game.Ledger;
   const std::uint32_t standing = game.AllowPutBets ? kAllComeBets : ledger.come_on;
-  std::uint32_t decided = standing & kComeBetsOfTotal[static_cast<std::size_t>(total)] &
-                          game.BetState.Working().Slice(kComePoint, kComeBets);
-  const bool won = total != 7;
+  std::uint32_t decided = standing & game.BetState.Working().Slice(kComePoint, kComeBets);
+  if (total != 7) {
+    const auto slot = static_cast<std::size_t>(SlotOfNumber(total));
+    CountIf((decided >> slot & 1) != 0, ledger.come[slot][1], game.RollSerial);
+    CountIf((decided >> (slot + kSlotCount) & 1) != 0, ledger.come[slot + kSlotCount][1],
+            game.RollSerial);
+    return;
+  }
   for (; decided != 0; decided &= decided - 1) {
-    Count(ledger.come[static_cast<std::size_t>(std::countr_zero(decided))][won], game.RollSerial);
+    Count(ledger.come[static_cast<std::size_t>(std::countr_zero(decided))][0], game.RollSerial);
   }
 }
 

@@ -3,6 +3,8 @@
 #include <array>
 #include <cstdint>
 
+#include "game/statistics.h"
+
 namespace feltmaster {
 
 // The ordered pairs of dice, 0 to 35: 6 * (first die - 1) + second die - 1.
@@ -81,10 +83,16 @@ inline constexpr std::array<NumberGroup, 18> kNumberGroups = [] {
   }};
 }();
 
-// The events of one pair of dice, in the order in which a roll files them.
+// The events of one pair of dice, in the order in which a roll files them, and kNoEvent behind
+// them.
+inline constexpr std::size_t kMostEvents = 11;
 struct PairEvents {
   std::uint8_t count = 0;
-  std::array<std::uint8_t, 15> event{};
+  std::array<std::uint8_t, kMostEvents> event = [] {
+    std::array<std::uint8_t, kMostEvents> none{};
+    none.fill(kNoEvent);
+    return none;
+  }();
 
   constexpr void Add(int category) { event[count++] = static_cast<std::uint8_t>(category); }
 };

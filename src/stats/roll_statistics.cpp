@@ -168,7 +168,8 @@ void RecordRollStatistics(Game& game) {
 
   const int pair = PairOfDice(game.Die1, game.Die2);
   const PairEvents& events = kPairEvents[static_cast<std::size_t>(pair)];
-  for (std::size_t i = 0; i < events.count; ++i) HitRollCategory(game, events.event[i], clock);
+#pragma GCC unroll 11
+  for (const std::uint8_t category : events.event) HitRollCategory(game, category, clock);
   game.LastCountedRoll = pair;
 }
 

@@ -86,7 +86,10 @@ void AddStatistics(RowHash& hash, Game& game) {
            ScriptRollCounts(game, category), ScriptRollCountsSeen(game, category),
            ScriptRollsSince(game, category), ScriptRollsSinceSeen(game, category));
   }
-  AddAll(hash, game.RollGapTable, game.GameCounters);
+  for (int category = 0; category < kRollCategories; ++category) {
+    Add(hash, game.RollGapTable[static_cast<std::size_t>(category)]);
+  }
+  Add(hash, game.GameCounters);
   for (const ResultKind kind : {ResultKind::kWagers, ResultKind::kWins, ResultKind::kLosses}) {
     for (const int series : {kPhantom, kActual}) {
       for (int bet = 1; bet <= kLastStateBet; ++bet) {
