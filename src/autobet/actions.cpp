@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstdio>
 
+#include "autobet/flags.h"
 #include "autobet/message.h"
 #include "autobet/output_file.h"
 #include "autobet/values.h"
@@ -14,6 +15,7 @@
 #include "engine/amounts.h"
 #include "engine/new_game.h"
 #include "engine/place_bet.h"
+#include "files/games_log.h"
 #include "stats/roll_statistics.h"
 #include "surface/surface.h"
 
@@ -51,10 +53,6 @@ void Demand(const std::error_code& error) {
 }
 
 // --- Verbs ---------------------------------------------------------------------------------------
-
-bool IsVerb(std::int32_t code) {
-  return code >= kFirstVerbCode && code <= kLastVerbCode && code % 10 <= kFormAverageOfLast;
-}
 
 MoneyAmount Operand(Game& game, const CompiledLine& line, std::int32_t form) {
   switch (form) {
@@ -131,8 +129,8 @@ MoneyAmount WholeQuotient(MoneyAmount a, MoneyAmount b) {
 }
 
 void RunVerb(Game& game, const CompiledLine& line, ScriptRun& run, int slot) {
-  const std::int32_t verb = line.code / 10;
-  const std::int32_t form = line.code % 10;
+  const std::int32_t verb = line.verb;
+  const std::int32_t form = line.form;
   const bool in_group = form >= kFormHighest;
   const MoneyAmount amount = game.BetAmount[slot];
   MoneyAmount operand = Operand(game, line, form);
@@ -315,7 +313,7 @@ void SetHandling(std::int32_t& rule, std::int32_t choice) {
 }
 
 void ResetTable(Game& game, ResetMode mode) {
-  // The Games Log takes the game in progress here, once there is one.
+  LogFinishedGame(game);
   ResetGame(game, mode);
 }
 
@@ -339,12 +337,10 @@ void ForEachTarget(const Game& game, const CompiledLine& line, Act act) {
   });
 }
 
-bool WorksOnTarget(std::int32_t code) {
-  return IsVerb(code) || (code >= kActionBuyPlace && code <= kActionResetRolls) ||
-         code == kActionInput || code == kActionRound;
-}
-
 void ExecuteOnTarget(Game& game, const CompiledLine& line, ScriptRun& run) {
+  if (line.verb != 0) {
+    return ForEachTarget(game, line, [&](int slot) { RunVerb(game, line, run, slot); });
+  }
   bool asked = false;
   if (line.code == kActionInput && game.HyperDriveActive) game.KeepRolling = false;
   ForEachTarget(game, line, [&](int slot) {
@@ -375,7 +371,6 @@ void ExecuteOnTarget(Game& game, const CompiledLine& line, ScriptRun& run) {
         Round(game, line, slot);
         break;
       default:
-        RunVerb(game, line, run, slot);
         break;
     }
   });
@@ -418,7 +413,7 @@ std::int32_t ReturnStack::Pop() {
 }
 
 void ExecuteAction(Game& game, const CompiledLine& line, ScriptRun& run) {
-  if (WorksOnTarget(line.code)) return ExecuteOnTarget(game, line, run);
+  if (line.works_on_target) return ExecuteOnTarget(game, line, run);
   const auto value = [&] { return ValueOf(game, line.subject_code, line.subject_stack); };
   const auto last_value = [&] { return LastValueOf(game, line.subject_code, line.subject_stack); };
   const auto percent = [&] {

@@ -32,7 +32,7 @@ class ReturnStack {
   static constexpr std::size_t kInline = 32;
 
   std::size_t depth_ = 0;
-  std::array<std::int32_t, kInline> first_{};
+  std::array<std::int32_t, kInline> first_;  // as many as depth_ tells
   std::vector<std::int32_t> rest_;
 };
 

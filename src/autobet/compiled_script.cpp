@@ -327,6 +327,14 @@ std::string ActionText(const ScriptLine& source) {
   }
 }
 
+bool IsVerb(std::int32_t code) {
+  return code >= kFirstVerbCode && code <= kLastVerbCode && code % 10 <= kFormAverageOfLast;
+}
+bool WorksOnTarget(std::int32_t code) {
+  return (code >= kActionBuyPlace && code <= kActionResetRolls) || code == kActionInput ||
+         code == kActionRound;
+}
+
 using LabelLines = std::unordered_map<std::string, std::int32_t>;
 
 std::string LabelKey(const ScriptLine& line) {
@@ -338,6 +346,11 @@ void CompileAction(const std::vector<ScriptLine>& sources, std::size_t at, const
   const ScriptLine& source = sources[at];
   const ScriptLine* before = at == 0 ? nullptr : &sources[at - 1];
   const ScriptLine* after = at + 1 == sources.size() ? nullptr : &sources[at + 1];
+  if (IsVerb(line.code)) {
+    line.verb = static_cast<std::uint8_t>(line.code / 10);
+    line.form = static_cast<std::uint8_t>(line.code % 10);
+  }
+  line.works_on_target = line.verb != 0 || WorksOnTarget(line.code);
   line.text = ActionText(source);
   line.target = ActionTarget(source);
   line.spares_places = source.LineTarget >= kListPlace && source.LineTarget <= kListOutsidePlace;
@@ -417,7 +430,7 @@ int ReferredStack(MoneyAmount amount) {
   return whole >= 0 && whole < kStackCount ? static_cast<int>(whole) : -1;
 }
 
-SlotRange SlotsOf(const Game& game, const Selection& selection) {
+SlotRange SlotsReferredTo(const Game& game, const Selection& selection) {
   int slot = -1;
   switch (selection.place) {
     case SelectionPlace::kFixed:
@@ -458,6 +471,17 @@ std::shared_ptr<const CompiledScript> Compile(const ScriptState& script) {
     if (line.kind == kActionLine) CompileAction(sources, at, labels, line);
     if (line.test == ConditionTest::kFlag || line.code == kActionSetFlag)
       FindFlag(script.ScriptFlags, line);
+  }
+  // Comments stand where they like.
+  for (std::size_t at = sources.size(); at-- > 0;) {
+    CompiledLine& line = compiled->lines[at];
+    line.pass_to = static_cast<std::int32_t>(at) + 2;
+    const std::int32_t kind = line.kind;
+    while (line.pass_to <= static_cast<std::int32_t>(sources.size())) {
+      const CompiledLine& next = compiled->lines[static_cast<std::size_t>(line.pass_to) - 1];
+      if (next.kind != kind && next.kind != kCommentLine) break;
+      line.pass_to = next.pass_to;
+    }
   }
   return compiled;
 }

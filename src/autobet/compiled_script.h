@@ -65,7 +65,11 @@ struct Selection {
 };
 
 // The slots meant now; empty for a reference that leads to no Chip-Stack and without a point.
-SlotRange SlotsOf(const Game& game, const Selection& selection);
+SlotRange SlotsReferredTo(const Game& game, const Selection& selection);
+inline SlotRange SlotsOf(const Game& game, const Selection& selection) {
+  if (selection.place == SelectionPlace::kFixed) return selection.range;
+  return SlotsReferredTo(game, selection);
+}
 
 // The slots of a code that values and targets share (1000 to 1009); empty for any other code.
 SlotRange RangeOfList(std::int32_t code);
@@ -133,6 +137,7 @@ enum class CounterNews : std::uint8_t {
 struct CompiledLine {
   std::int32_t kind = 0;
   std::int32_t code = 0;
+  std::int32_t pass_to = 0;  // the first line behind this one that is not of its kind
   MoneyAmount amount;
   std::int32_t subject_code = 0;
   std::int32_t subject_stack = 0;
@@ -152,6 +157,9 @@ struct CompiledLine {
   Selection target;
 
   // Actions.
+  std::uint8_t verb = 0;  // of the verbs, and the form of their operand (autobet/codes.h)
+  std::uint8_t form = 0;
+  bool works_on_target = false;  // it does something to each slot of the target
   bool continues_group = false;  // the line before is an action with the same code and target
   bool starts_text = false;      // of a message or question: the line before adds nothing to it
   bool ends_text = false;        // the line after adds nothing to it
@@ -170,7 +178,8 @@ struct CompiledScript {
 
 std::shared_ptr<const CompiledScript> Compile(const ScriptState& script);
 
-// The compiled form of the script in memory, made anew after a change.
+// The compiled form of the script in memory, made anew after a change. A run takes it away from the
+// game while it lasts (autobet/run_script.cpp).
 const std::shared_ptr<const CompiledScript>& CompiledForm(Game& game);
 
 }  // namespace feltmaster

@@ -229,15 +229,15 @@ SlotAnswer AskStreak(const Game& game, const CompiledLine& line, int slot) {
   }
 }
 
-// The bets that stand are known as a set, and so are the slots that differ from what they were at
-// the end of the last roll. So a range of bets need not be walked slot by slot.
+// The slots that hold anything are known as sets, and so are those that differ from what they were
+// at the end of the last roll. So a range need not be walked slot by slot.
 template <typename Function>
 void ForEachFilled(const Game& game, const Selection& selection, Function function) {
-  if (!selection.bets.Empty())
-    return (game.BetAmount.Standing() & selection.bets).ForEach(function);
-  for (int slot = selection.range.first; slot <= selection.range.last; ++slot) {
-    if (game.BetAmount[slot] != MoneyAmount()) function(slot);
-  }
+  const BetAmounts& amounts = game.BetAmount;
+  if (!selection.bets.Empty()) return (amounts.Standing() & selection.bets).ForEach(function);
+  amounts.Stacked().ForEach([&](int stack) {
+    if (selection.range.Has(kFirstStack + stack)) function(kFirstStack + stack);
+  });
 }
 template <typename Function>
 void ForEachChanged(Game& game, const SlotRange& range, Function function) {
@@ -439,19 +439,21 @@ struct RunSums {
   bool changed = false;
 };
 
-RunSums SumRuns(const Game& game, const SlotRange& range) {
+RunSums SumRuns(const Game& game, const BetSet& bets) {
+  const BetStreaks& streaks = game.BetStreak;
   RunSums sums;
-  for (int bet = range.first; bet <= std::min<int>(range.last, kBetCount); ++bet) {
-    const int run = game.BetStreak.Now(bet);
-    sums.wins += std::max(run, 0);
-    sums.losses += std::min(run, 0);
-    sums.changed |= run != game.BetStreak.Before(bet);
-  }
+  (streaks.Running() & bets).ForEach([&](int bet) {
+    sums.wins += std::max(streaks.Now(bet), 0);
+    sums.losses += std::min(streaks.Now(bet), 0);
+  });
+  (streaks.Changed() & bets).ForEach([&](int bet) {
+    sums.changed |= streaks.Now(bet) != streaks.Before(bet);
+  });
   return sums;
 }
 
 ConditionAnswer CompareRuns(const Game& game, const CompiledLine& line) {
-  const RunSums sums = SumRuns(game, line.subject.range);
+  const RunSums sums = SumRuns(game, line.subject.bets);
   const std::int64_t amount = line.amount.Raw();
   const std::int64_t wins = InAmountUnits(sums.wins);
   const std::int64_t losses = InAmountUnits(-sums.losses);

@@ -46,6 +46,7 @@ void TakeAnswer(Game& game, const MessageReply& reply) {
     if (reply.hide) HideNotices(game);
   }
   if ((game.MsgOptions & kOneInput) != 0) {
+    game.MsgInputText = reply.input1;
     game.BetRequest = ParseMoney(reply.input1);
     game.MsgInput2 = ParseMoney(reply.input2);
   }
@@ -69,10 +70,12 @@ void ShowMessage(Game& game) {
     request.options = game.MsgOptions;
     request.help = game.MsgHelpId;
     request.input_default = game.MsgInputDefault;
+    request.input2_default = game.MsgInput2Default;
     request.input_length = game.MsgInputLength;
     TakeAnswer(game, game.surface->ShowMessage(request));
   }
   game.MsgInputDefault.clear();
+  game.MsgInput2Default.clear();
   game.MsgInputLength = 0;
 }
 
@@ -100,13 +103,10 @@ bool AskYesNo(Game& game, std::string title, std::string text, std::int32_t opti
   return game.MsgAnswer == kAnswerYes;
 }
 
-void SetFlag(Game& game, std::size_t index, bool value) {
-  ScriptFlag& flag = game.ScriptFlags[index];
-  if (flag.FlagValue != value) {
-    flag.FlagChanged = true;
-    game.AnyFlagChanged = true;
-  }
-  flag.FlagValue = value;
+void TellNotSaved(Game& game, std::string_view what, const std::string& path) {
+  const std::string reason = game.LastErrorText.substr(0, game.LastErrorText.find(", Error #"));
+  Tell(game, "Unable to Save " + std::string(what), path + "\ncould not be saved: " + reason + '.',
+       kButtonOk | kPictureStop);
 }
 
 }  // namespace feltmaster

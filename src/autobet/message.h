@@ -22,10 +22,10 @@ bool AskYesNo(Game& game, std::string title, std::string text,
               std::int32_t options = kButtonYes | kButtonNo | kPictureQuestion | kDefaultYes,
               std::int32_t help = 0);
 
+// That a file could not be written, and the reason, with which LastErrorText begins.
+void TellNotSaved(Game& game, std::string_view what, const std::string& path);
+
 // The run in progress does not wait at its end: a dialog or a sound has taken the time.
 void EndPacing(Game& game);
-
-// FlagChanged becomes True when the value differs. index counts from 0.
-void SetFlag(Game& game, std::size_t index, bool value);
 
 }  // namespace feltmaster

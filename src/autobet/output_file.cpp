@@ -1,61 +1,59 @@
 #include "autobet/output_file.h"
 
-#include <cerrno>
-#include <cstdio>
 #include <memory>
+#include <utility>
+
+#include "autobet/message.h"
+#include "base/append_file.h"
+#include "base/record_file.h"
 
 namespace feltmaster {
 namespace {
 
-// Closed by its last owner, with what was written last.
-struct OutputFile {
-  explicit OutputFile(std::FILE* opened) : file(opened) {}
-  OutputFile(const OutputFile&) = delete;
-  OutputFile& operator=(const OutputFile&) = delete;
-  ~OutputFile() { std::fclose(file); }
-
-  std::FILE* file;
-};
-
-std::FILE* OpenFile(const Game& game) {
-  return game.ScriptOutput ? static_cast<OutputFile*>(game.ScriptOutput.get())->file : nullptr;
+AppendFile* OpenFile(const Game& game) {
+  return static_cast<AppendFile*>(game.ScriptOutput.get());
 }
 
-std::error_code LastError() {
-  return {errno == 0 ? EIO : errno, std::generic_category()};
+void TellFault(Game& game, const std::error_code& error) {
+  if (!error) return;
+  game.LastErrorText = FileError{error.value(), error.message()}.At("Write Output File");
+  TellNotSaved(game, "Output File", game.ScriptOutputFile);
 }
 
 }  // namespace
 
 std::error_code OpenScriptOutput(Game& game, const std::string& name, OutputMode mode) {
   if (const std::error_code error = CloseScriptOutput(game)) return error;
-  errno = 0;
-  std::FILE* file = std::fopen(name.c_str(), mode == OutputMode::kClear ? "wb" : "ab");
-  if (file == nullptr) return LastError();
-  game.ScriptOutput = std::make_shared<OutputFile>(file);
+  auto file = std::make_shared<AppendFile>();
+  if (const std::error_code error = file->Open(name, mode == OutputMode::kClear)) return error;
+  game.ScriptOutput = std::move(file);
   game.ScriptOutputFile = name;
   return {};
 }
 
 std::error_code WriteScriptOutput(Game& game, std::string_view text) {
-  std::FILE* file = OpenFile(game);
-  if (file == nullptr) return std::make_error_code(std::errc::bad_file_descriptor);
-  errno = 0;
-  if (std::fwrite(text.data(), 1, text.size(), file) != text.size()) return LastError();
-  return {};
+  AppendFile* file = OpenFile(game);
+  return file == nullptr ? std::make_error_code(std::errc::bad_file_descriptor) : file->Write(text);
+}
+
+std::error_code FlushScriptOutput(Game& game) {
+  AppendFile* file = OpenFile(game);
+  return file == nullptr ? std::error_code() : file->Flush();
 }
 
 std::error_code CloseScriptOutput(Game& game) {
-  const std::error_code error = FlushScriptOutput(game);
+  AppendFile* file = OpenFile(game);
+  const std::error_code error = file == nullptr ? std::error_code() : file->Close();
   game.ScriptOutput.reset();
   return error;
 }
 
-std::error_code FlushScriptOutput(Game& game) {
-  std::FILE* file = OpenFile(game);
-  errno = 0;
-  if (file != nullptr && std::fflush(file) != 0) return LastError();
-  return {};
+void SettleScriptOutput(Game& game) {
+  TellFault(game, FlushScriptOutput(game));
+}
+
+void EndScriptOutput(Game& game) {
+  TellFault(game, CloseScriptOutput(game));
 }
 
 }  // namespace feltmaster

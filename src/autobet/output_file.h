@@ -19,4 +19,9 @@ std::error_code CloseScriptOutput(Game& game);
 // Hyper-Drive; there it is for whoever ends the chain of rolls.
 std::error_code FlushScriptOutput(Game& game);
 
+// Flushes, or closes the file, where no script runs that could be aborted: the player is told of a
+// fault.
+void SettleScriptOutput(Game& game);
+void EndScriptOutput(Game& game);
+
 }  // namespace feltmaster

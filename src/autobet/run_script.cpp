@@ -1,9 +1,10 @@
 #include "autobet/run_script.h"
 
-#include <algorithm>
+#include <array>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "autobet/actions.h"
 #include "autobet/compiled_script.h"
@@ -101,74 +102,81 @@ void OpenSection(Game& game, ScriptRun& run, std::int32_t kind) {
   if (Stepping(game)) Report(game, SectionStatus(run));
 }
 
+enum BlockVerdict : std::uint8_t { kBlockNotNew, kBlockTrue, kBlockFalse };
+enum XorVerdict : std::uint8_t { kNoXor, kXorByPrevious, kXorFalse, kXorBothTrue, kXorByBlock };
+
+constexpr std::array<std::string_view, 3> kBlockStatus = {
+    "All the conditions in the block were true, but none have just now occurred - so the block "
+    "is false. ",
+    "All the conditions in the block were true. ",
+    "At least one condition was false, so the block is false. "};
+constexpr std::array<std::string_view, 5> kXorStatus = {
+    "", "However, the previous block was true, therefore the xor condition is true. ",
+    "And since the previous block was also false, the xor condition is false. ",
+    "However, the previous block was also true, therefore the xor condition is false. ",
+    "And since the previous block was false, the xor condition is also true. "};
+
 // Decides the block that a line of that kind ends.
 void CloseBlock(Game& game, ScriptRun& run, std::int32_t kind) {
-  constexpr std::string_view kPreviousTrue =
-      "However, the previous block was true, therefore the xor condition is true. ";
-  constexpr std::string_view kPreviousFalse =
-      "And since the previous block was also false, the xor condition is false. ";
-  std::string_view status;
-  std::string_view xor_status;
+  BlockVerdict block = kBlockFalse;
+  XorVerdict by_xor = kNoXor;
   if (run.BlockTrue && !run.BlockHasNew && OpensWhen(run.BlockKind)) {
-    status =
-        "All the conditions in the block were true, but none have just now occurred - so the block "
-        "is false. ";
+    block = kBlockNotNew;
     run.BlockTrue = false;
     if (run.XorKind == kXorWhen) {
-      xor_status = run.PrevBlockTrue ? kPreviousTrue : kPreviousFalse;
+      by_xor = run.PrevBlockTrue ? kXorByPrevious : kXorFalse;
       if (run.PrevBlockTrue) run.OverallTrue = true;
     } else {
       run.PrevBlockTrue = false;
     }
   } else if (run.BlockTrue) {
-    status = "All the conditions in the block were true. ";
+    block = kBlockTrue;
     if (run.XorKind == 0) {
       run.PrevBlockTrue = true;
     } else if (!ContinuesBlock(kind)) {
-      if (run.PrevBlockTrue) {
-        xor_status =
-            "However, the previous block was also true, therefore the xor condition is false. ";
-        run.PrevBlockTrue = false;
-      } else {
-        xor_status = "And since the previous block was false, the xor condition is also true. ";
-        run.OverallTrue = true;
-      }
-    }
-  } else {
-    status = "At least one condition was false, so the block is false. ";
-    if (run.XorKind != 0) {
-      xor_status = run.PrevBlockTrue ? kPreviousTrue : kPreviousFalse;
-      if (run.PrevBlockTrue) run.OverallTrue = true;
-    } else {
+      by_xor = run.PrevBlockTrue ? kXorBothTrue : kXorByBlock;
+      if (!run.PrevBlockTrue) run.OverallTrue = true;
       run.PrevBlockTrue = false;
     }
+  } else if (run.XorKind != 0) {
+    by_xor = run.PrevBlockTrue ? kXorByPrevious : kXorFalse;
+    if (run.PrevBlockTrue) run.OverallTrue = true;
+  } else {
+    run.PrevBlockTrue = false;
   }
   run.XorKind = 0;
   const bool keeps_previous = ContinuesBlock(kind) || kind == kXorWhen || kind == kXorWhile;
   if (run.PrevBlockTrue && !keeps_previous) run.OverallTrue = true;
   if (run.OverallTrue && kind != kThen) return;
-  if (Stepping(game)) Report(game, std::string(status) + std::string(xor_status));
+  if (Stepping(game)) {
+    Report(game, std::string(kBlockStatus[block]) + std::string(kXorStatus[by_xor]));
+  }
   OpenSection(game, run, kind);
 }
 
-void AskCondition(Game& game, ScriptRun& run, const CompiledLine& line) {
-  if (run.OverallTrue || !run.BlockTrue) return;
+// What comes next: the line behind, or, when none of the like lines that follow can do anything,
+// the line behind them.
+enum class Next : std::uint8_t { kLine, kPassLikeLines };
+
+Next AskCondition(Game& game, ScriptRun& run, const CompiledLine& line) {
+  if (run.OverallTrue || !run.BlockTrue) return Next::kPassLikeLines;
   const ConditionAnswer answer = EvaluateCondition(game, line, run.BlockKind);
   run.BlockTrue = answer.is_true;
   run.LineNew = answer.is_new;
   run.BlockHasNew |= answer.is_new;
   if (Stepping(game)) Report(game, ConditionStatus(answer));
+  return run.BlockTrue ? Next::kLine : Next::kPassLikeLines;
 }
 
-void TakeAction(Game& game, ScriptRun& run, const CompiledLine& line) {
-  if (run.BlockKind == kThen && !run.OverallTrue) return;
-  if (run.BlockKind == kElse && run.OverallTrue) return;
+Next TakeAction(Game& game, ScriptRun& run, const CompiledLine& line) {
+  if (run.BlockKind == kThen && !run.OverallTrue) return Next::kPassLikeLines;
+  if (run.BlockKind == kElse && run.OverallTrue) return Next::kPassLikeLines;
   if (!line.continues_group) {
     run.RunValue = MoneyAmount();
     run.RunCount = 0;
   }
   ExecuteAction(game, line, run);
-  if (!Stepping(game)) return;
+  if (!Stepping(game)) return Next::kLine;
   if (line.code == kActionReturn && !run.ReturnPending) {
     Report(game,
            "This statement will be ignored since it was not encountered as a result of a \"GoSub\" "
@@ -176,9 +184,10 @@ void TakeAction(Game& game, ScriptRun& run, const CompiledLine& line) {
   } else {
     Report(game, "Action taken.");
   }
+  return Next::kLine;
 }
 
-void ProcessLine(Game& game, ScriptRun& run, const CompiledLine& line) {
+Next ProcessLine(Game& game, ScriptRun& run, const CompiledLine& line) {
   switch (line.kind) {
     case kLabelLine:
       Report(game, "This label was encountered normally.");
@@ -208,8 +217,7 @@ void ProcessLine(Game& game, ScriptRun& run, const CompiledLine& line) {
       run.BlockTrue = true;
       break;
     case kConditionLine:
-      AskCondition(game, run, line);
-      break;
+      return AskCondition(game, run, line);
     case kThen:
       CloseBlock(game, run, line.kind);
       break;
@@ -218,19 +226,22 @@ void ProcessLine(Game& game, ScriptRun& run, const CompiledLine& line) {
       OpenSection(game, run, line.kind);
       break;
     case kActionLine:
-      TakeAction(game, run, line);
-      break;
+      return TakeAction(game, run, line);
+    case kCommentLine:
+      return Next::kPassLikeLines;
     default:
       break;
   }
+  return Next::kLine;
 }
 
 // --- The run -------------------------------------------------------------------------------------
 
-// False when the player has interrupted the script.
-bool GoesOn(Game& game, ScriptRun& run) {
-  if (++run.LinesSinceYield >= kLinesPerYield) {
-    run.LinesSinceYield = 0;
+// So many lines have been looked at. False when the player has interrupted the script.
+bool GoesOn(Game& game, ScriptRun& run, std::int32_t lines) {
+  run.LinesSinceYield += lines;
+  while (run.LinesSinceYield >= kLinesPerYield && game.AutoBetRunning) {
+    run.LinesSinceYield -= kLinesPerYield;
     game.surface->LetEventsThrough();
   }
   return game.AutoBetRunning;
@@ -240,36 +251,41 @@ bool GoesOn(Game& game, ScriptRun& run) {
 // from its first line, and counts as so many lines.
 bool WalkScript(Game& game, const CompiledScript& script) {
   ScriptRun run;
+  const CompiledLine* const lines = script.lines.data();
   const auto count = static_cast<std::int32_t>(script.lines.size());
   std::int32_t at = 1;
-  for (; at <= count; ++at) {
+  while (at <= count) {
     game.CurrentLine = at;
-    if (!GoesOn(game, run)) return false;
-    const CompiledLine& line = script.lines[static_cast<std::size_t>(at) - 1];
-    if (line.kind == kCommentLine) continue;
-    if (run.LabelPending) {
-      run.LabelPending = false;
-      OpenSection(game, run, kLabelLine);
+    if (!GoesOn(game, run, 1)) return false;
+    const CompiledLine& line = lines[at - 1];
+    if ((run.LabelPending || run.ReturnPending) && line.kind != kCommentLine) [[unlikely]] {
+      if (run.LabelPending) {
+        run.LabelPending = false;
+        OpenSection(game, run, kLabelLine);
+      } else {
+        run.ReturnPending = false;
+        game.CurrentLine = at = run.Returns.Pop();
+        Report(game,
+               "A \"Return\" statement has caused a jump back to this \"GoSub\" statement.  "
+               "Processing will resume with the next line in order.");
+      }
+      ++at;
       continue;
     }
-    if (run.ReturnPending) {
-      run.ReturnPending = false;
-      game.CurrentLine = at = run.Returns.Pop();
-      Report(game,
-             "A \"Return\" statement has caused a jump back to this \"GoSub\" statement.  "
-             "Processing will resume with the next line in order.");
-      continue;
-    }
-    ProcessLine(game, run, line);
-    if (run.PendingLine != 0) {
-      at = run.PendingLine - 1;
-      run.LinesSinceYield += at;
+    if (ProcessLine(game, run, line) == Next::kPassLikeLines) {
+      run.LinesSinceYield += line.pass_to - at - 1;
+      at = line.pass_to;
+    } else if (run.PendingLine == 0) {
+      ++at;
+    } else {
+      at = run.PendingLine;
+      run.LinesSinceYield += at - 1;
       run.PendingLine = 0;
       run.LabelPending = true;
     }
   }
   game.CurrentLine = at;
-  return true;
+  return GoesOn(game, run, 0);
 }
 
 void Abort(Game& game, const ScriptFailure& failure) {
@@ -319,16 +335,46 @@ void Pace(Game& game) {
   if (elapsed >= 0 && elapsed < kShortestRun) game.surface->Wait(kShortestRun - elapsed, kGoesOn);
 }
 
+// Stands in the game for a form that is in use. It owns nothing, and being empty it suits no
+// script.
+const CompiledScript kTaken;
+
+// The compiled script while it runs. A dialog that a line opens may let the player change the
+// script, or open another game: the form in use stays with the run, and goes back to the game only
+// if nobody has touched it there. To share it instead would cost every roll two locked counts.
+class ScriptInUse {
+ public:
+  explicit ScriptInUse(Game& game) : game_(game) {
+    CompiledForm(game);
+    script_ = std::exchange(game.Compiled, Taken());
+  }
+  ~ScriptInUse() {
+    if (game_.Compiled == Taken()) game_.Compiled = std::move(script_);
+  }
+  ScriptInUse(const ScriptInUse&) = delete;
+  ScriptInUse& operator=(const ScriptInUse&) = delete;
+
+  const CompiledScript& Lines() const { return *script_; }
+
+ private:
+  static std::shared_ptr<const CompiledScript> Taken() {
+    return {std::shared_ptr<const CompiledScript>(), &kTaken};
+  }
+
+  Game& game_;
+  std::shared_ptr<const CompiledScript> script_;
+};
+
 }  // namespace
 
 void RunScript(Game& game) {
   if (game.ScriptLines.empty()) return;
-  const std::shared_ptr<const CompiledScript> script = CompiledForm(game);
+  const ScriptInUse script(game);
   game.AutoBetRunning = true;
   ShowBanner(game);
   game.ScriptStartTime = game.surface->SecondsSinceMidnight();
   game.MsgAnswer = kAnswerOk;
-  const bool ended = Walk(game, *script);
+  const bool ended = Walk(game, script.Lines());
   game.AutoBetRunning = false;
   if (ended && game.HyperDriveActive) return;
 

@@ -1,15 +1,25 @@
 #include "automation/auto_play.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 
 #include "autobet/message.h"
+#include "base/number_format.h"
 #include "engine/bet_states.h"
 #include "engine/place_bet.h"
 #include "engine/roll_cycle.h"
 #include "engine/table_effects.h"
 
 namespace feltmaster {
+
+namespace {
+
+std::size_t Cell(int option) {
+  return static_cast<std::size_t>(option - kFirstHandleOption);
+}
+
+}  // namespace
 
 void ApplyWorkStates(Game& game) {
   UpdateBetStates(game);
@@ -21,10 +31,42 @@ void ResetWorkOnComeOut(Game& game) {
   ShowTableChange(game, kChangedStatus);
 }
 
-void SetWorkOnComeOut(Game& game, int bet, bool works) {
-  if (!IsLayoutBet(bet)) return;
-  game.WorkOnComeOut.Put(bet, works);
+BetSet WorkList() {
+  BetSet bound;
+  bound.AddRange(kComePoint, kComePoint + kSlotCount - 1);
+  bound.AddRange(kPassLine, kComeBox);
+  return kLayoutBets.Without(bound);
+}
+
+void MarkWorkOnComeOut(Game& game, const BetSet& selected, BetMark mark) {
+  game.WorkOnComeOut = Marked(game.WorkOnComeOut, selected & WorkList(), mark, WorkingByDefault());
   ApplyWorkStates(game);
+}
+
+std::string_view HandleOperatorText(const Game& game, int option) {
+  constexpr std::array<std::string_view, 4> kOperators = {"+", "-", "x", "/"};
+  return kOperators[static_cast<std::size_t>(game.HandleChoiceTag[Cell(option)]) %
+                    kOperators.size()];
+}
+
+void StepHandleOperator(Game& game, int option) {
+  constexpr std::int32_t kOperators = 4;
+  std::int32_t& tag = game.HandleChoiceTag[Cell(option)];
+  tag = (tag + 1) % kOperators;
+}
+
+std::string HandleUnitsText(const Game& game, int option) {
+  constexpr std::int64_t kSlotBelowChipUnits = 93;
+  const std::int64_t units = game.HandleUnits[Cell(option)].FloorWhole();
+  if (units == 0) return "$";
+  if (units == 1) return "%";
+  const auto chip = static_cast<int>(kSlotBelowChipUnits + std::clamp<std::int64_t>(units, 2, 6));
+  return '$' + FormatMoney(game.BetAmount[chip]) + " Units";
+}
+
+void StepHandleUnits(Game& game, int option) {
+  MoneyAmount& units = game.HandleUnits[Cell(option)];
+  units = MoneyAmount(units.Raw() == 0 ? 1 : 0);
 }
 
 void SetAutoAdjust(Game& game, std::int32_t option) {

@@ -1,5 +1,6 @@
 #include "base/descriptor.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -40,6 +41,13 @@ bool Descriptor::WriteAt(std::uint64_t place, std::string_view bytes) const {
     if (written > 0) place += static_cast<std::uint64_t>(written);
     return written;
   });
+}
+
+void FlushFolderOf(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  const std::string folder = slash == std::string::npos ? "." : path.substr(0, slash + 1);
+  const Descriptor directory(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (directory.IsOpen()) ::fsync(directory.Number());
 }
 
 }  // namespace feltmaster

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -32,5 +33,8 @@ class Descriptor {
  private:
   int number_;
 };
+
+// A new name is on the disk only when its folder is. A folder that cannot be flushed is no fault.
+void FlushFolderOf(const std::string& path);
 
 }  // namespace feltmaster

@@ -9,6 +9,22 @@
 
 namespace feltmaster {
 
+namespace {
+
+// With its separator; empty for a bare name.
+std::string FolderOf(const std::string& path) {
+  return path.substr(0, path.rfind('/') + 1);
+}
+
+// Where the new file grows up. It is no longer than a name may be, however long the file's own is.
+std::string NameBeside(const std::string& path) {
+  constexpr std::size_t kLongest = 200;
+  const std::string folder = FolderOf(path);
+  return folder + path.substr(folder.size(), kLongest) + ".new" + std::to_string(::getpid());
+}
+
+}  // namespace
+
 DraftFile::~DraftFile() {
   if (!draft_.empty()) ::unlink(draft_.c_str());
 }
@@ -27,7 +43,7 @@ std::optional<FileError> DraftFile::Open(const std::string& path) {
     }
   }
   constexpr mode_t kUsualMode = 0666;
-  const std::string draft = target_ + ".new" + std::to_string(::getpid());
+  const std::string draft = NameBeside(target_);
   ::unlink(draft.c_str());
   file_ = Descriptor(::open(draft.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC,
                             mode_ < 0 ? kUsualMode : static_cast<mode_t>(mode_)));
@@ -52,11 +68,7 @@ std::optional<FileError> DraftFile::PutInPlace() {
                     ::rename(draft_.c_str(), target_.c_str()) == 0;
   if (!done) return SystemError(errno);
   draft_.clear();
-  // The name is on the disk only when its folder is. A folder that cannot be flushed is no fault.
-  const std::size_t slash = target_.rfind('/');
-  const std::string folder = slash == std::string::npos ? "." : target_.substr(0, slash + 1);
-  const Descriptor directory(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (directory.IsOpen()) ::fsync(directory.Number());
+  FlushFolderOf(target_);
   return std::nullopt;
 }
 

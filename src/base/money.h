@@ -72,6 +72,8 @@ class MoneyAmount {
     if (__builtin_mul_overflow(raw_, count, &raw)) throw MoneyOverflow();
     return FromRaw(raw);
   }
+  // One of so many equal parts, rounded to four places; throws MoneyDivisionByZero.
+  constexpr MoneyAmount Shared(std::int64_t parts) const;
 
  private:
   std::int64_t raw_ = 0;
@@ -135,6 +137,11 @@ constexpr MoneyAmount Quotient(MoneyAmount a, MoneyAmount b) {
   if (b.Raw() == 0) throw MoneyDivisionByZero();
   return MoneyAmount::FromRaw(
       money_internal::MultiplyDivide(a.Raw(), MoneyAmount::kScale, b.Raw()));
+}
+
+constexpr MoneyAmount MoneyAmount::Shared(std::int64_t parts) const {
+  if (parts == 0) throw MoneyDivisionByZero();
+  return FromRaw(money_internal::MultiplyDivide(raw_, 1, parts));
 }
 
 // a * b / c with one rounding at the end, where the rule does not round the product by itself.

@@ -10,11 +10,9 @@
 #include <chrono>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <limits>
 #include <system_error>
-#include <utility>
 
 #include "base/descriptor.h"
 #include "base/draft_file.h"
@@ -105,10 +103,16 @@ FileError SystemError(int number) {
   return {number, std::generic_category().message(number)};
 }
 
-std::optional<FileError> RecordReader::Open(const std::string& path) {
+std::optional<FileError> FaultOfRecordFile(const std::string& path) {
   struct stat status {};
   if (::stat(path.c_str(), &status) != 0) return SystemError(errno);
   if (S_ISDIR(status.st_mode)) return SystemError(EISDIR);
+  return S_ISREG(status.st_mode) ? std::nullopt : std::optional(SystemError(ENOTSUP));
+}
+
+std::optional<FileError> RecordReader::Open(const std::string& path) {
+  if (std::optional<FileError> fault = FaultOfRecordFile(path)) return fault;
+  file_ = std::ifstream();
   errno = 0;
   file_.open(path, std::ios::binary);
   if (!file_.is_open()) return SystemError(errno != 0 ? errno : EIO);
@@ -174,10 +178,13 @@ std::optional<FileError> WriteOverStart(const std::string& path, std::string_vie
   constexpr std::size_t kLimit = 64 << 20;
   std::string whole(bytes);
   struct stat status {};
-  std::string older;
-  if (::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
-      !ReadWholeFile(path, kLimit, older) && older.size() > bytes.size()) {
-    whole += std::string_view(older).substr(bytes.size());
+  if (::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode)) {
+    std::string older;
+    const std::optional<FileError> error = ReadWholeFile(path, kLimit, older);
+    if (error && error->number != EFBIG) return error;
+    if (!error && older.size() > bytes.size()) {
+      whole += std::string_view(older).substr(bytes.size());
+    }
   }
   return WriteFileAtomically(path, whole);
 }

@@ -52,6 +52,10 @@ struct FileError {
 };
 FileError SystemError(int number);
 
+// Why a path cannot be read as a file of records, if it cannot: it is not there, or it is a folder,
+// or a pipe or a device, which would be waited for.
+std::optional<FileError> FaultOfRecordFile(const std::string& path);
+
 // Reads the records of a file one after the other and ends where the file ends, whatever its
 // header promises. An incomplete record at the end is none.
 class RecordReader {

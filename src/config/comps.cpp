@@ -1,5 +1,7 @@
 #include "config/comps.h"
 
+#include <array>
+
 #include "config/advantage.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
@@ -52,15 +54,14 @@ MoneyAmount CompValueOf(const Comps& comps, const Game& game) {
 Comps FigureComps(Game& game) {
   const TrueDice true_dice(game, game.CompsUseTrueProbs);
   Comps comps;
-  for (int bet = 1; bet <= kBetCount; ++bet) {
-    if (!CountsInComps(game, bet)) continue;
+  CompBets(game).ForEach([&](int bet) {
     const MoneyAmount total = ResultCell(game, ResultKind::kWagers, kActual, bet, kResultTotal);
     comps.Action += total;
     comps.Count += ResultCell(game, ResultKind::kWagers, kActual, bet, kResultCount);
-    if (total.Raw() == 0) continue;
+    if (total.Raw() == 0) return;
     const double worth = FigureAdvantage(game, bet).ev_per_decision;
-    comps.Value += MoneyAmount::FromDouble(total.ToDouble() * worth);
-  }
+    comps.Value = MoneyAmount::FromDouble(comps.Value.ToDouble() + total.ToDouble() * worth);
+  });
   if (game.RollsPerHour.Raw() > 0) comps.Hours = RollCounts(game, 0) / game.RollsPerHour.ToDouble();
   if (comps.Count.Raw() > 0) {
     comps.ActionTime =
@@ -70,18 +71,24 @@ Comps FigureComps(Game& game) {
   return comps;
 }
 
-bool CountsInComps(const Game& game, int bet) {
-  return (static_cast<std::uint32_t>(game.CompBetMask[WordOf(bet)]) & BitOf(bet)) != 0;
+BetSet CompBets(const Game& game) {
+  BetSet bets;
+  for (int bet = 1; bet <= kBetCount; ++bet) {
+    bets.Put(bet, (static_cast<std::uint32_t>(game.CompBetMask[WordOf(bet)]) & BitOf(bet)) != 0);
+  }
+  return bets;
 }
 
-void SetCountsInComps(Game& game, int bet, bool counts) {
-  std::int32_t& word = game.CompBetMask[WordOf(bet)];
-  const auto bits = static_cast<std::uint32_t>(word);
-  word = static_cast<std::int32_t>(counts ? bits | BitOf(bet) : bits & ~BitOf(bet));
-}
-
-bool CountsInCompsByDefault(int bet) {
-  return !IsComeOdds(bet) && bet != kPassOdds;
+void MarkCompBets(Game& game, const BetSet& selected, BetMark mark) {
+  BetSet odds;
+  odds.AddRange(kComeOdds, kComeOdds + kSlotCount - 1);
+  odds.Add(kPassOdds);
+  std::array<std::uint32_t, 4> words{};
+  Marked(CompBets(game), selected & kLayoutBets, mark, kLayoutBets.Without(odds))
+      .ForEach([&](int bet) { words[WordOf(bet)] |= BitOf(bet); });
+  for (std::size_t word = 1; word < words.size(); ++word) {
+    game.CompBetMask[word] = static_cast<std::int32_t>(words[word]);
+  }
 }
 
 }  // namespace feltmaster

@@ -17,10 +17,10 @@ struct Comps {
 // With CompsUseTrueProbs the dice are taken as true, whatever a Probability File says.
 Comps FigureComps(Game& game);
 
-// Whether a bet counts in the comps; bet is 1 to 88.
-bool CountsInComps(const Game& game, int bet);
-void SetCountsInComps(Game& game, int bet, bool counts);
-// What the button "Default" gives a bet: odds bets earn nothing. Not the set of a fresh game.
-bool CountsInCompsByDefault(int bet);
+// The bets that count in the comps, as kept in CompBetMask.
+BetSet CompBets(const Game& game);
+// The buttons of their list. By "Default" odds bets earn nothing, which is not the set of a fresh
+// game.
+void MarkCompBets(Game& game, const BetSet& selected, BetMark mark);
 
 }  // namespace feltmaster

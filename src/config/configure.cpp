@@ -16,7 +16,9 @@
 #include "config/payoffs.h"
 #include "engine/amounts.h"
 #include "engine/bet_limits.h"
+#include "engine/chip_list.h"
 #include "engine/place_bet.h"
+#include "engine/sounds.h"
 #include "engine/table_effects.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
@@ -114,6 +116,7 @@ void LeaveConfigure(Game& game) {
   SettlePhantoms(game);
   SetFieldCommonDenominator(game);
   if (game.AutoAdjustBetAmounts != kAdjustManually) AdjustAllBets(game);
+  RebuildAllChips(game);
   game.RedrawTable = true;
   ShowTableChange(game, kChangedAll);
 }
@@ -219,9 +222,8 @@ bool IsInPayoffGrid(int bet) {
   return false;
 }
 
-// Bets on the list of what works on the come-out: the contract bets are not.
 bool IsOnWorkList(int bet) {
-  return !IsComePoint(bet) && bet != kPassLine && bet != kPassOdds && bet != kComeBox;
+  return WorkList().Has(bet);
 }
 
 PayRow& BetRow(Game& game, const Entry& entry) {
@@ -359,8 +361,11 @@ constexpr auto kSettings = std::to_array<Setting>({
      }, {1, 3}},
     {"AllSoundOff", Box(), &Game::AllSoundOff},
     {"AutoBetSoundOff", Box(), &Game::AutoBetSoundOff},
-    {"StickPersonChoice", List(0), &Game::StickPersonChoice, {}, false,
-     &Preferences::StickPersonList},
+    {"StickPersonChoice", List(0),
+     [](Game& game, const Entry& entry) {
+       game.StickPersonChoice = static_cast<std::int32_t>(entry.whole);
+       BuildStickCalls(game);
+     }, {}, false, &Preferences::StickPersonList},
     {"DiceSoundChoice", List(0), &Game::DiceSoundChoice, {}, false, &Preferences::DiceSoundList},
     {"ChipSoundChoice", List(0), &Game::ChipSoundChoice, {}, false, &Preferences::ChipSoundList},
     {"WinSoundChoice", List(0), &Game::WinSoundChoice, {}, false, &Preferences::WinSoundList},
@@ -392,7 +397,7 @@ constexpr auto kSettings = std::to_array<Setting>({
     {"AutoArrangeChips", Box(),
      [](Game& game, const Entry& entry) {
        game.AutoArrangeChips = entry.on;
-       if (entry.on) ShowTableChange(game, kChangedChips);
+       if (entry.on) RebuildAllChips(game);
      }},
     {"AutoRollDice", Box(),
      [](Game& game, const Entry& entry) { SetAutoRollDice(game, entry.on); }},
@@ -407,7 +412,11 @@ constexpr auto kSettings = std::to_array<Setting>({
      [](Game& game, const Entry& entry) { ElementOf(game.AutoStopOn, entry) = entry.on; },
      {0, kAutoStops - 1}},
     {"WorkOnComeOut", Box(),
-     [](Game& game, const Entry& entry) { SetWorkOnComeOut(game, entry.index, entry.on); },
+     [](Game& game, const Entry& entry) {
+       BetSet bet;
+       bet.Add(entry.index);
+       MarkWorkOnComeOut(game, bet, entry.on ? BetMark::kYes : BetMark::kNo);
+     },
      {1, kBetCount, 0, IsOnWorkList}},
 });
 // clang-format on
@@ -703,6 +712,14 @@ void RestoreDefaultDenominations(Game& game) {
   if (AskYesNo(game, "Confirm?",
                "Do you want to restore all checks to their original Feltmaster values?")) {
     SetDefaultDenominations(game);
+  }
+}
+
+void RestoreDefaultPayoffs(Game& game) {
+  if (AskYesNo(game, "Confirm?",
+               "Do you want to restore all payoffs to their original Feltmaster settings?")) {
+    SettlePhantoms(game);
+    DefaultPayoffs(game);
   }
 }
 

@@ -40,6 +40,7 @@ void SetAllowNegBankroll(Game& game, bool allow);
 
 void SetDefaultDenominations(Game& game);
 void RestoreDefaultDenominations(Game& game);  // asks first
+void RestoreDefaultPayoffs(Game& game);        // asks first
 
 // Writes a setting by its name as its control on the Configure or Auto-Play screen does, with that
 // control's checks and effects. The value is text as typed: true or false for a box, the index for

@@ -83,7 +83,7 @@ int RunBench(const BenchOptions& options) {
 
 constexpr const char* kNotes =
     R"(Every case plays a fixed number of rolls from a fixed seed and tells the best time of three equal
-runs. The signature is a hash over the whole game as it ended: it changes only when the game does.
+runs, in seconds of one processor. The signature is a hash over the whole game as it ended: it changes only when the game does.
 
   dice           nothing but the two dice of RNG #1
   bare           an empty table with all its statistics
@@ -91,6 +91,10 @@ runs. The signature is a hash over the whole game as it ended: it changes only w
   ironcross      the script strategies/iron_cross.txt
   long           a script of 60 lines with Total and Any conditions
   rng1 to rng8   the dice of one generator
+
+Examples:
+  feltmaster bench
+  feltmaster bench --case ironcross --case long --json
 )";
 
 }  // namespace

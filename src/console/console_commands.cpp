@@ -4,11 +4,13 @@
 #include <exception>
 #include <filesystem>
 #include <limits>
+#include <memory>
 #include <ostream>
 #include <ranges>
 #include <span>
 
 #include "autobet/check_bets.h"
+#include "autobet/flags.h"
 #include "autobet/hot_keys.h"
 #include "autobet/message.h"
 #include "autobet/run_script.h"
@@ -18,7 +20,6 @@
 #include "autobet/values.h"
 #include "automation/auto_play.h"
 #include "automation/hyper_drive.h"
-#include "automation/table_guards.h"
 #include "base/number_format.h"
 #include "base/text.h"
 #include "config/advantage.h"
@@ -33,19 +34,28 @@
 #include "dice/rng.h"
 #include "engine/amounts.h"
 #include "engine/bet_limits.h"
+#include "engine/chip_stacks.h"
+#include "engine/entry_box.h"
 #include "engine/new_game.h"
 #include "engine/place_bet.h"
 #include "engine/roll_cycle.h"
 #include "files/file_commands.h"
+#include "files/games_log.h"
 #include "files/roll_recorder.h"
 #include "stats/bankroll_history.h"
+#include "stats/games_analysis.h"
 #include "stats/roll_statistics.h"
+#include "table/table_input.h"
 #include "view/bankroll_graph.h"
 #include "view/bet_results_table.h"
+#include "view/games_screen.h"
+#include "view/probability_grid.h"
 #include "view/roll_frequencies.h"
 #include "view/roll_totals.h"
 #include "view/rules_rows.h"
+#include "view/settings_rows.h"
 #include "view/state_record.h"
+#include "view/status_lines.h"
 #include "view/summary.h"
 #include "view/table_rows.h"
 
@@ -72,9 +82,6 @@ Reply Refused(std::string sentence) {
 }
 Reply Refused(const Arguments& args) {
   return Refused(args.Error());
-}
-Reply NotYet(std::string_view what) {
-  return Refused(std::string(what) + " is not available yet.");
 }
 
 Reply Amount(MoneyAmount amount, std::string words = {}) {
@@ -230,11 +237,9 @@ Reply Enter(Console& console, Arguments& args) {
   const MoneyAmount amount = args.Amount("AMOUNT", IsChipStack(slot));
   args.End();
   if (args.Failed()) return Refused(args);
-  game.EntryBoxOpen = true;
-  game.EntryBoxBet = slot;
-  game.EntryBoxText = PlainNumber(amount);
+  MoveEntryBox(game, slot);
+  EditEntryBox(game, PlainNumber(amount));
   CommitEnteredBet(game);
-  game.EntryBoxOpen = false;
   return Amount(game.BetAmount[slot], BetInWords(game, slot));
 }
 
@@ -325,8 +330,91 @@ Reply Drag(Console& console, Arguments& args) {
   const int to = off_table ? kRail : args.BetOrStack(game, "TO");
   args.End();
   if (args.Failed()) return Refused(args);
-  DragBet(game, from, to);
+  LiftForDrag(game, from);
+  DropDragged(game, to);
   return Done({}, BetInWords(game, from) + (off_table ? std::string() : BetInWords(game, to)));
+}
+
+// What a press does from now on.
+std::string ToolInWords(const Game& game) {
+  if (IsChipTool(game.ChipColor)) {
+    return "In hand: $" + FormatMoney(game.BetAmount[kFirstChip - 1 + game.ChipColor]) +
+           " chips.\n";
+  }
+  if (IsPileTool(game.ChipColor)) {
+    const int pile = game.ChipColor - kFirstPileTool + 1;
+    return "In hand: " + NameOfBet(game, game.StackSlots[static_cast<std::size_t>(pile)]) + ".\n";
+  }
+  switch (game.ChipColor) {
+    case kBuyTool:
+      return "In hand: Buy.\n";
+    case kCallOffTool:
+      return "In hand: OFF.\n";
+    case kCallOnTool:
+      return "In hand: ON.\n";
+    default:
+      return {};
+  }
+}
+
+// What stands where a press or a key has done something.
+std::string TouchedInWords(const Game& game, int slot) {
+  return IsLayoutBet(slot) || IsChipStack(slot) ? BetInWords(game, slot) : std::string();
+}
+
+Reply Press(Console& console, Arguments& args) {
+  Game& game = console.Table;
+  const bool right = args.Take("right");
+  if (!right && !args.Take("left")) return Refused("BUTTON is left or right.");
+  Pixel at;
+  at.x = static_cast<int>(args.Number("X", 0, kTableWidth - 1));
+  at.y = static_cast<int>(args.Number("Y", 0, kTableHeight - 1));
+  Modifiers held;
+  for (bool more = true; more;) {
+    const bool shift = args.Take("shift");
+    const bool ctrl = args.Take("ctrl");
+    const bool alt = args.Take("alt");
+    held = {held.shift || shift, held.ctrl || ctrl, held.alt || alt};
+    more = shift || ctrl || alt;
+  }
+  args.End();
+  if (args.Failed()) return Refused(args);
+
+  const std::int32_t tool = game.ChipColor;
+  PressTable(game, right ? MouseButton::kRight : MouseButton::kLeft, at, held);
+  if (right) return Done();
+  return Done({}, game.ChipColor != tool ? ToolInWords(game) : TouchedInWords(game, game.HitBet));
+}
+
+Reply PressKeyOfTable(Console& console, Arguments& args) {
+  struct NamedKey {
+    std::string_view name;
+    Key key;
+  };
+  constexpr NamedKey kNamedKeys[] = {{"left", Key::kLeft},   {"right", Key::kRight},
+                                     {"up", Key::kUp},       {"down", Key::kDown},
+                                     {"enter", Key::kEnter}, {"esc", Key::kEscape}};
+  Game& game = console.Table;
+  const std::string word = args.Word("KEY");
+  KeyPress press;
+  press.ctrl = args.Take("ctrl");
+  args.End();
+  if (args.Failed()) return Refused(args);
+  const auto* named = std::ranges::find_if(
+      kNamedKeys, [&](const NamedKey& key) { return EqualIgnoringCase(key.name, word); });
+  if (named != std::end(kNamedKeys)) {
+    press.key = named->key;
+  } else if (word.size() == 1) {
+    press.character = word[0];
+  } else {
+    return Refused("KEY " + Quoted(word) +
+                   " is not left, right, up, down, enter, esc or a character.");
+  }
+  const bool taken = PressKey(game, press);
+  if (!taken) return Done({}, "The table has no use for that key.\n");
+  return Done({}, EntryBoxOpen(game)
+                      ? NameOfBet(game, game.EntryBoxBet) + ": [" + TextInEntryBox(game) + "]\n"
+                      : std::string());
 }
 
 Reply UseAtm(Console& console, Arguments& args) {
@@ -563,12 +651,6 @@ Reply CallMapSkewedDraw(Console& console, Arguments& args) {
   MapSkewedDraw(console.Table, x);
   return DiceReply(console.Table);
 }
-// The cells in use: the totals in row 1, their ordered rolls below them, the faces of either die in
-// the columns 12 and 13.
-bool IsProbabilityCell(int row, int column) {
-  if (column >= 12) return row >= 2;
-  return row <= 7 - (column > 6 ? column - 6 : 6 - column);
-}
 Reply CallSetProbabilityCell(Console& console, Arguments& args) {
   const auto row = static_cast<int>(args.Number("Row", 1, 7));
   const auto column = static_cast<int>(args.Number("Col", 1, 13));
@@ -585,8 +667,7 @@ Reply CallSetProbabilityCell(Console& console, Arguments& args) {
   args.End();
   if (args.Failed()) return Refused(args);
   SetProbabilityCell(console.Table, row, column, value, raw);
-  return Number(console.Table.DiceProbability[1][static_cast<std::size_t>(row)]
-                                             [static_cast<std::size_t>(column)]);
+  return Number(ProbabilityWeight(console.Table, row, column));
 }
 Reply CallSeedRng(Console& console, Arguments& args) {
   const auto ask = static_cast<std::int32_t>(args.Number(
@@ -723,7 +804,7 @@ Reply ShowStatus(Console& console, Arguments& args) {
   args.End();
   if (args.Failed()) return Refused(args);
   const Game& game = console.Table;
-  return RowsReply(StatusRows(game, game.EntryBoxOpen ? game.EntryBoxBet : 0));
+  return RowsReply(StatusRows(game, BetOfStatus(game)));
 }
 // The rows of a screen, in columns.
 template <auto kRows>
@@ -758,6 +839,46 @@ Reply ShowTotals(Console& console, Arguments& args) {
     lines[bar + 1].push_back(TextBar(totals.bars[bar].actual_height, kBarWidth));
   }
   return RowsReply(rows, TextTable(lines, true) + "Total rolls  " + totals.total_rolls + '\n');
+}
+
+// The page of the graph in characters: a column stands for seven rolls and shows the last of them.
+std::string TextGraph(Game& game) {
+  constexpr int kRollsAColumn = 7;
+  constexpr int kColumns = kGraphRolls / kRollsAColumn;
+  constexpr int kPointsALine = 25;
+  constexpr int kLines = kGraphHeight / kPointsALine + 1;
+  constexpr std::size_t kLabelWidth = 12;
+  DrawGraph(game, false);
+  const BankrollGraph graph = PaintBankrollGraph(game);
+  std::array<std::string, kLines> lines;
+  lines.fill(std::string(kColumns, ' '));
+  for (std::size_t i = 0; i < graph.columns.size(); ++i) {
+    const int y = std::clamp(graph.columns[i].line.y2, 0, kGraphHeight);
+    const std::size_t column = i / kRollsAColumn;
+    for (std::string& line : lines) line[column] = ' ';
+    lines[static_cast<std::size_t>((y + kPointsALine / 2) / kPointsALine)][column] = '*';
+  }
+  std::string text;
+  for (std::size_t line = 0; line < lines.size(); ++line) {
+    const std::string label = line % 2 == 0 ? graph.scale_labels[line / 2] : std::string();
+    text += std::string(kLabelWidth - std::min(kLabelWidth, label.size()), ' ') + label + " |" +
+            std::string(TrimRight(lines[line])) + '\n';
+  }
+  const std::string rolls = "rolls " + graph.rolls_left + " to " + graph.rolls_right;
+  return text + std::string(kLabelWidth + 2, ' ') + rolls + '\n';
+}
+
+Reply ShowBankroll(Console& console, Arguments& args) {
+  args.End();
+  if (args.Failed()) return Refused(args);
+  const Rows rows = RowsOf(BankrollHeader(console.Table));
+  std::string words = TextTable(rows);
+  if (console.Surface.Paper != nullptr && console.Table.BankrollHistoryCount > 0) {
+    // Looking at the graph moves its scale; the table's own stays as it is.
+    const auto copy = std::make_unique<Game>(console.Table);
+    words += '\n' + TextGraph(*copy);
+  }
+  return RowsReply(rows, words);
 }
 
 // Without N the entry that the screen has selected.
@@ -808,8 +929,47 @@ Reply ShowResults(Console& console, Arguments& args) {
   const Rows rows = BetResultRows(game, choice);
   return RowsReply(rows, TextTable(rows));
 }
-Reply ShowLater(Console&, Arguments&) {
-  return NotYet("This screen");
+
+std::string TabNames() {
+  std::string names;
+  for (const SettingTab& tab : SettingTabs()) {
+    names += (names.empty() ? "" : ", ") + std::string(tab.caption);
+  }
+  return names;
+}
+
+// All tabs, or one of them. A person reads the tabs under headings.
+Reply ShowSettings(Console& console, Arguments& args) {
+  const std::string wanted = args.AtEnd() ? std::string() : args.Rest("TAB");
+  Rows rows = SettingRows(console.Table);
+  if (!wanted.empty()) {
+    std::erase_if(rows, [&](const Row& row) { return !EqualIgnoringCase(row[0], wanted); });
+    if (rows.empty()) {
+      args.Fail("TAB " + Quoted(wanted) + " is none of " + TabNames() + '.');
+    }
+  }
+  args.End();
+  if (args.Failed()) return Refused(args);
+  std::string words;
+  for (const Row& row : rows) {
+    const bool heading = &row == &rows.front() || (&row - 1)->front() != row.front();
+    if (heading) words += (words.empty() ? "" : "\n") + row.front() + '\n';
+    constexpr std::size_t kCaptionWidth = 46;
+    words += "  " + PadRight(row[1], std::max(row[1].size(), kCaptionWidth)) + ' ' + row[2] + '\n';
+  }
+  return RowsReply(rows, words);
+}
+
+// The log by the variable that the screen has chosen; each time as if the screen were opened.
+Reply ShowGames(Console& console, Arguments& args) {
+  Game& game = console.Table;
+  args.End();
+  if (args.Failed()) return Refused(args);
+  game.GamesValueBox = {};
+  game.GamesDeviationBox = {};
+  const std::optional<GamesAnalysis> analysis = AnalyzeGames(game, game.GamesDisplayChoice);
+  const Rows rows = analysis ? GamesRows(game, *analysis) : Rows();
+  return RowsReply(rows, TextTable(rows));
 }
 
 constexpr Command kScreens[] = {
@@ -820,15 +980,16 @@ constexpr Command kScreens[] = {
     {"frequencies", "[N] [skewed]", "one roll event in depth", ShowFrequencies},
     {"results", "[phantom|actual] [all|BET ...]", "what the bets have won and lost", ShowResults},
     {"trends", "", "runs of wins and losses", ShowTable<TrendRows>},
-    {"bankroll", "", "the figures of the bankroll", ShowFigures<BankrollHeader>},
-    {"games", "", "the Games Log", ShowLater},
+    {"bankroll", "", "the figures of the bankroll", ShowBankroll},
+    {"games", "", "the Games Log", ShowGames},
     {"stacks", "", "the Chip-Stacks", ShowRows<ChipStackRows>},
     {"flags", "", "the flags of the script", ShowRows<FlagRows>},
     {"hotkeys", "", "the Hot-Keys", ShowRows<HotKeyRows>},
     {"advantage", "", "what each bet is worth", ShowTable<AdvantageRows>},
     {"payoffs", "", "the payoffs in force", ShowTable<PayoffRows>},
+    {"probabilities", "", "the chances of the dice", ShowTable<ProbabilityRows>},
     {"comps", "", "the comps earned", ShowFigures<CompFigures>},
-    {"settings", "", "all settings", ShowTable<SettingRows>},
+    {"settings", "[TAB]", "the Configure and Auto-Play screens", ShowSettings},
 };
 
 Reply Show(Console& console, Arguments& args) {
@@ -1006,13 +1167,74 @@ Reply Flag(Console& console, Arguments& args) {
   if (name.size() >= 2 && name.front() == '"' && name.back() == '"') {
     name = Trim(name.substr(1, name.size() - 2));
   }
-  for (ScriptFlag& flag : game.ScriptFlags) {
-    if (!EqualIgnoringCase(Trim(flag.FlagName), name)) continue;
-    flag.FlagValue = value;  // set by hand, this is no new occurrence for the script
-    game.GameChanged = true;
+  for (std::size_t row = 0; row < game.ScriptFlags.size(); ++row) {
+    if (!EqualIgnoringCase(Trim(game.ScriptFlags[row].FlagName), name)) continue;
+    PressFlagButton(game, {&row, 1}, value ? FlagButton::kTrue : FlagButton::kFalse);
     return Done();
   }
   return Refused("NAME " + Quoted(name) + " is not a flag of the script.");
+}
+
+// ---- Chip-Stacks ------------------------------------------------------------------------------
+
+int StackNumber(Arguments& args) {
+  return static_cast<int>(args.Number("N", 0, kStackCount - 1));
+}
+Reply StackValue(Console& console, Arguments& args) {
+  const int stack = StackNumber(args);
+  const MoneyAmount amount = args.Amount("AMOUNT");
+  args.End();
+  if (args.Failed()) return Refused(args);
+  EnterStackCell(console.Table, {stack, false}, PlainNumber(amount));
+  return Amount(console.Table.BetAmount[kFirstStack + stack]);
+}
+Reply StackName(Console& console, Arguments& args) {
+  const int stack = StackNumber(args);
+  const std::string name = args.AtEnd() ? std::string() : args.Rest("NAME");
+  args.End();
+  if (args.Failed()) return Refused(args);
+  EnterStackCell(console.Table, {stack, true}, name);
+  return Done();
+}
+Reply StacksClear(Console& console, Arguments& args) {
+  const bool values = args.Take("values");
+  const bool names = !values && args.Take("names");
+  if (!values && !names && !args.Take("all")) {
+    return Refused("stacks clear goes on with values, names or all.");
+  }
+  args.End();
+  if (args.Failed()) return Refused(args);
+  const bool cleared = ClearStacks(console.Table, values  ? StackClearing::kValues
+                                                  : names ? StackClearing::kNames
+                                                          : StackClearing::kAll);
+  return Truth(cleared, cleared ? "Cleared.\n" : "They stay.\n");
+}
+Reply StacksVisible(Console& console, Arguments& args) {
+  std::array<int, 4> numbers{};
+  for (int& number : numbers) number = StackNumber(args);
+  args.End();
+  if (args.Failed()) return Refused(args);
+  return Truth(SetVisibleStacks(console.Table, numbers) == 0);
+}
+Reply StacksZero(Console& console, Arguments& args) {
+  const bool on = args.Take("on");
+  if (!on && !args.Take("off")) return Refused("stacks zero goes on with on or off.");
+  args.End();
+  if (args.Failed()) return Refused(args);
+  SetStackDisplayZero(console.Table, on);
+  return Done();
+}
+
+constexpr Command kStackCommands[] = {
+    {"value", "N AMOUNT", "keys in the amount of Chip-Stack N", StackValue},
+    {"name", "N [NAME]", "names it", StackName},
+    {"clear", "all|values|names", "clears all of them, after a question", StacksClear},
+    {"visible", "N N N N", "which of them lie on the table, from the bottom up", StacksVisible},
+    {"zero", "on|off", "whether the list shows amounts of 0", StacksZero},
+};
+
+Reply EditStacks(Console& console, Arguments& args) {
+  return GoOn(console, args, kStackCommands, "The word after stacks");
 }
 
 // ---- Hot-Keys ---------------------------------------------------------------------------------
@@ -1029,7 +1251,7 @@ Reply PressHotKey(Console& console, Arguments& args) {
   const char key = HotKeyChar(args);
   args.End();
   if (args.Failed()) return Refused(args);
-  if (!TableListens(console.Table) || RunHotKey(console.Table, key)) return Done();
+  if (PressKey(console.Table, {Key::kCharacter, key, true})) return Done();
   return Done({}, "No Hot-Key has that key.\n");
 }
 
@@ -1123,13 +1345,14 @@ Reply PrbOpen(Console& console, Arguments& args) {
   Game& game = console.Table;
   const std::string file = args.Rest("FILE");
   if (args.Failed()) return Refused(args);
-  constexpr std::int32_t kFileRefused = 0;
-  if (LoadProbabilityFile(game, file)) return Done();
-  if (game.FileStatus != kFileRefused) {
+  if (OpenProbabilityFile(game, file)) {
+    return Done({}, "The dice of " + file +
+                        (game.UseSkewedProbability ? " are on the table.\n"
+                                                   : "; prb on brings them to the table.\n"));
+  }
+  if (game.FileStatus < 0) {
     return Refused("FILE " + Quoted(file) + " cannot be read: " + game.LastErrorText + '.');
   }
-  Tell(game, "Unable to Open Feltmaster Probability File", game.LastErrorText,
-       kButtonOk | kPictureStop);
   return Done();
 }
 Reply PrbSave(Console& console, Arguments& args) {
@@ -1250,8 +1473,34 @@ Reply Report(Console& console, Arguments& args) {
                   : std::to_string(pages) + (pages == 1 ? " page" : " pages") + " printed.\n");
 }
 
-Reply Later(Console&, Arguments&) {
-  return NotYet("This command");
+Reply GamesReply(const Game& game) {
+  GamesLogReader log;
+  const std::optional<LogFault> fault = log.Open(game.GamesLogFile);
+  const std::int32_t games = fault ? 0 : log.Count();
+  return Done(JsonOf(games), CountText(games) + (games == 1 ? " game" : " games") + " in " +
+                                 game.GamesLogFile + ".\n");
+}
+Reply LogAdd(Console& console) {
+  Game& game = console.Table;
+  if (!LogFinishedGame(game) && !console.Surface.Messages.empty()) {
+    return Refused("The Games Log " + Quoted(game.GamesLogFile) +
+                   " cannot be written: " + OneLine(console.Surface.Messages.back().text));
+  }
+  return GamesReply(game);
+}
+Reply Log(Console& console, Arguments& args) {
+  Game& game = console.Table;
+  const std::string file = args.Rest("FILE");
+  if (args.Failed()) return Refused(args);
+  if (EqualIgnoringCase(file, "add")) return LogAdd(console);
+  std::error_code ignored;
+  std::optional<LogFault> fault;
+  if (!std::filesystem::exists(file, ignored)) fault = MakeEmptyLog(file);
+  if (fault) game.LastErrorText = fault->error.At("Open Games File");
+  if (fault || (!OpenGamesLog(game, file) && game.FileStatus < 0)) {
+    return Refused("FILE " + Quoted(file) + " cannot be used: " + OneLine(game.LastErrorText));
+  }
+  return GamesReply(game);
 }
 
 Reply Echo(Console&, Arguments& args) {
@@ -1283,8 +1532,8 @@ constexpr Command kCommands[] = {
     {"off", "BET|all", "calls bets OFF", CallOff},
     {"odds", "BET|all", "takes full odds", Odds},
     {"drag", "FROM TO", "drags a whole bet or Chip-Stack", Drag},
-    {"press", "BUTTON X Y [shift] [ctrl] [alt]", "presses a mouse button on the table", Later},
-    {"key", "KEY [ctrl]", "presses a key on the table", Later},
+    {"press", "BUTTON X Y [shift] [ctrl] [alt]", "presses a mouse button on the table", Press},
+    {"key", "KEY [ctrl]", "presses a key on the table", PressKeyOfTable},
     {"atm", "withdraw|deposit AMOUNT", "moves money between pocket and bankroll", UseAtm},
     {"auto", "[N]", "starts Auto-Roll, for N rolls", AutoRoll},
     {"hyper", "[N]", "starts Hyper-Drive, for N rolls", HyperDrive},
@@ -1306,6 +1555,7 @@ constexpr Command kCommands[] = {
      "run, fields",
      Script},
     {"flag", "NAME true|false", "sets a flag of the script", Flag},
+    {"stacks", "WORD ...", "the Chip-Stacks: value, name, clear, visible, zero", EditStacks},
     {"hotkey", "CHAR", "runs the script of a Hot-Key", PressHotKey},
     {"hotkeys", "WORD ...", "the list of Hot-Keys: add, delete, list", EditHotKeys},
     {"open", "FILE", "opens a game file", Open},
@@ -1314,7 +1564,7 @@ constexpr Command kCommands[] = {
     {"playback", "FILE", "plays the rolls of a Dice Roll File", PlayBackRolls},
     {"recorder", "off", "stops recording or playback", Recorder},
     {"prb", "open FILE|save FILE|on|off", "the probabilities of the dice", Prb},
-    {"log", "FILE|add", "the Games Log", Later},
+    {"log", "FILE|add", "takes a file as the Games Log, or logs the game in progress", Log},
     {"report", "NAME FILE.pdf", "prints a report into a file, .pdf, .svg or .txt", Report},
     {"help", "[COMMAND]", "tells about the commands", Help},
     {"echo", "TEXT", "says the text", Echo},
@@ -1360,6 +1610,7 @@ Reply Help(Console&, Arguments& args) {
     if (command == nullptr) return Refused("COMMAND " + Quoted(word) + " is not a command.");
     text = UsageOf(*command) + "\n  " + std::string(command->help) + ".\n";
     if (command->handler == Script) text += HelpOn(kScriptCommands, kUsageWidth);
+    if (command->handler == EditStacks) text += HelpOn(kStackCommands, kUsageWidth);
     if (command->handler == EditHotKeys) text += HelpOn(kHotKeyCommands, kUsageWidth);
     if (command->handler == Prb) text += HelpOn(kPrbCommands, kUsageWidth);
     if (command->handler == Show) text += HelpOn(kScreens, kUsageWidth);
@@ -1456,6 +1707,8 @@ std::vector<std::string> Completions(std::string_view line) {
     for (const StateName& entry : StateRecord()) offer(std::string(entry.name));
   } else if (command == "script") {
     offer_all(kScriptCommands);
+  } else if (command == "stacks") {
+    offer_all(kStackCommands);
   } else if (command == "hotkeys") {
     offer_all(kHotKeyCommands);
   } else if (command == "prb") {

@@ -192,8 +192,8 @@ std::optional<FileError> ConsoleSurface::Print(const Document& document) {
 
 QueuedAnswer ConsoleSurface::AnswerTo(const MessageRequest& request) {
   const std::int32_t options = request.options;
-  const QueuedAnswer by_default{
-      DefaultAnswer(options), false, std::string(request.input_default), {}};
+  const QueuedAnswer by_default{DefaultAnswer(options), false, std::string(request.input_default),
+                                std::string(request.input2_default)};
   // A mere notice leaves the answers in the queue to the questions behind it, unless "ok" is meant.
   const bool notice = !HasFields(options) && ButtonCount(options) <= 1;
   if (!Answers.empty()) {
@@ -203,6 +203,7 @@ QueuedAnswer ConsoleSurface::AnswerTo(const MessageRequest& request) {
     Answers.pop_front();
     if (!fits) return by_default;
     if (!answer.typed) answer.input1 = request.input_default;
+    if (answer.input2.empty()) answer.input2 = request.input2_default;
     return answer;
   }
   if (notice || !Ask) return by_default;
@@ -210,6 +211,7 @@ QueuedAnswer ConsoleSurface::AnswerTo(const MessageRequest& request) {
     const std::string_view typed = Trim(*line);
     if (typed.empty()) return by_default;
     if (auto answer = ReadAnswer(typed)) {
+      if (answer->input2.empty()) answer->input2 = request.input2_default;
       if (answer->typed && HasFields(options)) return *answer;
       if (!answer->typed && Offers(options, answer->button)) {
         answer->input1 = request.input_default;

@@ -29,7 +29,7 @@ void SetInk(cairo_t* pen, int ink) {
   cairo_set_source_rgb(pen, rgb.red / 255.0, rgb.green / 255.0, rgb.blue / 255.0);
 }
 
-void Paint(cairo_t* pen, const Box& box) {
+void Paint(cairo_t* pen, const PrintedBox& box) {
   SetInk(pen, box.ink);
   cairo_rectangle(pen, box.x, box.y, box.width, box.height);
   cairo_fill(pen);
@@ -98,7 +98,7 @@ std::string PdfOf(const Document& document) {
   cairo_set_line_cap(pen.get(), CAIRO_LINE_CAP_SQUARE);
   for (const Page& page : document.pages) {
     const PlacedPage placed = LayOut(page);
-    for (const Box& box : placed.boxes) Paint(pen.get(), box);
+    for (const PrintedBox& box : placed.boxes) Paint(pen.get(), box);
     for (const Stroke& stroke : placed.strokes) Paint(pen.get(), stroke);
     for (const PlacedText& text : placed.texts) Paint(pen.get(), text);
     cairo_show_page(pen.get());

@@ -32,6 +32,10 @@ int main(int argc, char** argv) {
   feltmaster::AddPayoffsVerb(app, exit_code);
   feltmaster::AddRollsVerb(app, exit_code);
   feltmaster::AddReportVerb(app, exit_code);
+  feltmaster::AddDiceVerb(app, exit_code);
+  feltmaster::AddGameVerb(app, exit_code);
+  feltmaster::AddLogVerb(app, exit_code);
+  feltmaster::AddTableVerb(app, exit_code);
   feltmaster::AddBenchVerb(app, exit_code);
   app.footer(
       "feltmaster VERB --help tells more about a verb.\n\n"

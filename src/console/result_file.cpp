@@ -9,6 +9,8 @@
 #include <iostream>
 #include <system_error>
 
+#include "base/descriptor.h"
+
 namespace feltmaster {
 
 namespace {
@@ -21,6 +23,12 @@ int MakeNew(const std::string& path) {
   if (file < 0) return errno;
   close(file);
   return 0;
+}
+
+// False with errno.
+bool FlushToDisk(const std::string& path) {
+  Descriptor file(open(path.c_str(), O_WRONLY | O_CLOEXEC));
+  return file.IsOpen() && fsync(file.Number()) == 0 && file.Close() == 0;
 }
 
 }  // namespace
@@ -67,7 +75,8 @@ std::string ResultFile::Finish() {
   std::ostream& stream = Stream();
   stream.flush();
   if (stream_.is_open()) stream_.close();
-  return stream ? std::string() : Fault(errno != 0 ? errno : EIO);
+  if (!stream) return Fault(errno != 0 ? errno : EIO);
+  return draft_.empty() || FlushToDisk(draft_) ? std::string() : Fault(errno);
 }
 
 std::string ResultFile::PutInPlace() {

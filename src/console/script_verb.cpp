@@ -48,6 +48,7 @@ Examples:
   feltmaster script compile press_the_six.txt press_the_six.bet
   feltmaster script list press_the_six.bet
   feltmaster script words "Place 6"
+  feltmaster script convert theirs.bet ours.bet
 
 The exit code is 0 when all is well, 1 when the structure of the script is at
 fault, 2 when a file cannot be read, understood or written.)";

@@ -12,6 +12,7 @@
 #include <thread>
 
 #include "base/number_format.h"
+#include "console/batch_log.h"
 #include "console/progress_bar.h"
 #include "console/result_file.h"
 #include "console/session_statistics.h"
@@ -40,7 +41,7 @@ struct SimulateOptions {
   Text bankroll, stop_win, stop_loss;
   std::vector<std::string> settings;
   Text rng, seed, jobs;
-  Text json, csv, chart;
+  Text json, csv, chart, log;
 };
 
 // A complaint about the command line, one sentence.
@@ -167,17 +168,19 @@ struct Outputs {
   ResultFile json;
   ResultFile csv;
   ResultFile chart;
+  std::optional<BatchLog> log;
   bool on_standard_output = false;
 
   void Open(const SimulateOptions& options) {
     struct Wanted {
       std::string_view option;
       const SimulateOptions::Text& path;
-      ResultFile& file;
+      ResultFile* file;  // none for the log
     };
-    const Wanted wanted[] = {{"--json", options.json, json},
-                             {"--csv", options.csv, csv},
-                             {"--chart", options.chart, chart}};
+    const Wanted wanted[] = {{"--json", options.json, &json},
+                             {"--csv", options.csv, &csv},
+                             {"--chart", options.chart, &chart},
+                             {"--log", options.log, nullptr}};
     for (const Wanted& one : wanted) {
       if (!one.path) continue;
       if (options.script && *one.path != "-" && RealPath(*one.path) == RealPath(*options.script)) {
@@ -191,11 +194,18 @@ struct Outputs {
       }
     }
     for (const Wanted& one : wanted) {
-      if (!one.path) continue;
+      if (!one.path || one.file == nullptr) continue;
       on_standard_output = on_standard_output || *one.path == "-";
-      const std::string fault = one.file.Open(*one.path);
+      const std::string fault = one.file->Open(*one.path);
       if (!fault.empty()) throw BadOption{std::string(one.option) + ": " + fault};
     }
+  }
+
+  void OpenLog(const SimulateOptions& options) {
+    if (!options.log) return;
+    if (*options.log == "-") throw BadOption{"--log needs the name of a file."};
+    const std::string fault = log.emplace().Open(*options.log);
+    if (!fault.empty()) throw BadOption{"--log: " + fault};
   }
 
   static void Check(const std::string& fault) {
@@ -208,6 +218,7 @@ struct Outputs {
     if (chart.IsOpen()) chart.Stream() << ChartSvg(report);
     for (ResultFile* file : {&json, &csv, &chart}) Check(file->IsOpen() ? file->Finish() : "");
     for (ResultFile* file : {&json, &csv, &chart}) Check(file->PutInPlace());
+    if (log) Check(log->PutInPlace());
   }
 };
 
@@ -273,6 +284,7 @@ int RunSimulation(const SimulateOptions& options) {
   if (!fault.empty()) throw BadOption{fault};
   Outputs outputs;
   outputs.Open(options);
+  outputs.OpenLog(options);
 
   SimulationProgress progress;
   RunTime time;
@@ -282,7 +294,7 @@ int RunSimulation(const SimulateOptions& options) {
     const Interruption interruption(progress);
     const ProgressBar bar(progress, experiment.games, CertainRolls(experiment, *table));
     const auto start = std::chrono::steady_clock::now();
-    results = Simulate(experiment, *table, jobs, progress);
+    results = Simulate(experiment, *table, jobs, progress, outputs.log ? &*outputs.log : nullptr);
     time.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
   }
 
@@ -330,7 +342,7 @@ Examples:
   feltmaster simulate strategies/iron_cross.txt --games 10000 --hours 4 --bankroll 500
       --stop-win 200 --set MinPlacardBet=5
   feltmaster simulate mine.bet --games 1000 --shooters 10 --csv games.csv --chart games.svg
-  feltmaster simulate mine.bet --seed 7 --games 5000 --first-game 5001 --json second_half.json
+  feltmaster simulate mine.bet --seed 7 --games 5000 --first-game 5001 --log second_half.glg
 
 The exit code is 0 when all was played, 1 when the script failed, 2 when the run could not start or
 a result not be written, 130 when it was interrupted.
@@ -374,6 +386,8 @@ void AddSimulateVerb(CLI::App& app, int& exit_code) {
   add("--csv", options->csv, "FILE|-", "Writes one line for each game", "Results");
   add("--chart", options->chart, "FILE.svg",
       "Draws the net per game and the bankroll paths of the first games", "Results");
+  add("--log", options->log, "FILE.glg",
+      "Writes a Games Log of the games, in their order; an older one is replaced", "Results");
   verb->callback([options, &exit_code] { exit_code = RunTold(*options); });
 }
 

@@ -18,11 +18,13 @@
 #include "base/hash.h"
 #include "base/text.h"
 #include "config/advantage.h"
+#include "console/batch_log.h"
 #include "console/batch_surface.h"
 #include "dice/rng.h"
 #include "engine/new_game.h"
 #include "engine/place_bet.h"
 #include "engine/start_up.h"
+#include "files/games_log.h"
 
 namespace feltmaster {
 
@@ -108,12 +110,13 @@ class ExpectedValues {
 class Worker {
  public:
   Worker(const Experiment& experiment, const Game& table, const SessionLimits& limits,
-         SimulationResults& results, SimulationProgress& progress)
+         SimulationResults& results, SimulationProgress& progress, BatchLog* log)
       : experiment_(experiment),
         table_(table),
         limits_(limits),
         results_(results),
         progress_(progress),
+        log_(log),
         game_(std::make_unique<Game>(table)) {
     if (!game_->ScriptLines.empty()) script_ = CompiledForm(*game_);
   }
@@ -125,6 +128,8 @@ class Worker {
     // Everything is as it was, whatever the last game did to the settings.
     game = table_;
     game.Compiled = script_;
+    finished_.clear();
+    if (log_ != nullptr) game.GamesToLog = &finished_;
     const std::int32_t seed = SeedOfGame(experiment_, table_, number);
     const bool follow = index < static_cast<std::int64_t>(results_.paths.size());
     BatchSurface surface(game, limits_, seed,
@@ -139,6 +144,7 @@ class Worker {
     if (game.LastErrorText.empty() && surface.ScriptFaultText().empty()) ToggleHyperDrive(game);
     const GameEnd end = surface.EndSession();
     if (end == GameEnd::kAborted) NoteFault(number, surface.ScriptFaultText());
+    if (log_ != nullptr) Log(index, end);
     results_.games[static_cast<std::size_t>(index)] = Result(surface.Rolls(), end);
     progress_.games.fetch_add(1, std::memory_order_relaxed);
   }
@@ -147,6 +153,14 @@ class Worker {
   const std::optional<ScriptFault>& Fault() const { return fault_; }
 
  private:
+  // A game that was cut short is not logged.
+  void Log(std::int64_t index, GameEnd end) {
+    if (end != GameEnd::kInterrupted) LogFinishedGame(*game_);
+    std::string records;
+    for (const Record& record : finished_) records += record.Bytes();
+    log_->Take(index, std::move(records));
+  }
+
   void NoteFault(std::int64_t number, std::string_view reason) {
     if (fault_ && fault_->game < number) return;
     fault_ = ScriptFault{number, game_->CurrentLine,
@@ -192,7 +206,9 @@ class Worker {
   const SessionLimits& limits_;
   SimulationResults& results_;
   SimulationProgress& progress_;
+  BatchLog* log_;
   std::unique_ptr<Game> game_;
+  std::vector<Record> finished_;  // games that the script ended, and then the one played
   std::shared_ptr<const CompiledScript> script_;  // its own: all count their uses of it each roll
   ExpectedValues expected_values_;
   std::array<BetTotals, kBetCount + 1> bets_{};
@@ -304,7 +320,7 @@ int WorkersOf(const Experiment& experiment, const Game& table, int jobs) {
 }
 
 SimulationResults Simulate(const Experiment& experiment, const Game& table, int jobs,
-                           SimulationProgress& progress) {
+                           SimulationProgress& progress, BatchLog* log) {
   SimulationResults results;
   results.games.resize(static_cast<std::size_t>(experiment.games));
   results.paths.resize(std::min<std::size_t>(results.games.size(), kPaths));
@@ -315,7 +331,7 @@ SimulationResults Simulate(const Experiment& experiment, const Game& table, int 
   std::exception_ptr failure;
   const auto work = [&] {
     try {
-      Worker worker(experiment, table, limits, results, progress);
+      Worker worker(experiment, table, limits, results, progress, log);
       while (!progress.stop.load(std::memory_order_relaxed)) {
         const std::int64_t index = next.fetch_add(1, std::memory_order_relaxed);
         if (index >= experiment.games) break;
@@ -327,6 +343,7 @@ SimulationResults Simulate(const Experiment& experiment, const Game& table, int 
       const std::lock_guard lock(mutex);
       failure = std::current_exception();
       progress.stop = true;
+      if (log != nullptr) log->GiveUp();
     }
   };
   std::vector<std::jthread> threads;

@@ -158,8 +158,10 @@ std::int32_t SeedOfGame(const Experiment& experiment, const Game& table, std::in
 // lines then stand in the order of the games.
 int WorkersOf(const Experiment& experiment, const Game& table, int jobs);
 
-// Plays the games on so many threads. The results depend on nothing but the experiment.
+// Plays the games on so many threads. The results depend on nothing but the experiment. The log, if
+// there is one, takes every game that ends.
+class BatchLog;
 SimulationResults Simulate(const Experiment& experiment, const Game& table, int jobs,
-                           SimulationProgress& progress);
+                           SimulationProgress& progress, BatchLog* log = nullptr);
 
 }  // namespace feltmaster

@@ -16,5 +16,9 @@ void AddAdvantageVerb(CLI::App& app, int& exit_code);
 void AddPayoffsVerb(CLI::App& app, int& exit_code);
 void AddRollsVerb(CLI::App& app, int& exit_code);
 void AddReportVerb(CLI::App& app, int& exit_code);
+void AddDiceVerb(CLI::App& app, int& exit_code);
+void AddGameVerb(CLI::App& app, int& exit_code);
+void AddLogVerb(CLI::App& app, int& exit_code);
+void AddTableVerb(CLI::App& app, int& exit_code);
 
 }  // namespace feltmaster

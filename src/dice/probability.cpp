@@ -2,14 +2,12 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cmath>
-#include <cstring>
-#include <fstream>
-#include <limits>
 #include <optional>
+#include <utility>
 #include <vector>
 
+#include "autobet/message.h"
 #include "base/record_file.h"
 #include "base/text.h"
 #include "surface/surface.h"
@@ -37,6 +35,9 @@ struct Cell {
 };
 
 std::int32_t& At(Layer& layer, Cell cell) {
+  return layer[static_cast<std::size_t>(cell.row)][static_cast<std::size_t>(cell.column)];
+}
+std::int32_t At(const Layer& layer, Cell cell) {
   return layer[static_cast<std::size_t>(cell.row)][static_cast<std::size_t>(cell.column)];
 }
 
@@ -72,6 +73,9 @@ constexpr bool IsFace(Cell cell) {
 constexpr bool IsRoll(Cell cell) {
   return cell.column >= 1 && cell.column <= kTotalColumns && cell.row >= kFirstRollRow &&
          cell.row <= WaysOfColumn(cell.column) + 1;
+}
+constexpr bool IsInUse(Cell cell) {
+  return IsTotal(cell) || IsFace(cell) || IsRoll(cell);
 }
 
 // Working marks of an edit: the roll belongs to a locked face of a die, or to a locked total.
@@ -278,12 +282,19 @@ std::int64_t PlainBelow(Game& game, std::int64_t n) {
 constexpr std::string_view kProbabilityTitle = "Feltking Probability File, Data Format 4.6";
 constexpr std::size_t kTitleSize = 92;
 constexpr std::size_t kNumbersPerRecord = kRecordSize / sizeof(std::int32_t);
-constexpr std::size_t kProbabilityFileSize = 5 * kRecordSize;
 
-std::int32_t LittleEndian(const char* bytes) {
-  std::uint32_t value = 0;
-  for (int i = 3; i >= 0; --i) value = value << 8 | static_cast<unsigned char>(bytes[i]);
-  return static_cast<std::int32_t>(value);
+// What a file may have brought that no edit makes.
+void BringIntoRange(Game& game) {
+  for (Layer::value_type& row : Weights(game)) {
+    for (std::int32_t& weight : row) weight = std::clamp(weight, 0, kCertainty);
+  }
+  Layer& states = States(game);
+  if (states[0][0] != kPercentageDice) states[0][0] = kFreeFormDice;
+  for (int row = kTotalRow; row <= kLastRollRow; ++row) {
+    for (int column = 1; column <= kSecondDieColumn; ++column) {
+      if (IsInUse({row, column})) At(states, {row, column}) &= kCellLocked;
+    }
+  }
 }
 
 }  // namespace
@@ -305,6 +316,12 @@ void DefaultProbabilities(Game& game) {
   }
 }
 
+void NewProbabilities(Game& game) {
+  DefaultProbabilities(game);
+  game.ProbabilityFileName.clear();
+  game.ProbabilityChanged = false;
+}
+
 void MapSkewedDraw(Game& game, std::int32_t x) {
   // The true chances add up to 100,008, but 100,001 is a draw beyond the whole for every grid.
   if (x <= kCertainty && TakeDraw(game, x)) return;
@@ -317,50 +334,107 @@ void MapSkewedDraw(Game& game, std::int32_t x) {
   }
 }
 
-void SetProbabilityCell(Game& game, int row, int column, double value, bool raw) {
+bool IsProbabilityCell(int row, int column) {
+  return IsInUse({row, column});
+}
+
+std::int32_t ProbabilityWeight(const Game& game, int row, int column) {
+  return At(game.DiceProbability[kWeightLayer], {row, column});
+}
+
+double TrueProbability(int row, int column) {
+  return TrueWeight({row, column});
+}
+
+bool IsCellLocked(const Game& game, int row, int column) {
+  return (At(game.DiceProbability[kStateLayer], {row, column}) & kCellLocked) != 0;
+}
+
+bool AreFreeFormDice(const Game& game) {
+  return At(game.DiceProbability[kStateLayer], {0, 0}) != kPercentageDice;
+}
+
+bool SetProbabilityCell(Game& game, int row, int column, double value, bool raw) {
   const Cell cell = {row, column};
-  if (!IsTotal(cell) && !IsFace(cell) && !IsRoll(cell)) return;
+  if (!IsInUse(cell)) return false;
   if (!raw) value = TypedWeight(game, cell, value);
-  if (!std::isfinite(value)) return;
+  if (!std::isfinite(value)) return false;
   Edit edit(game, cell);
-  if (!edit.Set(Rounded(std::clamp(value, 0.0, double{kCertainty})))) return;
+  if (!edit.Set(Rounded(std::clamp(value, 0.0, double{kCertainty})))) return false;
   edit.Store(game);
   game.ProbabilityChanged = true;
+  return true;
+}
+
+void ToggleCellLock(Game& game, int row, int column) {
+  if (IsInUse({row, column})) At(States(game), {row, column}) ^= kCellLocked;
+}
+
+void UnlockAllCells(Game& game) {
+  const std::int32_t kind = States(game)[0][0];
+  States(game) = {};
+  States(game)[0][0] = kind;
+}
+
+void ComputeAxisDice(Game& game, const DieControl& first, const DieControl& second) {
+  // What the faces off an axis were before does not count: they share what is left equally.
+  DefaultProbabilities(game);
+  for (const auto& [control, column] :
+       {std::pair(first, kFirstDieColumn), std::pair(second, kSecondDieColumn)}) {
+    constexpr int kFaces = 6;
+    const double kept = std::clamp(control.effectiveness, 0.0, 100.0) / 100;
+    const double weight = std::nearbyint((1 - kept) / kFaces * kCertainty);
+    const int face = static_cast<int>(control.axis) + 1;
+    for (const int end : {face, kFaces + 1 - face}) {
+      const Cell cell = FaceCell(column, end);
+      SetProbabilityCell(game, cell.row, cell.column, weight, true);
+    }
+  }
 }
 
 bool LoadProbabilityFile(Game& game, const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::array<char, kProbabilityFileSize> bytes{};
-  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  if (file.gcount() == 0 && !file.eof()) {
+  RecordReader file;
+  if (const std::optional<FileError> error = file.Open(path)) {
     game.FileStatus = -1;
-    game.LastErrorText = std::string(std::strerror(errno)) + ", Error #" + std::to_string(errno) +
-                         " occurred, at: Open Probability File";
+    game.LastErrorText = error->At("Open Probability File");
     return false;
   }
-  if (Trim(std::string_view(bytes.data(), kTitleSize)) != kProbabilityTitle) {
+  Record record;
+  file.Read(record);
+  if (Trim(record.Bytes().substr(0, kTitleSize)) != kProbabilityTitle) {
     game.FileStatus = 0;
     game.LastErrorText = path +
                          "\nis either from an older version, has been corrupted, or is not a true "
                          "Feltmaster Probability File.";
     return false;
   }
-  const char* number = bytes.data() + kRecordSize;
+  std::size_t number = 0;
   for (Layer& layer : game.DiceProbability) {
     for (Layer::value_type& row : layer) {
       for (std::int32_t& cell : row) {
-        cell = LittleEndian(number);
-        number += sizeof(std::int32_t);
+        const std::size_t place = number++ % kNumbersPerRecord;
+        if (place == 0) {
+          record = Record();
+          file.Read(record);
+        }
+        cell = record.Int32(place * sizeof cell);
       }
     }
   }
-  for (Layer::value_type& row : Weights(game)) {
-    for (std::int32_t& weight : row) weight = std::clamp(weight, 0, kCertainty);
-  }
+  BringIntoRange(game);
   game.ProbabilityFileName = path;
   game.ProbabilityChanged = false;
   game.FileStatus = 1;
   return true;
+}
+
+bool OpenProbabilityFile(Game& game, const std::string& path) {
+  if (LoadProbabilityFile(game, path)) return true;
+  if (game.FileStatus == 0) {
+    Tell(game, "Unable to Open Feltmaster Probability File", game.LastErrorText,
+         kButtonOk | kPictureStop);
+  }
+  return false;
 }
 
 bool SaveProbabilityFile(Game& game, const std::string& path) {

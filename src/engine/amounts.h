@@ -13,7 +13,7 @@ inline MoneyAmount BettingUnit(const Game& game) {
 // bet is 11 to 51.
 inline void SetEstablished(Game& game, int bet, MoneyAmount amount) {
   game.EstablishedAmount[static_cast<std::size_t>(bet)] = amount;
-  game.BetAmount.ChangedSinceStart().Add(bet);
+  game.BetAmount.MarkForRollStart(bet);
 }
 inline MoneyAmount Established(const Game& game, int bet) {
   return game.EstablishedAmount[static_cast<std::size_t>(bet)];
@@ -27,6 +27,10 @@ inline MoneyAmount AtRollEnd(const Game& game, int slot) {
 
 // The vig standing on a Lay or Buy bet, writable; only for those bets.
 inline MoneyAmount& StandingVig(Game& game, int bet) {
+  return IsLay(bet) ? game.LayVigPaid[static_cast<std::size_t>(bet - kLay)]
+                    : game.BuyVigPaid[static_cast<std::size_t>(bet - kBuy)];
+}
+inline MoneyAmount VigStanding(const Game& game, int bet) {
   return IsLay(bet) ? game.LayVigPaid[static_cast<std::size_t>(bet - kLay)]
                     : game.BuyVigPaid[static_cast<std::size_t>(bet - kBuy)];
 }

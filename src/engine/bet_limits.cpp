@@ -21,6 +21,23 @@ MoneyAmount FloorToBettingUnit(const Game& game, MoneyAmount amount) {
   return FloorToUnit(amount, BettingUnit(game));
 }
 
+// The limits of the placard in whole betting units.
+const PlacardLimits& PlacardInUnits(Game& game) {
+  PlacardLimits& limits = game.Placard;
+  const MoneyAmount unit = BettingUnit(game);
+  if (limits.unit == unit && limits.min_placard == game.MinPlacardBet &&
+      limits.max_placard == game.MaxPlacardBet && unit.Raw() != 0) [[likely]] {
+    return limits;
+  }
+  limits.minimum = FloorToUnit(game.MinPlacardBet, unit);
+  if (limits.minimum < game.MinPlacardBet) limits.minimum += unit;
+  limits.maximum = FloorToUnit(game.MaxPlacardBet, unit);
+  limits.unit = unit;
+  limits.min_placard = game.MinPlacardBet;
+  limits.max_placard = game.MaxPlacardBet;
+  return limits;
+}
+
 // Whether row a pays more than row b, compared exactly.
 bool PaysMore(const PayRow& a, const PayRow& b) {
   if (a.PayDenominator.Raw() == 0 || b.PayDenominator.Raw() == 0) throw MoneyDivisionByZero();
@@ -48,7 +65,8 @@ MoneyAmount MaxByPayoff(const Game& game, std::int64_t parts, const PayRow& row)
   return Ratio(game.MaxPlacardBet.Times(3 * parts), row.PayDenominator, row.PayNumerator);
 }
 
-MoneyAmount MaxFlatBet(const Game& game, int bet) {
+// Of a bet that the placard does not limit by itself.
+MoneyAmount MaxPropBet(const Game& game, int bet) {
   switch (bet) {
     case kCAndE:
       return MaxByPayoff(game, 2, BestRow(game, {kCraps, kEleven}));
@@ -57,7 +75,7 @@ MoneyAmount MaxFlatBet(const Game& game, int bet) {
     case kWorld:
       return MaxByPayoff(game, 5, BestRow(game, {kTwo, kThree, kSeven, kEleven, kTwelve}));
     default:
-      return bet < kHard4 ? game.MaxPlacardBet : MaxByPayoff(game, 1, RowOf(game, bet));
+      return MaxByPayoff(game, 1, RowOf(game, bet));
   }
 }
 
@@ -196,8 +214,8 @@ bool IsOdds(int bet) {
 // The smallest amount that pays off in betting units; nothing when the denominator has a fraction
 // that does not divide the unit.
 std::optional<MoneyAmount> ProperUnit(MoneyAmount unit, MoneyAmount denominator) {
+  if (denominator.IsWhole()) return unit.Times(denominator.FloorWhole());
   const MoneyAmount fraction = denominator - MoneyAmount::FromWhole(denominator.FloorWhole());
-  if (fraction.Raw() == 0) return Product(unit, denominator);
   if (!IsMultipleOf(unit, fraction)) return std::nullopt;
   return denominator.Times(UnitsIn(unit, fraction));
 }
@@ -248,10 +266,6 @@ bool TryAdjust(Game& game, int bet, BetNotes& notes, Rounding rounding) {
   const MoneyAmount change = game.BetChange;
   const MoneyAmount denominator = PayingRow(game, bet).PayDenominator;
   if (bet == kField && denominator.Raw() == 0) return true;  // a Field that decides nothing
-  const bool by_color = rounding == Rounding::kAsSet &&
-                        game.AutoAdjustBetAmounts == kColorCorrection &&
-                        !(IsOdds(bet) && amount + change == game.MaxBetHere);
-
   MoneyAmount& up = game.OddsChangeUp;
   MoneyAmount& down = game.OddsChangeDown;
   up = down = change;
@@ -259,6 +273,9 @@ bool TryAdjust(Game& game, int bet, BetNotes& notes, Rounding rounding) {
   if (!clean) notes.Add(BetNotes::kNoProperOdds);
   MoneyAmount proper = clean.value_or(BettingUnit(game));
   if (IsMultipleOf(amount + change, proper)) return true;
+  const bool by_color = rounding == Rounding::kAsSet &&
+                        game.AutoAdjustBetAmounts == kColorCorrection &&
+                        !(IsOdds(bet) && amount + change == game.MaxBetHere);
   down = FloorToUnit(amount + change, proper) - amount;
   up = down + proper;
   if (by_color && denominator > MoneyAmount(1)) {
@@ -325,24 +342,20 @@ MoneyAmount ChargedVig(const Game& game, MoneyAmount vig, MoneyAmount amount, Mo
 }  // namespace
 
 void ComputeMinBet(Game& game, int bet) {
-  const MoneyAmount unit = BettingUnit(game);
-  if (bet >= kHard4) {
-    game.MinBetHere = unit;
-    return;
-  }
-  game.MinBetHere = FloorToUnit(game.MinPlacardBet, unit);
-  if (game.MinBetHere < game.MinPlacardBet) game.MinBetHere += unit;
+  game.MinBetHere = bet >= kHard4 ? BettingUnit(game) : PlacardInUnits(game).minimum;
 }
 
 void ComputeMaxBet(Game& game, int bet) {
-  game.MaxBetHere = FloorToBettingUnit(game, MaxFlatBet(game, bet));
-  if (IsOdds(bet)) {
+  const MoneyAmount placard = PlacardInUnits(game).maximum;
+  game.MaxBetHere = placard;
+  if (bet >= kHard4) {
+    game.MaxBetHere = FloorToBettingUnit(game, MaxPropBet(game, bet));
+  } else if (IsOdds(bet)) {
     const PayRow& row = RowOf(game, bet);
     ComputeMaxOdds(game, bet, bet == kPassOdds ? kPassLine : bet - kComeOdds + kComePoint,
                    row.PayNumerator, row.PayDenominator);
     game.MaxBetHere = FloorToBettingUnit(game, game.MaxBetHere);
   }
-  const MoneyAmount placard = FloorToBettingUnit(game, game.MaxPlacardBet);
   // No rule makes a bet negative, whatever a game file sets.
   game.MaxBetHere = std::max(std::min(game.MaxBetHere, placard), MoneyAmount());
 }

@@ -21,7 +21,8 @@ std::string BetNotes::Text() const {
   for (std::size_t i = 0; i < count_; ++i) {
     if (i > 0) text += "\n\n";
     text += kWords[notes_[i].kind];
-    if (notes_[i].kind != kNoProperOdds) text += FormatMoney(notes_[i].amount);
+    if (notes_[i].kind != kNoProperOdds)
+      text += FormatMoney(MoneyAmount::FromRaw(notes_[i].amount));
   }
   return text;
 }

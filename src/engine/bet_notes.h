@@ -25,7 +25,7 @@ class BetNotes {
   bool Empty() const { return count_ == 0; }
   void Clear() { count_ = 0; }
   void Add(Kind kind, MoneyAmount amount = MoneyAmount()) {
-    if (count_ < notes_.size()) notes_[count_++] = {kind, amount};
+    if (count_ < notes_.size()) notes_[count_++] = {kind, amount.Raw()};
   }
   void Replace(Kind kind, MoneyAmount amount) {
     Clear();
@@ -40,9 +40,10 @@ class BetNotes {
   std::string Text() const;
 
  private:
+  // Not initialised: most requests have nothing to note.
   struct Note {
-    Kind kind = kStackMaximum;
-    MoneyAmount amount;
+    Kind kind;
+    std::int64_t amount;  // ten-thousandths
   };
   bool Has(Kind kind) const {
     for (std::size_t i = 0; i < count_; ++i) {
@@ -52,7 +53,7 @@ class BetNotes {
   }
 
   // One limit of the table, and of the adjustment at most three failures and two limits.
-  std::array<Note, 6> notes_{};
+  std::array<Note, 6> notes_;
   std::size_t count_ = 0;
 };
 

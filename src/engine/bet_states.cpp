@@ -13,12 +13,16 @@ void UpdateBetStates(Game& game) {
   if (game.Point == 0) game.BetState.ComeOut(kLayoutBets, game.WorkOnComeOut);
 }
 
-void DefaultWorkOnComeOut(Game& game) {
+BetSet WorkingByDefault() {
   BetSet idle;
   idle.AddRange(kComeOdds, kBuy + kSlotCount - 1);
   idle.Add(kPassOdds);
   idle.Add(kComeBox);
-  game.WorkOnComeOut = kLayoutBets.Without(idle);
+  return kLayoutBets.Without(idle);
+}
+
+void DefaultWorkOnComeOut(Game& game) {
+  game.WorkOnComeOut = WorkingByDefault();
   UpdateBetStates(game);
 }
 

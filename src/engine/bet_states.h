@@ -10,6 +10,7 @@ void ResetBetState(Game& game, int bet);
 // bet that was not called under its rule.
 void UpdateBetStates(Game& game);
 // All bets work on the come-out but Come Odds, Place, Buy, Pass Line Odds and Come.
+BetSet WorkingByDefault();
 void DefaultWorkOnComeOut(Game& game);
 
 }  // namespace feltmaster

@@ -9,6 +9,7 @@
 #include "autobet/message.h"
 #include "base/number_format.h"
 #include "engine/amounts.h"
+#include "engine/chip_list.h"
 #include "engine/place_bet.h"
 #include "engine/settle_display.h"
 #include "engine/table_effects.h"
@@ -137,10 +138,7 @@ void HandleByRule(Game& game, const Handling& handling, std::int32_t rule) {
 
 // What a decision does at the table before the bet itself is handled.
 void ShowDecision(Game& game, int auto_stop) {
-  if (!game.DiceReturned && game.DiceAction == kDiceReturnOnDecision) {
-    game.DiceReturned = true;
-    game.surface->TableChanged(kChangedDice);
-  }
+  if (game.DiceAction == kDiceReturnOnDecision) ReturnDice(game);
   if (game.AutoRollDice && game.AutoStopOn[static_cast<std::size_t>(auto_stop)]) {
     game.KeepRolling = false;
   }
@@ -267,8 +265,11 @@ void HandleLostBet(Game& game) {
 void ComputePressUnit(Game& game, int bet) {
   const MoneyAmount denominator = game.PayTable[static_cast<std::size_t>(bet)].PayDenominator;
   const MoneyAmount amount = game.BetAmount[bet];
+  const bool whole = denominator.IsWhole();
+  const std::int64_t chips = denominator.FloorWhole();
   for (int slot = kLastChip; slot >= kFirstChip; --slot) {
-    game.PressUnit = Product(denominator, game.BetAmount[slot]);
+    const MoneyAmount chip = game.BetAmount[slot];
+    game.PressUnit = whole ? chip.Times(chips) : Product(denominator, chip);
     if (game.PressUnit.Raw() > 0 && game.PressUnit < amount &&
         IsMultipleOf(amount, game.PressUnit)) {
       return;
@@ -278,14 +279,14 @@ void ComputePressUnit(Game& game, int bet) {
 
 void TakeDownBet(Game& game) {
   Request(game, -AmountNow(game));
-  ShowBets(game);
+  RebuildChips(game, game.CurrentBet);
   game.MustComeDown = false;
 }
 
 void KeepSameBet(Game& game) {
   Request(game, MoneyAmount());
   if (AmountNow(game) == AtRollStart(game, game.CurrentBet)) return;
-  ShowBets(game);
+  RebuildChips(game, game.CurrentBet);
   Report(game, "");
 }
 
@@ -293,18 +294,18 @@ void BetRemainder(Game& game) {
   const MoneyAmount rest = game.PayoffNet + AtRollStart(game, game.CurrentBet);
   Request(game, -AmountNow(game));
   Request(game, rest);
-  ShowBets(game);
+  RebuildChips(game, game.CurrentBet);
 }
 
 void PressOneUnit(Game& game) {
   Request(game, game.PressUnit);
-  ShowBets(game);
+  RebuildChips(game, game.CurrentBet);
   Report(game, "Press 1 Unit ");
 }
 
 void PressDouble(Game& game) {
   Request(game, AmountNow(game));
-  ShowBets(game);
+  RebuildChips(game, game.CurrentBet);
   Report(game, "Press Double ");
 }
 
@@ -313,7 +314,7 @@ void ParlayBet(Game& game) {
     const DecreasingBiases decreasing(game);
     Request(game, game.PayoffNet);
   }
-  ShowBets(game);
+  RebuildChips(game, game.CurrentBet);
   Report(game, "Parlay ");
 }
 
@@ -326,7 +327,7 @@ void ModifySameBet(Game& game, int option) {
     change = less ? -kBeyondAnyBet : kBeyondAnyBet;
   }
   Request(game, change);
-  ShowBets(game);
+  RebuildChips(game, game.CurrentBet);
   Report(game, "");
 }
 
@@ -340,7 +341,7 @@ void SetBetAmount(Game& game, int option) {
   } catch (const MoneyOverflow&) {
   }
   Request(game, amount);
-  ShowBets(game);
+  RebuildChips(game, game.CurrentBet);
   Report(game, "");
 }
 

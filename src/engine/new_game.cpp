@@ -5,6 +5,7 @@
 #include "autobet/message.h"
 #include "base/number_format.h"
 #include "dice/rng.h"
+#include "engine/chip_list.h"
 #include "engine/table_effects.h"
 #include "files/roll_recorder.h"
 #include "stats/bankroll_history.h"
@@ -94,6 +95,7 @@ void ResetGame(Game& game, ResetMode mode) {
   game.GameChanged = false;
   if (game.DiceRollFileMode != kRecorderOff) DiceRollStopped(game);
 
+  RebuildAllChips(game);
   game.RedrawTable = true;
   ShowTableChange(game, kChangedAll);
   game.surface->RefreshOpenScreens();

@@ -14,7 +14,8 @@ const PayRow& Row(const HouseRules& rules, int bet) {
 }
 
 MoneyAmount PaidBy(const PayRow& row, MoneyAmount amount) {
-  return Quotient(Product(amount, row.PayNumerator), row.PayDenominator);
+  const MoneyAmount product = Product(amount, row.PayNumerator);
+  return row.PayDenominator == MoneyAmount(1) ? product : Quotient(product, row.PayDenominator);
 }
 
 // A bet split in equal parts: one part is paid, the others are lost.

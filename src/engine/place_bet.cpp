@@ -11,6 +11,8 @@
 #include "engine/bet_limits.h"
 #include "engine/bet_notes.h"
 #include "engine/bet_states.h"
+#include "engine/chip_list.h"
+#include "engine/entry_box.h"
 #include "engine/table_effects.h"
 
 namespace feltmaster {
@@ -18,6 +20,8 @@ namespace {
 
 // The largest amount of a Chip-Stack either way: below 10^14.
 constexpr MoneyAmount kStackLimit = MoneyAmount::FromRaw(999'999'999'999'999'999);
+// Bets on numbers have room for a stack alone, not for chips put down beside each other.
+constexpr int kLastOnNumbers = kBuy + kSlotCount - 1;
 constexpr MoneyAmount kMostOdds = MoneyAmount::FromWhole(9'999'999);
 
 // Holds another value in a setting and puts the old one back, whatever happens.
@@ -311,9 +315,15 @@ Outcome ApplyRequest(Game& game, int bet) {
     game.BetChange = game.MaxBetHere - amount;
     notes.Replace(BetNotes::kMaximumBet, game.MaxBetHere);
   }
-  const BetNotes limits = notes;
-  if (game.AutoAdjustBetAmounts > kAdjustManually) AutoAdjustBet(game, bet, notes);
-  bool told = !game.AllowNegBankroll && FitToBankroll(game, bet, limits, notes);
+  const bool adjusts = game.AutoAdjustBetAmounts > kAdjustManually;
+  bool told = false;
+  if (game.AllowNegBankroll) {
+    if (adjusts) AutoAdjustBet(game, bet, notes);
+  } else {
+    const BetNotes limits = notes;
+    if (adjusts) AutoAdjustBet(game, bet, notes);
+    told = FitToBankroll(game, bet, limits, notes);
+  }
   told = TellNotes(game, bet, notes) || told;
   game.MsgText.clear();
   told = ApplyChange(game, bet) || told;
@@ -332,18 +342,33 @@ void FollowWithOdds(Game& game, int flat_bet) {
   game.BetChange = change;
 }
 
-Outcome PlaceVisibly(Game& game, int slot) {
+// Whether the change is one chip of the player's hand, which lies where it was put.
+bool IsOneChip(const Game& game, int slot) {
+  const bool chip_selected = game.ChipColor >= 1 && game.ChipColor <= kChipCount;
+  return chip_selected && slot > kLastOnNumbers && slot < kFirstChip &&
+         game.BetRequest.Raw() >= 0 && game.BetChange == game.BetRequest &&
+         game.DragAmount.Raw() == 0 && !game.KeyInBetAmounts && !game.AutoArrangeChips;
+}
+
+Outcome PlaceVisibly(Game& game, int slot, std::optional<Pixel> pointer = std::nullopt) {
   const Outcome outcome = ApplyRequest(game, slot);
   if (!game.HyperDriveActive) {
     if (game.BetChange.Raw() != 0 && !game.AutoBetRunning) {
       PlayChosenClip(game, game.ChipSoundList, game.ChipSoundChoice, false);
     }
     if (game.DisplayBetAmounts) game.RefreshBetAmounts = true;
-    ShowBets(game);
+    if (!pointer || !IsOneChip(game, slot)) {
+      RebuildChips(game, slot);
+    } else if (game.BetChange.Raw() > 0) {
+      AddChip(game, slot, *pointer);
+    }
     if (IsStackSlot(slot)) game.surface->RefreshOpenScreens();
   }
   if (game.BetChange.Raw() != 0) FollowWithOdds(game, slot);
-  game.CallBetMode = 0;
+  if (game.CallBetMode != 0) {
+    game.CallBetMode = 0;
+    ShowTableChange(game, kChangedPrompt);
+  }
   return outcome;
 }
 
@@ -382,12 +407,12 @@ std::string PastOwnMoneyText(const Game& game, bool from_configure) {
 
 }  // namespace
 
-void PlaceBet(Game& game, int bet, float /*x*/, float /*y*/) {
+void PlaceBet(Game& game, int bet) {
   ApplyRequest(game, bet);
 }
 
-void PlaceChips(Game& game, int bet, float /*x*/, float /*y*/) {
-  PlaceVisibly(game, bet);
+void PlaceChips(Game& game, int bet, std::optional<Pixel> pointer) {
+  PlaceVisibly(game, bet, pointer);
 }
 
 void TakeFullOdds(Game& game, int bet) {
@@ -396,7 +421,7 @@ void TakeFullOdds(Game& game, int bet) {
   PlaceBet(game, bet);
   game.BetRequest = kMostOdds;
   PlaceBet(game, bet);
-  ShowBets(game);
+  RebuildChips(game, bet);
 }
 
 void TakeAllFullOdds(Game& game) {
@@ -417,7 +442,7 @@ void MoveComeBet(Game& game, int from, int to) {
   const Temporarily<bool> mute(game.AllSoundOff, true);
   game.BetRequest = -amount;
   PlaceBet(game, from);
-  ShowBets(game);
+  RebuildChips(game, from);
   {
     const Temporarily<bool> put(game.PutBetAllowedNow, true);
     game.BetRequest = amount;
@@ -443,11 +468,10 @@ void BuyPlaceBet(Game& game, int bet) {
   const MoneyAmount amount = game.BetAmount[bet];
   game.BetRequest = -amount;
   PlaceBet(game, bet);
-  ShowBets(game);
+  RebuildChips(game, bet);
   game.BetRequest = amount - game.BetAmount[buy];
   PlaceChips(game, buy);
-  game.EntryBoxBet = buy;
-  if (game.EntryBoxOpen) game.EntryBoxText = PlainNumber(game.BetAmount[buy]);
+  MoveEntryBox(game, buy);
 }
 
 void CallBet(Game& game, int bet, int on_off) {
@@ -481,8 +505,8 @@ void RemoveAllBets(Game& game) {
   for (int bet = 1; bet <= kBetCount; ++bet) {
     game.BetRequest = -game.BetAmount[bet];
     PlaceBet(game, bet);
+    RebuildChips(game, bet);
   }
-  ShowBets(game);
 }
 
 void AdjustAllBets(Game& game) {
@@ -491,8 +515,8 @@ void AdjustAllBets(Game& game) {
     if (!Stands(game, bet)) continue;
     game.BetRequest = MoneyAmount();
     PlaceBet(game, bet);
+    if (game.BetChange.Raw() != 0) RebuildChips(game, bet);
   }
-  ShowBets(game);
 }
 
 MoneyAmount LiftBet(Game& game, int slot) {
@@ -508,9 +532,11 @@ MoneyAmount LiftBet(Game& game, int slot) {
 }
 
 bool CommitEnteredBet(Game& game) {
+  if (!game.EntryBoxEdited) return true;
   const int slot = game.EntryBoxBet;
   if (!IsLayoutBet(slot) && !IsChipStack(slot)) return true;
   const MoneyAmount entered = ParseMoney(game.EntryBoxText);
+  ResetEntryBox(game);
   if (entered == game.BetAmount[slot]) return true;
   if (slot == kPassLine || IsComePoint(slot)) {
     game.BetRequest = entered - game.BetAmount[slot];
@@ -518,9 +544,7 @@ bool CommitEnteredBet(Game& game) {
     LiftBet(game, slot);
     game.BetRequest = entered;
   }
-  const Outcome outcome = PlaceVisibly(game, slot);
-  game.EntryBoxText = PlainNumber(game.BetAmount[slot]);
-  return outcome == Outcome::kQuiet;
+  return PlaceVisibly(game, slot) == Outcome::kQuiet;
 }
 
 void ATMTransaction(Game& game, Atm direction, MoneyAmount amount, bool from_configure) {
@@ -550,13 +574,15 @@ void ATMTransaction(Game& game, Atm direction, MoneyAmount amount, bool from_con
        from_configure ? kButtonOk : kButtonOk | kHideActions);
 }
 
-void DragBet(Game& game, int from, int to) {
+void LiftForDrag(Game& game, int from) {
   game.BetRequest = -game.BetAmount[from];
   PlaceChips(game, from);
   // What the house does not give back cannot be dragged.
   game.DragAmount = -game.BetChange;
-  if (game.DragAmount.Raw() == 0) return;
-  if (IsLayoutBet(to) || IsChipStack(to)) {
+}
+
+void DropDragged(Game& game, int to) {
+  if (game.DragAmount.Raw() != 0 && (IsLayoutBet(to) || IsChipStack(to))) {
     game.BetRequest = game.DragAmount;
     PlaceChips(game, to);
   }

@@ -1,16 +1,18 @@
 #pragma once
 
-#include <string_view>
+#include <optional>
 
+#include "game/bet_places.h"
 #include "game/game.h"
 
 namespace feltmaster {
 
 // Applies BetRequest to a bet or Chip-Stack under the house rules; BetChange tells what was
-// allowed. x and y are the place of the action in pixels of the layout.
-void PlaceBet(Game& game, int bet, float x = 0, float y = 0);
-// PlaceBet with chips, sound, and the odds that follow their flat bet.
-void PlaceChips(Game& game, int bet, float x = 0, float y = 0);
+// allowed.
+void PlaceBet(Game& game, int bet);
+// PlaceBet with chips, sound, and the odds that follow their flat bet. `pointer` is where the
+// player put down a chip; the stack is laid anew without it.
+void PlaceChips(Game& game, int bet, std::optional<Pixel> pointer = std::nullopt);
 
 void TakeFullOdds(Game& game, int bet);
 void TakeAllFullOdds(Game& game);
@@ -30,15 +32,16 @@ void AdjustAllBets(Game& game);
 // stood (0 when it is not charged up front); the vig standing is cleared then.
 MoneyAmount LiftBet(Game& game, int slot);
 
-// Commits the box for keyed-in amounts (EntryBoxBet, EntryBoxText). False when that raised a
-// message, which stops a roll that was to follow.
+// Commits what was typed into the entry box. False when that raised a message, which stops a roll
+// that was to follow.
 bool CommitEnteredBet(Game& game);
 
 enum class Atm { kWithdraw = 0, kDeposit = 1 };
 void ATMTransaction(Game& game, Atm direction, MoneyAmount amount, bool from_configure = false);
 
-// A drag of a whole bet or stack from one slot to another; anything but a bet or Chip-Stack as the
-// goal leaves the money off the table.
-void DragBet(Game& game, int from, int to);
+// A drag of a whole bet or stack. Lifting takes it down; DragAmount is what the house gave back, 0
+// for nothing to drag. Dropped on anything but a bet or Chip-Stack the money stays off the table.
+void LiftForDrag(Game& game, int from);
+void DropDragged(Game& game, int to);
 
 }  // namespace feltmaster

@@ -100,15 +100,17 @@ void ResolveBet(Game& game, int mode, int bet) {
 }
 
 void ResolveRoll(Game& game) {
-  const int pair = PairOfDice(game.Die1, game.Die2);
-  const PointState state = PointStateOf(game.PrevPoint, TotalOf(pair));
-  const RollDecisionList& decisions = kRollTable[state][static_cast<std::size_t>(pair)];
+  const int total = game.Die1 + game.Die2;
+  const auto pair = static_cast<std::size_t>(PairOfDice(game.Die1, game.Die2));
+  const RollDecisionList& decisions = kRollTable[PointStateOf(game.PrevPoint, total)][pair];
+  const BetSet decided = game.BetAmount.Standing() & decisions.bets;
+  if (decided.Empty()) return;
 
   // The standing bets among them, by their place in the list. Handling a bet can place others (a
   // Come bet travels), but none that this roll still has to decide.
   std::array<std::uint8_t, kBetCount + 1> places;
   std::size_t count = 0;
-  (game.BetAmount.Standing() & decisions.bets).ForEach([&](int bet) {
+  decided.ForEach([&](int bet) {
     const std::uint8_t place = decisions.place[static_cast<std::size_t>(bet)];
     std::size_t i = count++;
     for (; i > 0 && places[i - 1] > place; --i) places[i] = places[i - 1];
@@ -117,7 +119,7 @@ void ResolveRoll(Game& game) {
   for (std::size_t i = 0; i < count; ++i) {
     const Decision& decision = decisions.list[static_cast<std::size_t>(places[i]) - 1];
     if (decision.mode == kTravels) {
-      MoveComeBet(game, kComeBox, BetOnNumber(kComePoint, TotalOf(pair)));
+      MoveComeBet(game, kComeBox, BetOnNumber(kComePoint, total));
     } else {
       ResolveBet(game, decision.mode, decision.bet);
     }

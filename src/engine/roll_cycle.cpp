@@ -14,9 +14,11 @@
 #include "dice/rng.h"
 #include "engine/amounts.h"
 #include "engine/bet_states.h"
+#include "engine/chip_list.h"
 #include "engine/place_bet.h"
 #include "engine/resolve.h"
 #include "engine/table_effects.h"
+#include "files/games_log.h"
 #include "files/roll_recorder.h"
 #include "reports/graph_print.h"
 #include "stats/bankroll_history.h"
@@ -27,12 +29,6 @@
 namespace feltmaster {
 namespace {
 
-constexpr int kClipPair = 16;
-constexpr int kClipComeOut = 17;
-constexpr int kClipNewShooter = 18;
-constexpr int kClipPointMade = 13;
-constexpr int kClipSevenOut = 14;
-
 constexpr std::string_view kProgramName = "Feltmaster";
 
 std::string NewGameHint() {
@@ -40,18 +36,21 @@ std::string NewGameHint() {
 }
 
 bool PastBankLimit(const Game& game) {
-  return Abs(game.BetAmount[kBankroll]) > MoneyAmount::FromWhole(kBankLimit);
+  constexpr MoneyAmount kLimit = MoneyAmount::FromWhole(kBankLimit);
+  const MoneyAmount bankroll = game.BetAmount[kBankroll];
+  return bankroll > kLimit || bankroll < -kLimit;
 }
 
 // The copies of the table that conditions compare with and that bound the established bets.
 void BeginRoll(Game& game) {
-  AmountSet& changed = game.BetAmount.ChangedSinceStart();
-  changed.ForEach([&](int slot) {
-    const auto s = static_cast<std::size_t>(slot);
-    game.BetAmountAtRollStart[s] = game.BetAmount[slot];
-    if (slot >= kComePoint && slot <= kPassLine) game.EstablishedAmount[s] = game.BetAmount[slot];
-  });
-  changed.Clear();
+  if (const AmountSet changed = game.BetAmount.ChangedSinceStart(); !changed.Empty()) {
+    changed.ForEach([&](int slot) {
+      const auto s = static_cast<std::size_t>(slot);
+      game.BetAmountAtRollStart[s] = game.BetAmount[slot];
+      if (slot >= kComePoint && slot <= kPassLine) game.EstablishedAmount[s] = game.BetAmount[slot];
+    });
+    game.BetAmount.RollStarted();
+  }
   game.BetStreak.BeginRoll();
   BeginRollResults(game);
   BeginRollStatistics(game);
@@ -65,19 +64,19 @@ void BeginRoll(Game& game) {
 }
 
 void CopyAmountsAtRollEnd(Game& game) {
-  AmountSet& changed = game.BetAmount.ChangedSinceEnd();
+  const AmountSet& changed = game.BetAmount.ChangedSinceEnd();
+  if (changed.Empty()) return;
   changed.ForEach([&](int slot) {
     game.BetAmountAtRollEnd[static_cast<std::size_t>(slot)] = game.BetAmount[slot];
   });
-  changed.Clear();
+  game.BetAmount.RollEnded();
 }
 
 void ShowDice(Game& game) {
   PlayChosenClip(game, game.DiceSoundList, game.DiceSoundChoice, false);
   game.surface->AnimateDice();
   if (game.DiceAction == kDiceStationary || game.DiceAction == kDiceReturnAfterThrown) {
-    game.DiceReturned = true;
-    game.surface->TableChanged(kChangedDice);
+    ReturnDice(game);
   }
 }
 
@@ -212,12 +211,13 @@ void PlayRoll(Game& game) {
 
 void EndHyperDrive(Game& game) {
   game.HyperDriveActive = false;
-  FlushScriptOutput(game);
+  SettleScriptOutput(game);
   game.surface->ShowBanner("");
   if (!game.HyperDriveStopText.empty()) {
     Tell(game, "Hyper-Drive Stopped", game.HyperDriveStopText);
   }
   FinishGraphPrint(game);
+  RebuildAllChips(game);
   game.RefreshBetAmounts = false;
   game.surface->TableChanged(kChangedAll);
 }
@@ -249,7 +249,8 @@ void TrapError(Game& game, const char* what) {
 
 void StickCall(Game& game, int clip) {
   if (game.HyperDriveActive || game.AllSoundOff || game.StickPersonChoice == 0) return;
-  game.surface->PlaySound(game.StickCallFiles[static_cast<std::size_t>(clip)], false);
+  const std::string& file = game.StickCallFiles[static_cast<std::size_t>(clip)];
+  if (!file.empty()) game.surface->PlaySound(file, false);
 }
 
 void ComeOutCall(Game& game) {
@@ -279,7 +280,7 @@ void BankLimitReached(Game& game) {
 
 void RollCycle(Game& game) {
   if (game.RollInProgress) return;
-  if (game.EntryBoxOpen && !CommitEnteredBet(game)) return;
+  if (game.KeyInBetAmounts && !CommitEnteredBet(game)) return;
   if (PastBankLimit(game)) {
     BankLimitReached(game);
     return;
@@ -293,6 +294,7 @@ void RollCycle(Game& game) {
   } catch (const std::exception& error) {
     TrapError(game, error.what());
   }
+  FlushGamesLog(game);
   if (!game.surface->TableMinimised()) {
     if (game.HyperDriveStopText == kEndOfDiceRolls) DiceRollStopped(game);
     game.HyperDriveStopText.clear();

@@ -11,7 +11,9 @@
 #include "dice/rng.h"
 #include "engine/bet_states.h"
 #include "engine/roll_cycle.h"
+#include "engine/sounds.h"
 #include "files/game_file.h"
+#include "files/games_log.h"
 #include "stats/bankroll_history.h"
 #include "surface/surface.h"
 
@@ -29,6 +31,14 @@ void OpenDefaultGame(Game& game) {
   WriteActiveScript(game);
 }
 
+void FindSoundsOf(Game& game, const StartOptions& options) {
+  std::vector<std::string> folders;
+  for (const std::string& folder : {options.data_dir, options.sound_dir}) {
+    if (!folder.empty()) folders.push_back(folder);
+  }
+  FindSounds(game, folders);
+}
+
 }  // namespace
 
 void SeedGenerators(Game& game, std::optional<std::int32_t> seed) {
@@ -42,7 +52,8 @@ void SeedGenerators(Game& game, std::optional<std::int32_t> seed) {
 void StartUp(Game& game, const StartOptions& options) {
   game.AppPath = options.data_dir;
   game.FileDialogPath = options.data_dir;
-  if (!options.data_dir.empty()) game.GamesLogFile = options.data_dir + "default.glg";
+  if (!options.data_dir.empty())
+    game.GamesLogFile = options.data_dir + std::string(kDefaultGamesLog);
   SeedGenerators(game, options.seed);
 
   // All other defaults are those of a fresh Game.
@@ -52,6 +63,7 @@ void StartUp(Game& game, const StartOptions& options) {
   SetDefaultDenominations(game);
   DefaultPayoffs(game);
   RestartGraph(game);
+  FindSoundsOf(game, options);
   LoadHotKeys(game);
   OpenDefaultGame(game);
 

@@ -11,6 +11,7 @@ namespace feltmaster {
 struct StartOptions {
   std::string data_dir;              // with its final separator; empty for a game without files
   std::optional<std::int32_t> seed;  // seeds every base generator instead of the clock
+  std::string sound_dir = {};        // the program's own clips, beside those of the data folder
 };
 
 // Sets every default in its fixed order, seeds the generators, takes the state in which the program

@@ -10,11 +10,13 @@
 #include "autobet/output_file.h"
 #include "autobet/run_script.h"
 #include "autobet/script_file.h"
-#include "dice/probability.h"
+#include "automation/table_guards.h"
 #include "engine/new_game.h"
 #include "engine/roll_cycle.h"
 #include "files/file_dialog.h"
 #include "files/game_file.h"
+#include "files/games_log.h"
+#include "files/probability_commands.h"
 #include "files/roll_editor.h"
 #include "files/roll_recorder.h"
 #include "reports/graph_print.h"
@@ -31,11 +33,6 @@ constexpr std::int32_t kAskToSave =
 bool AskToSave(Game& game, std::string title, std::string text, bool (*save)(Game&)) {
   if (AskYesNo(game, std::move(title), std::move(text), kAskToSave)) return save(game);
   return game.MsgAnswer == kAnswerNo;
-}
-
-void TellNotSaved(Game& game, std::string_view what, const std::string& path) {
-  Tell(game, "Unable to Save " + std::string(what),
-       path + "\ncould not be saved: " + game.LastErrorText + '.', kButtonOk | kPictureStop);
 }
 
 bool SaveAutoBets(Game& game) {
@@ -58,23 +55,13 @@ bool AskAboutAutoBets(Game& game) {
                    SaveAutoBets);
 }
 
-bool SaveProbabilities(Game& game) {
-  const std::string path = game.ProbabilityFileName;
-  if (path.empty() || IsNamed(path, kDefaultProbabilities)) {
-    return ShowFileDialog(game, "Save Probability File As").has_value();
-  }
-  if (SaveProbabilityFile(game, path)) return true;
-  TellNotSaved(game, "Probability File", path);
-  return false;
-}
-
 bool AskAboutProbabilities(Game& game) {
   if (!game.UseSkewedProbability || !game.ProbabilityChanged) return true;
   return AskToSave(game, "Save Probabilities?",
                    "Your current probabilities (listed on the\n"
                    "configuration screen) have not been saved.\n\n"
                    "Do you want to save them now?",
-                   SaveProbabilities);
+                   SaveProbabilitiesCommand);
 }
 
 // The dialog names the game; a name that could not be written to is not kept.
@@ -130,7 +117,7 @@ void KeepOrClearScript(Game& game) {
 // default.crp takes the state, the scratch files go.
 void LeaveDataFolder(Game& game) {
   SaveGame(game, game.AppPath + std::string(kDefaultGame));
-  CloseScriptOutput(game);
+  EndScriptOutput(game);
   FlushDiceRolls(game);
   for (const std::string_view scratch : {kRollClipboard, kActiveScript}) {
     std::error_code ignored;
@@ -151,6 +138,7 @@ bool AskToSaveAll(Game& game) {
 bool NewGame(Game& game) {
   if (!AskToSaveAll(game)) return false;
   FinishGraphPrint(game);
+  LogFinishedGame(game);
   ResetGame(game, ResetMode::kAll);
   game.RefreshBetAmounts = true;
   game.surface->TableChanged(kChangedAll);
@@ -211,15 +199,10 @@ void ShowPath(Game& game) {
 }
 
 bool AskToClose(Game& game) {
-  if (game.AutoBetRunning) {
-    if (!AskYesNo(game, "Auto-Bet Active", "Do you want to interrupt Auto-Betting? ")) return false;
-    game.AutoBetRunning = false;
-    game.KeepRolling = false;
-  }
+  if (game.AutoBetRunning && !AskToEndScript(game)) return false;
   game.surface->LetEventsThrough();
   if (game.HyperDriveActive) {
-    if (!AskYesNo(game, "Hyper-Drive Active", "Do you want to stop Hyper-Drive?")) return false;
-    game.KeepRolling = false;
+    if (!AskToStopHyperDrive(game)) return false;
     game.surface->LetEventsThrough();
   }
   return AskToSaveAll(game);

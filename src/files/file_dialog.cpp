@@ -11,6 +11,8 @@
 #include "base/text.h"
 #include "dice/probability.h"
 #include "files/game_file.h"
+#include "files/games_log.h"
+#include "files/games_log_commands.h"
 #include "files/roll_editor.h"
 #include "files/roll_recorder.h"
 #include "surface/surface.h"
@@ -76,13 +78,8 @@ Outcome SaveSelectedLines(Game& game, const std::string& path) {
   return OutcomeOfSave(saved);
 }
 
-Outcome OpenProbabilityFile(Game& game, const std::string& path) {
-  const Outcome outcome = OutcomeOfLoad(game, LoadProbabilityFile(game, path));
-  if (outcome == Outcome::kRefused) {
-    Tell(game, "Unable to Open Feltmaster Probability File", game.LastErrorText,
-         kButtonOk | kPictureStop);
-  }
-  return outcome;
+Outcome OpenProbabilities(Game& game, const std::string& path) {
+  return OutcomeOfLoad(game, OpenProbabilityFile(game, path));
 }
 Outcome SaveProbabilities(Game& game, const std::string& path) {
   return OutcomeOfSave(SaveProbabilityFile(game, path));
@@ -102,6 +99,16 @@ Outcome EditRolls(Game& game, const std::string& path) {
       break;
   }
   return Outcome::kFileError;
+}
+
+Outcome OpenChosenLog(Game& game, const std::string& path) {
+  return OutcomeOfLoad(game, OpenGamesLog(game, path));
+}
+Outcome MergeChosenLog(Game& game, const std::string& path) {
+  return MergeGamesLog(game, path) ? Outcome::kDone : Outcome::kRefused;
+}
+Outcome SaveLogUnderName(Game& game, const std::string& path) {
+  return OutcomeOfSave(SaveGamesLogAs(game, path));
 }
 
 constexpr auto kCommands = std::to_array<FileCommand>({
@@ -131,9 +138,10 @@ constexpr auto kCommands = std::to_array<FileCommand>({
     {"Select Probability File", "*.prb"},
     {"Select File  or  Enter New File Name", kAnyFile},
     {"Select Auto-Bet File for Hot-Key", "*.bet"},
-    {"Open Games Log", "*.glg"},
-    {"Save Games Log As", "*.glg", nullptr, "Save Games Log As"},
-    {"Open Probability File", "*.prb", OpenProbabilityFile},
+    {"Open Games Log", "*.glg", OpenChosenLog},
+    {"Merge Games Log", "*.glg", MergeChosenLog},
+    {"Save Games Log As", "*.glg", SaveLogUnderName, "Save Games Log As"},
+    {"Open Probability File", "*.prb", OpenProbabilities},
     {.caption = "Save Probability File As",
      .pattern = "*.prb",
      .act = SaveProbabilities,
@@ -179,7 +187,7 @@ void ForgetProbabilities(Game& game) {
   game.ProbabilityChanged = true;
 }
 void ForgetGamesLog(Game& game) {
-  game.GamesLogFile = game.AppPath + "default.glg";
+  game.GamesLogFile = game.AppPath + std::string(kDefaultGamesLog);
 }
 struct FileInUse {
   std::string_view word;

@@ -217,12 +217,14 @@ void WriteStackSlot(Game& game, int element, std::int64_t slot) {
 }
 
 // The slots that no bet and no Chip-Stack uses are written but never taken from a file.
-constexpr int kFirstUntaken = kBetCount + 1;
+constexpr bool IsUntaken(int slot) {
+  return slot > kBetCount && slot < kFirstStack;
+}
 template <auto kMember>
 constexpr GameField RollCopy(Place place) {
   GameField field = Amount<kMember>(place, {kAmountSlots, 25, 8});
   field.write = [](Game& game, int slot, std::int64_t raw) {
-    if (slot >= kFirstUntaken && slot < kFirstStack) return;
+    if (IsUntaken(slot)) return;
     (game.*kMember)[static_cast<std::size_t>(slot)] = AtMost(kMostOnTable, raw);
   };
   return field;
@@ -741,6 +743,16 @@ void ReadChips(Game& game, const GameRecords& records) {
   game.AnyFlagChanged = false;
 }
 
+// What the last roll of the game left in the copies that are not taken from its file.
+void CompleteRollCopies(Game& game) {
+  if (RollCounts(game, 0) == 0) return;
+  for (int slot = 0; slot < kAmountSlots; ++slot) {
+    if (!IsUntaken(slot)) continue;
+    const auto cell = static_cast<std::size_t>(slot);
+    game.BetAmountAtRollStart[cell] = game.BetAmountAtRollEnd[cell] = game.BetAmount[slot];
+  }
+}
+
 const Record kNone;
 
 }  // namespace
@@ -827,6 +839,7 @@ void ReadGameFields(Game& game, const GameRecords& records, bool with_screens) {
       }
     }
   }
+  CompleteRollCopies(game);
   ReadChips(game, records);
 }
 

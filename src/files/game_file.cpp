@@ -8,12 +8,15 @@
 #include <optional>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "autobet/message.h"
 #include "autobet/output_file.h"
 #include "autobet/script_file.h"
 #include "base/text.h"
 #include "dice/probability.h"
+#include "engine/sounds.h"
+#include "files/games_log.h"
 #include "files/roll_recorder.h"
 #include "stats/bankroll_history.h"
 #include "stats/bet_results.h"
@@ -54,13 +57,6 @@ std::string Absolute(const std::string& path) {
   std::error_code fault;
   const fs::path absolute = fs::absolute(path, fault);
   return fault ? path : absolute.string();
-}
-
-// Why something that exists cannot be a game file.
-std::error_code FaultOfKind(const std::string& path) {
-  std::error_code ignored;
-  return std::make_error_code(fs::is_directory(path, ignored) ? std::errc::is_a_directory
-                                                              : std::errc::not_supported);
 }
 
 bool IsPlainFile(const std::string& path) {
@@ -139,12 +135,6 @@ class HeaderWriter {
   std::vector<std::string> too_long_;
 };
 
-void TellNotSaved(Game& game, std::string_view what, const std::string& path,
-                  std::string_view reason) {
-  Tell(game, "Unable to Save " + std::string(what),
-       path + "\ncould not be saved: " + std::string(reason) + '.', kButtonOk | kPictureStop);
-}
-
 // The script's file as the game notes it. Lines without a file live on in default.bet, but only
 // beside the default game.
 std::string ScriptToNote(Game& game, bool is_default) {
@@ -153,7 +143,7 @@ std::string ScriptToNote(Game& game, bool is_default) {
   const std::string path = game.AppPath + std::string(kDefaultScript);
   const WholeScript whole(game, false);
   if (SaveScript(game, path)) return path;
-  TellNotSaved(game, "Auto-Bet File", path, game.LastErrorText);
+  TellNotSaved(game, "Auto-Bet File", path);
   return "";
 }
 
@@ -161,7 +151,7 @@ std::string ProbabilitiesToNote(Game& game, bool is_default) {
   if (game.ProbabilityChanged && is_default && !game.AppPath.empty()) {
     const std::string path = game.AppPath + std::string(kDefaultProbabilities);
     if (SaveProbabilityFile(game, path)) return path;
-    TellNotSaved(game, "Probability File", path, game.LastErrorText);
+    TellNotSaved(game, "Probability File", path);
   }
   return IsPlainFile(game.ProbabilityFileName) ? game.ProbabilityFileName : "";
 }
@@ -173,33 +163,56 @@ void TakeFileName(Game& game, const std::string& path) {
 
 // --- Reading ---
 
-// A file that was in use when the game was saved.
-struct Companion {
-  std::string path;
-  std::string stamp;
-  bool exists = false;
-
-  bool IsAltered() const { return exists && FileStamp(path) != stamp; }
-};
-
-// A relative path is sought in the data folder and beside the game; what is not there stands as it
-// is written.
-std::string FullPath(const Game& game, const std::string& game_path, const std::string& stored) {
-  if (stored.empty() || stored.front() == '/') return stored;
-  for (const std::string& folder : {game.AppPath, FolderOf(Absolute(game_path))}) {
-    if (!folder.empty() && IsPlainFile(folder + stored)) return folder + stored;
+// A relative path is sought in the folder one is in, beside the game and in the data folder. The
+// file that was noted comes before others of its name; what is nowhere stands as it is written.
+std::string FullPath(const Game& game, const std::string& game_path, const GameHeader& noted) {
+  const std::string& path = noted.path;
+  if (path.empty() || path.front() == '/') return path;
+  std::string first;
+  for (const std::string& folder : {std::string(), FolderOf(Absolute(game_path)), game.AppPath}) {
+    std::string found = folder + path;
+    if (!IsPlainFile(found)) continue;
+    if (FileStamp(found) == noted.stamp) return found;
+    if (first.empty()) first = std::move(found);
   }
-  return stored;
+  return first.empty() ? path : first;
 }
 
+struct CompanionKind {
+  GameHeaders header;
+  std::string_view what;
+  bool is_stamped;
+};
+constexpr std::array<CompanionKind, 5> kCompanionKinds = {{
+    {kScriptHeader, "Auto-Bet file", true},
+    {kDiceRollHeader, "Dice Roll file", true},
+    {kProbabilityHeader, "Probability file", true},
+    {kOutputHeader, "output file", false},
+    {kLogHeader, "Games Log", false},
+}};
+
 Companion CompanionOf(const Game& game, const std::string& game_path, const GameRecords& records,
-                      int header) {
-  GameHeader noted = HeaderOf(records, header);
+                      const CompanionKind& kind) {
+  GameHeader noted = HeaderOf(records, kind.header);
   Companion companion;
-  companion.path = FullPath(game, game_path, noted.path);
+  companion.what = kind.what;
+  companion.is_stamped = kind.is_stamped;
+  companion.path = FullPath(game, game_path, noted);
   companion.stamp = std::move(noted.stamp);
-  companion.exists = IsPlainFile(companion.path);
+  if (IsPlainFile(companion.path)) {
+    const bool same = !kind.is_stamped || FileStamp(companion.path) == companion.stamp;
+    companion.found = same ? CompanionFound::kThere : CompanionFound::kAltered;
+  }
   return companion;
+}
+
+std::vector<Companion> CompanionsOf(const Game& game, const std::string& game_path,
+                                    const GameRecords& records) {
+  std::vector<Companion> companions;
+  for (const CompanionKind& kind : kCompanionKinds) {
+    companions.push_back(CompanionOf(game, game_path, records, kind));
+  }
+  return companions;
 }
 
 // What the player is told of a companion that is missing or altered.
@@ -221,46 +234,44 @@ constexpr CompanionWords kProbabilityWords = {
     " was not found:", " has been changed:", true};
 
 void TellCompanion(Game& game, const CompanionWords& words, const Companion& companion) {
+  const bool exists = companion.found != CompanionFound::kMissing;
   std::string text(words.text);
-  text += companion.exists ? words.altered : words.missing;
+  text += exists ? words.altered : words.missing;
   if (words.with_path) text += "\n\n" + companion.path;
-  Tell(game, (companion.exists ? "Altered " : "Missing ") + std::string(words.title),
-       std::move(text));
+  Tell(game, (exists ? "Altered " : "Missing ") + std::string(words.title), std::move(text));
+}
+
+// Loads a companion, or clears what it would have brought; what is missing or altered is told.
+void OpenCompanion(Game& game, const Companion& companion, const CompanionWords& words,
+                   bool (*load)(Game&, const std::string&), void (*clear)(Game&)) {
+  const bool missing = companion.found == CompanionFound::kMissing;
+  const bool loaded = !missing && load(game, companion.path);
+  if (!loaded) clear(game);
+  if (missing ? !companion.path.empty() : loaded && companion.found == CompanionFound::kAltered) {
+    TellCompanion(game, words, companion);
+  }
 }
 
 void OpenScript(Game& game, const Companion& script) {
   const WholeScript whole(game, false);
-  if (!script.exists || !LoadScript(game, script.path)) {
-    ClearScript(game);
-    if (!script.exists && !script.path.empty()) TellCompanion(game, kScriptWords, script);
-    return;
-  }
-  if (script.IsAltered()) TellCompanion(game, kScriptWords, script);
+  OpenCompanion(game, script, kScriptWords, LoadScript, ClearScript);
 }
 
 // Whether the recorder goes on where it was.
 bool OpenDiceRolls(Game& game, const Companion& rolls) {
-  game.DiceRollFileName = rolls.exists ? rolls.path : std::string();
-  if (rolls.path.empty() || (rolls.exists && !rolls.IsAltered())) return true;
+  const bool missing = rolls.found == CompanionFound::kMissing;
+  game.DiceRollFileName = missing ? std::string() : rolls.path;
+  if (rolls.path.empty() || rolls.found == CompanionFound::kThere) return true;
   TellCompanion(game, kDiceRollWords, rolls);
   return false;
 }
 
 void OpenProbabilities(Game& game, const Companion& probabilities) {
-  if (!probabilities.exists || !LoadProbabilityFile(game, probabilities.path)) {
-    DefaultProbabilities(game);
-    game.ProbabilityFileName.clear();
-    game.ProbabilityChanged = false;
-    if (!probabilities.exists && !probabilities.path.empty()) {
-      TellCompanion(game, kProbabilityWords, probabilities);
-    }
-    return;
-  }
-  if (probabilities.IsAltered()) TellCompanion(game, kProbabilityWords, probabilities);
+  OpenCompanion(game, probabilities, kProbabilityWords, OpenProbabilityFile, NewProbabilities);
 }
 
 void OpenOutput(Game& game, const std::string& path) {
-  CloseScriptOutput(game);
+  EndScriptOutput(game);
   game.ScriptOutputFile = path;
   std::error_code ignored;
   // Opening a pipe would wait for somebody at its other end.
@@ -268,6 +279,15 @@ void OpenOutput(Game& game, const std::string& path) {
   if (const std::error_code error = OpenScriptOutput(game, path, OutputMode::kAppend)) {
     game.LastErrorText =
         FileError{error.value(), error.message()}.At("Open Output File of Auto-Bet");
+  }
+}
+
+// A log that is not there yet is made by its first game.
+void TakeGamesLog(Game& game, const Companion& log) {
+  if (log.found == CompanionFound::kMissing) {
+    game.GamesLogFile = log.path;
+  } else {
+    OpenGamesLog(game, log.path);
   }
 }
 
@@ -305,31 +325,48 @@ void CompleteState(Game& game, bool recorder_goes_on) {
   game.CallBetMode = 0;
   game.Decisions.count = 0;
   game.HyperDriveStopText.clear();
-  game.EntryBoxOpen = false;
+  game.EntryBoxEdited = false;
+  game.LastStackBet = game.StackSlots[1];
+  BuildStickCalls(game);
   game.RedrawTable = true;
   game.ScriptUnsaved = false;
   game.ScriptNeedsInit = false;
 }
 
+// The places of `companions` in the order of kCompanionKinds.
+enum { kScriptFile, kDiceRollFile, kProbabilityFile, kOutputFile, kLogFile };
+
 void Adopt(Game& game, const std::string& path, const GameRecords& records) {
   const bool is_default = IsNamed(path, kDefaultGame);
-  const auto companion = [&](int header) { return CompanionOf(game, path, records, header); };
+  const std::vector<Companion> companions = CompanionsOf(game, path, records);
   if (is_default) {
     const GameHeader header = HeaderOf(records, kScriptHeader);
     game.TablePlacement.left = header.left;
     game.TablePlacement.top = header.top;
   }
-  OpenScript(game, companion(kScriptHeader));
+  OpenScript(game, companions[kScriptFile]);
   WriteActiveScript(game);
-  const bool recorder_goes_on = OpenDiceRolls(game, companion(kDiceRollHeader));
-  OpenProbabilities(game, companion(kProbabilityHeader));
-  OpenOutput(game, companion(kOutputHeader).path);
-  game.GamesLogFile = companion(kLogHeader).path;
+  const bool recorder_goes_on = OpenDiceRolls(game, companions[kDiceRollFile]);
+  OpenProbabilities(game, companions[kProbabilityFile]);
+  OpenOutput(game, companions[kOutputFile].path);
+  TakeGamesLog(game, companions[kLogFile]);
 
   ClearForFields(game);
   ReadGameFields(game, records, is_default);
   CompleteState(game, recorder_goes_on);
   TakeFileName(game, path);
+}
+
+// The records of a game file. False with FileStatus, and LastErrorText after a file error.
+bool ReadRecords(Game& game, const std::string& path, GameRecords& records) {
+  if (const std::optional<FileError> error = ReadGameRecords(path, records)) {
+    game.FileStatus = -1;
+    game.LastErrorText = error->description + ", Error #" + std::to_string(error->number) +
+                         "\n occurred, at: Open Game";
+    return false;
+  }
+  game.FileStatus = IsGameFile(records) ? 1 : 0;
+  return game.FileStatus == 1;
 }
 
 }  // namespace
@@ -371,10 +408,7 @@ bool IsGameFile(const GameRecords& records) {
 }
 
 std::optional<FileError> ReadGameRecords(const std::string& path, GameRecords& records) {
-  // A pipe or a device would be waited for.
-  std::error_code fault;
-  if (!fs::is_regular_file(path, fault) && !fault) fault = FaultOfKind(path);
-  if (fault) return FileError{fault.value(), fault.message()};
+  if (std::optional<FileError> fault = FaultOfRecordFile(path)) return fault;
   std::string bytes;
   if (std::optional<FileError> error = ReadWholeFile(path, kFileLimit, bytes)) return error;
   records = GameRecords(bytes);
@@ -401,7 +435,7 @@ bool SaveGame(Game& game, const std::string& path) {
   WriteGameFields(game, records);
   if (const std::optional<FileError> error = WriteFileAtomically(path, records.Bytes())) {
     game.LastErrorText = error->At("Save Game");
-    TellNotSaved(game, "Game File", path, error->description);
+    TellNotSaved(game, "Game File", path);
     return false;
   }
   headers.TellPathsTooLong();
@@ -415,15 +449,8 @@ bool OpenGame(Game& game, const std::string& path, bool chosen_by_player) {
   game.FileStatus = static_cast<std::int32_t>(
       std::min<std::uintmax_t>(length, std::numeric_limits<std::int32_t>::max()));
   GameRecords records;
-  if (const std::optional<FileError> error = ReadGameRecords(path, records)) {
-    game.FileStatus = -1;
-    game.LastErrorText = error->description + ", Error #" + std::to_string(error->number) +
-                         "\n occurred, at: Open Game";
-    return false;
-  }
-  if (!IsGameFile(records)) {
-    game.FileStatus = 0;
-    if (chosen_by_player) {
+  if (!ReadRecords(game, path, records)) {
+    if (game.FileStatus == 0 && chosen_by_player) {
       Tell(game, "Unable to Open Feltmaster Game File",
            path +
                "\nis either from a different version, has been corrupted, or is not a true "
@@ -435,6 +462,23 @@ bool OpenGame(Game& game, const std::string& path, bool chosen_by_player) {
   Adopt(game, path, records);
   game.surface->TableChanged(kChangedAll);
   game.surface->RefreshOpenScreens();
+  game.FileStatus = 1;
+  return true;
+}
+
+bool ReadGame(Game& game, const std::string& path, std::vector<Companion>& companions) {
+  GameRecords records;
+  if (!ReadRecords(game, path, records)) return false;
+  companions = CompanionsOf(game, path, records);
+  const Companion& script = companions[kScriptFile];
+  if (script.found == CompanionFound::kMissing || !LoadScript(game, script.path)) ClearScript(game);
+  const Companion& probabilities = companions[kProbabilityFile];
+  if (probabilities.found != CompanionFound::kMissing) {
+    LoadProbabilityFile(game, probabilities.path);
+  }
+  ClearForFields(game);
+  ReadGameFields(game, records, false);
+  CompleteState(game, true);
   game.FileStatus = 1;
   return true;
 }

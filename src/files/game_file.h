@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "files/game_fields.h"
 #include "game/game.h"
@@ -29,6 +30,20 @@ bool SaveGame(Game& game, const std::string& path);
 // file error (LastErrorText). A file that was in use then and is missing or altered now is told and
 // does not stop the load; nor does a file that is too short, whose missing values are 0.
 bool OpenGame(Game& game, const std::string& path, bool chosen_by_player);
+
+// A file that was in use when a game was saved, as it is found now.
+enum class CompanionFound { kMissing, kThere, kAltered };
+struct Companion {
+  std::string_view what;    // "Auto-Bet file"
+  bool is_stamped = false;  // its date was noted; otherwise it is never found altered
+  std::string path;         // empty when there was none
+  std::string stamp;
+  CompanionFound found = CompanionFound::kMissing;
+};
+
+// Reads a game into a fresh table for a look at it: nobody is told or asked anything, and no file
+// is opened for writing. False as OpenGame.
+bool ReadGame(Game& game, const std::string& path, std::vector<Companion>& companions);
 
 // Writes the script in memory to active.tmp, its copy in the data folder.
 bool WriteActiveScript(Game& game);

@@ -3,6 +3,7 @@
 #include <array>
 #include <bit>
 #include <cstdint>
+#include <utility>
 
 namespace feltmaster {
 
@@ -21,9 +22,10 @@ class BitSet {
     for (int member = first; member <= last; ++member) Add(member);
   }
   constexpr bool Empty() const {
-    std::uint64_t any = 0;
-    for (const std::uint64_t word : words_) any |= word;
-    return any == 0;
+    return [this]<std::size_t... kWord>(std::index_sequence<kWord...>) {
+      return (words_[kWord] | ...) == 0;
+    }
+    (std::make_index_sequence<kWords>());
   }
   constexpr int Count() const {
     int count = 0;

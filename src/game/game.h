@@ -6,6 +6,7 @@
 #include "game/auto_play.h"
 #include "game/bankroll.h"
 #include "game/dice_state.h"
+#include "game/games_log.h"
 #include "game/hot_keys.h"
 #include "game/preferences.h"
 #include "game/rules.h"
@@ -29,7 +30,6 @@ struct ChipStackState {
 struct FileNames {
   std::string AppPath;  // the data folder, with its final separator
   std::string GameFileName;
-  std::string GamesLogFile;
   std::string FileDialogPath;  // the folder and the name with which the file dialog opens
   std::string FileDialogName;
   std::int32_t FileStatus = 0;  // of the last open: 1 done, 0 refused, -1 a file error
@@ -53,6 +53,7 @@ struct Game : TableState,
               MessageState,
               ChipStackState,
               ScreenState,
+              GamesLogState,
               FileNames {
   RollDecisions Decisions;  // of the last roll
   SettleDisplay Settle;

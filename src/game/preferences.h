@@ -43,6 +43,7 @@ struct Preferences {
   std::int32_t WinSoundChoice = 0;
   std::array<std::string, 19> StickCallFiles;  // 1 to 18
   std::vector<std::string> StickPersonList, DiceSoundList, WinSoundList, ChipSoundList;
+  std::vector<std::string> SoundFiles;  // the paths of the clips found
   bool AutoBetSoundOff = false;
   bool AllSoundOff = false;
   std::int32_t NotifyFlags = kNoticeActions | kNoticeLimits | kNoticeCharges | kNoticeScript;

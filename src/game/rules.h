@@ -41,6 +41,16 @@ enum BankrollInit : std::int32_t {
 inline constexpr std::int64_t kBankLimit = 9'999'999;    // of the bankroll, both ways
 inline constexpr std::int32_t kRollLimit = 100'000'000;  // rolls of one game
 
+// The placard's limits rounded to betting units, with the numbers that they were worked out from:
+// while those stand, nobody has to divide again.
+struct PlacardLimits {
+  MoneyAmount unit;  // 0: not worked out yet
+  MoneyAmount min_placard;
+  MoneyAmount max_placard;
+  MoneyAmount minimum;
+  MoneyAmount maximum;
+};
+
 // The house rules. The phantom wagers are counted by the rules in force: call SettlePhantoms
 // (stats/bet_results.h) before any write to PayTable, FieldPayTable, the vig or AllowPutBets.
 struct HouseRules {
@@ -49,6 +59,7 @@ struct HouseRules {
 
   MoneyAmount MinPlacardBet = MoneyAmount(1);
   MoneyAmount MaxPlacardBet = MoneyAmount(1000);
+  PlacardLimits Placard;
   MoneyAmount MaxOddsBet = MoneyAmount(2000);
   MoneyAmount MaxPropBetPayoff = MoneyAmount(3000);
   // By group: 2 and 12, 3 and 11, 4 and 10, 5 and 9, 6 and 8.

@@ -117,6 +117,8 @@ struct MessageState {
   std::int32_t MsgAnswer = 1;
   MoneyAmount MsgInput2;
   std::string MsgInputDefault;      // text the first field opens with
+  std::string MsgInput2Default;     // and the second
+  std::string MsgInputText;         // what stood in the first field, as typed
   std::int32_t MsgInputLength = 0;  // longest text of a field, 0 for no limit of its own
 };
 

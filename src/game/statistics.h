@@ -39,12 +39,19 @@ inline constexpr int kGameCounters = 20;
 // clock of the rolls and the mark left by the last hit. Differences are taken modulo 2^32, so any
 // value that a file may bring is kept exactly.
 struct RollEvent {
-  std::int32_t count = 0;              // RollCounts
-  std::int32_t script_count = 0;       // ScriptRollCounts
-  std::int32_t script_count_seen = 0;  // ScriptRollCountsSeen
-  std::uint32_t hit = 0;               // clock at the last hit
-  std::uint32_t script_hit = 0;
-  std::uint32_t script_hit_seen = 0;  // script_hit when the present roll began
+  std::uint32_t hit = 0;         // clock at the last hit
+  std::int32_t count = 0;        // RollCounts
+  std::uint32_t hit_before = 0;  // clock at the hit before the last
+};
+
+// What a script that resets its counters of an event makes them differ from the event's own. A
+// roll writes none of it.
+struct ScriptEvent {
+  std::int32_t count_base = 0;  // what the event had counted when its script count was 0
+  std::int32_t mark_count = 0;  // as long as the event has counted no more than this ...
+  std::uint32_t mark = 0;       // ... a script takes this for the clock at the last hit
+  std::int32_t count_seen = 0;  // for an event of ScriptResets, as they were when
+  std::uint32_t hit_seen = 0;   // the present roll began
 };
 
 // Read the glossary's arrays (RollsSinceLast, ScriptRollsSince, ...) through
@@ -53,6 +60,7 @@ struct RollStatistics {
   std::uint32_t RollClock = 0;         // rolls counted in this game's events
   std::uint32_t RollClockAtStart = 0;  // RollClock when the present roll began
   std::array<RollEvent, kRollCategories> Events{};
+  std::array<ScriptEvent, kRollCategories> ScriptEvents{};
   std::int32_t RollsSeenByScript = 0;  // RollsSinceLast(0)
   std::int32_t LastCountedRoll = -1;   // the dice of the last counted roll, 6 * (d1 - 1) + d2 - 1
   BitSet<128> ScriptResets;            // events that a script has reset since the roll began
@@ -91,14 +99,12 @@ struct PhantomLedger {
   std::array<std::array<DecisionTally, 36>, kWorkingSets> rolls{};
   std::int32_t set_count = 0;
   std::int32_t current_set = -1;
-  // [family][slot][won]: Come on its number, Come Odds.
-  std::array<std::array<std::array<DecisionTally, 2>, kSlotCount>, 2> come{};
+  // [bet - kComePoint][won]: Come bets on their numbers, then their odds.
+  std::array<std::array<DecisionTally, 2>, 2 * kSlotCount> come{};
   // [slot of the point, 10 on the come-out][won]
   std::array<std::array<DecisionTally, 2>, kSlotCount + 1> pass_line{};
   std::array<std::array<DecisionTally, 2>, kSlotCount> pass_odds{};
-  bool any = false;
-  std::uint16_t come_on = 0;       // PhantomComeOn of Come bets, a bit a number slot
-  std::uint16_t come_odds_on = 0;  // and of Come Odds bets
+  std::uint32_t come_on = 0;  // PhantomComeOn, a bit a bet from kComePoint on
 };
 
 // Read the phantom series through stats/bet_results.h, which settles the ledger first.

@@ -20,20 +20,34 @@ class BetAmounts {
   MoneyAmount operator[](int slot) const { return amounts_[static_cast<std::size_t>(slot)]; }
   void Set(int slot, MoneyAmount amount) {
     amounts_[static_cast<std::size_t>(slot)] = amount;
-    if (slot < 128) standing_.Put(slot, amount.Raw() != 0);
-    changed_since_start_.Add(slot);
+    const bool stands = amount.Raw() != 0;
+    slot < kFirstStack ? standing_.Put(slot, stands) : stacked_.Put(slot - kFirstStack, stands);
     changed_since_end_.Add(slot);
   }
 
-  // Slots below 128 that hold anything; mask with the bets asked for.
+  // Slots below the Chip-Stacks that hold anything; mask with the bets asked for.
   const BetSet& Standing() const { return standing_; }
-  AmountSet& ChangedSinceStart() { return changed_since_start_; }
+  // The Chip-Stacks that hold anything, by their own numbers.
+  const StackSet& Stacked() const { return stacked_; }
+
+  // The slots that may differ from the copy taken at the end of the last roll.
   AmountSet& ChangedSinceEnd() { return changed_since_end_; }
+  // The slots that may differ from the copy taken at its start: these, and those that the roll
+  // itself has changed.
+  AmountSet ChangedSinceStart() const { return changed_in_roll_ | changed_since_end_; }
+  void MarkForRollStart(int slot) { changed_in_roll_.Add(slot); }
+  // The copies have been taken.
+  void RollStarted() { changed_in_roll_.Clear(); }
+  void RollEnded() {
+    changed_in_roll_ = changed_in_roll_ | changed_since_end_;
+    changed_since_end_.Clear();
+  }
 
  private:
   std::array<MoneyAmount, kAmountSlots> amounts_{};
   BetSet standing_;
-  AmountSet changed_since_start_;
+  StackSet stacked_;
+  AmountSet changed_in_roll_;  // what a roll has changed, until the next one starts
   AmountSet changed_since_end_;
 };
 
@@ -45,14 +59,19 @@ class BetStreaks {
   int Before(int bet) const { return before_[static_cast<std::size_t>(bet)]; }
   void SetNow(int bet, int run) {
     now_[static_cast<std::size_t>(bet)] = run;
+    running_.Put(bet, run != 0);
     changed_.Add(bet);
   }
   void SetBefore(int bet, int run) {
     before_[static_cast<std::size_t>(bet)] = run;
     changed_.Add(bet);
   }
+  // The bets with a run, and those whose run may differ from what it was.
+  const BetSet& Running() const { return running_; }
+  const BetSet& Changed() const { return changed_; }
   // A new roll begins: generation 1 becomes generation 0, for the bets of the layout.
   void BeginRoll() {
+    if (changed_.Empty()) return;
     changed_.ForEach([this](int bet) {
       if (bet <= kBetCount)
         before_[static_cast<std::size_t>(bet)] = now_[static_cast<std::size_t>(bet)];
@@ -63,6 +82,7 @@ class BetStreaks {
  private:
   std::array<std::int32_t, 101> now_{};
   std::array<std::int32_t, 101> before_{};
+  BetSet running_;
   BetSet changed_;
 };
 
@@ -127,9 +147,10 @@ struct TableState {
   bool RedrawTable = false;
   std::string HyperDriveStopText;
 
-  bool EntryBoxOpen = false;  // the box for keyed-in amounts
-  std::int32_t EntryBoxBet = 0;
+  // The box for keyed-in amounts (engine/entry_box.h). The text counts once it was edited.
+  std::int32_t EntryBoxBet = kLay;
   std::string EntryBoxText;
+  bool EntryBoxEdited = false;
 
   std::int32_t HitBet = 0;  // what is under the pointer; table/layout.h knows the values
   // Where the walk of the arrow keys comes back to.

@@ -64,7 +64,7 @@ struct Stroke {
   int ink = 0;
   double weight = 0.5;
 };
-struct Box {
+struct PrintedBox {
   double x = 0;
   double y = 0;
   double width = 0;
@@ -83,7 +83,7 @@ struct Label {
 struct Picture {
   double width = kPrintWidth;
   double height = 0;
-  std::vector<Box> boxes;
+  std::vector<PrintedBox> boxes;
   std::vector<Stroke> strokes;
   std::vector<Label> labels;
 };

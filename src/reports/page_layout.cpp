@@ -172,7 +172,7 @@ class PageMaker {
   }
 
   double Put(const Picture& picture, double x, double y, double) {
-    for (Box box : picture.boxes) {
+    for (PrintedBox box : picture.boxes) {
       box.x += x;
       box.y += y;
       page.boxes.push_back(box);

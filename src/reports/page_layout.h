@@ -19,7 +19,7 @@ struct PlacedText {
   std::string text;  // UTF-8
 };
 struct PlacedPage {
-  std::vector<Box> boxes;  // below the strokes, and they below the texts
+  std::vector<PrintedBox> boxes;  // below the strokes, and they below the texts
   std::vector<Stroke> strokes;
   std::vector<PlacedText> texts;
 };

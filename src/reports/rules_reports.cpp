@@ -6,6 +6,7 @@
 #include "config/payoffs.h"
 #include "reports/report_pages.h"
 #include "view/rules_rows.h"
+#include "view/settings_rows.h"
 
 namespace feltmaster {
 

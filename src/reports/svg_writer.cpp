@@ -53,7 +53,7 @@ std::string Attribute(std::string_view name, double value) {
   return ' ' + std::string(name) + "=\"" + Number(value) + '"';
 }
 
-std::string Element(const Box& box) {
+std::string Element(const PrintedBox& box) {
   return "<rect" + Attribute("x", box.x) + Attribute("y", box.y) + Attribute("width", box.width) +
          Attribute("height", box.height) + " fill=\"" + Color(box.ink) + "\"/>\n";
 }
@@ -80,7 +80,7 @@ std::string SvgOf(const Document& document, std::size_t page) {
                     Escaped(AsUtf8(document.title)) +
                     "</title>\n<rect width=\"100%\" height=\"100%\" fill=\"#ffffff\"/>\n";
   const PlacedPage placed = LayOut(document.pages[page]);
-  for (const Box& box : placed.boxes) svg += Element(box);
+  for (const PrintedBox& box : placed.boxes) svg += Element(box);
   for (const Stroke& stroke : placed.strokes) svg += Element(stroke);
   svg += "<g xml:space=\"preserve\">\n";
   for (const PlacedText& text : placed.texts) svg += Element(text);

@@ -58,7 +58,7 @@ class Canvas {
           mark);
     }
   }
-  void Draw(const Box& box) {
+  void Draw(const PrintedBox& box) {
     for (double y = box.y + kCellHeight / 2; y < box.y + box.height; y += kCellHeight) {
       for (double x = box.x + kCellWidth / 2; x < box.x + box.width; x += kCellWidth) {
         Put(x, y, U'#');
@@ -149,7 +149,7 @@ struct AddLines {
 
   void operator()(const Picture& picture) const {
     Canvas canvas(picture.width, picture.height);
-    for (const Box& box : picture.boxes) canvas.Draw(box);
+    for (const PrintedBox& box : picture.boxes) canvas.Draw(box);
     for (const Stroke& stroke : picture.strokes) canvas.Draw(stroke);
     for (const Label& label : picture.labels) canvas.Draw(label);
     const Lines drawn = canvas.Text();

@@ -73,7 +73,7 @@ bool HasPageBefore(std::int32_t rolls) {
 }
 
 MoneyAmount AverageOf(MoneyAmount sum, std::int64_t rolls) {
-  return rolls == 0 ? MoneyAmount() : Quotient(sum, MoneyAmount::FromWhole(rolls));
+  return rolls == 0 ? MoneyAmount() : sum.Shared(rolls);
 }
 
 // The line of the scale above a value, three lines up.
@@ -196,6 +196,16 @@ void DrawGraph(Game& game, bool rescale) {
   game.GraphTop += step.Times(StepsOver(game.GraphHigh - game.GraphTop, step));
   const MoneyAmount bottom = game.GraphTop - game.GraphScale.Times(kGraphHeight);
   game.GraphTop -= step.Times(StepsOver(bottom - game.GraphLow, step));
+}
+
+MoneyAmount NextGraphScale(MoneyAmount scale, bool larger) {
+  constexpr auto kSmallest = kScales.begin() + 1;
+  if (larger) {
+    const auto* const above = std::upper_bound(kSmallest, kScales.end(), scale);
+    return above == kScales.end() ? kScales.back() : *above;
+  }
+  const auto* const here = std::lower_bound(kSmallest, kScales.end(), scale);
+  return here == kSmallest ? *kSmallest : *(here - 1);
 }
 
 void RestartGraph(Game& game) {

@@ -21,6 +21,8 @@ void RebuildAverages(Game& game);
 void RescanGraphRange(Game& game);
 // The scale rules of the graph.
 void DrawGraph(Game& game, bool rescale);
+// The rung of the ladder of scales beside this one, 0.02 to 100,000 dollars a point.
+MoneyAmount NextGraphScale(MoneyAmount scale, bool larger);
 // A new game: scale 1, top 150, an empty page, the extremes at the bankroll.
 void RestartGraph(Game& game);
 

@@ -1,6 +1,7 @@
 #include "stats/bet_results.h"
 
 #include <array>
+#include <bit>
 #include <exception>
 
 #include "engine/payoff.h"
@@ -39,17 +40,26 @@ void ForgetLastRoll(BetResults& results, int series, int bet) {
   }
 }
 
-// The ledger keeps its Come flags as bits by number slot.
-std::uint16_t& ComeFlags(PhantomLedger& ledger, int bet) {
-  return bet < kComeOdds ? ledger.come_on : ledger.come_odds_on;
-}
-constexpr std::uint16_t SlotBit(int slot) {
-  return static_cast<std::uint16_t>(1u << slot);
+// The ledger keeps the Come bets on their numbers and their odds as bits.
+constexpr int kComeBets = 2 * kSlotCount;
+static_assert(kComeOdds == kComePoint + kSlotCount);
+constexpr std::uint32_t kAllComeBets = (1u << kComeBets) - 1u;
+constexpr std::uint32_t ComeBit(int bet) {
+  return 1u << (bet - kComePoint);
 }
 bool HasComeFlag(int bet) {
-  return bet >= kComePoint && bet < kComeOdds + kSlotCount;
+  return bet >= kComePoint && bet < kComePoint + kComeBets;
 }
-constexpr std::uint16_t kAllSlots = (1u << kSlotCount) - 1u;
+// The Come bets that a total decides: the two on it, or all on a 7.
+constexpr std::array<std::uint32_t, 13> kComeBetsOfTotal = [] {
+  std::array<std::uint32_t, 13> bets{};
+  for (int slot = 0; slot < kSlotCount; ++slot) {
+    bets[static_cast<std::size_t>(NumberOfSlot(slot))] =
+        ComeBit(kComePoint + slot) | ComeBit(kComeOdds + slot);
+  }
+  bets[7] = kAllComeBets;
+  return bets;
+}();
 
 void Count(DecisionTally& tally, std::uint32_t serial) {
   ++tally.count;
@@ -78,23 +88,12 @@ void SelectWorkingSet(Game& game) {
 
 void CountComeBets(Game& game, int total) {
   PhantomLedger& ledger = game.Ledger;
-  const BetSet& working = game.BetState.Working();
-  const std::uint32_t serial = game.RollSerial;
-  const auto decided = [&](int family, std::uint16_t flags) {
-    const std::uint32_t standing = game.AllowPutBets ? kAllSlots : flags;
-    return standing & working.Slice(family, kSlotCount);
-  };
-  const std::uint32_t come = decided(kComePoint, ledger.come_on);
-  const std::uint32_t odds = decided(kComeOdds, ledger.come_odds_on);
-  if (total != 7) {
-    const auto slot = static_cast<std::size_t>(SlotOfNumber(total));
-    if ((come >> slot & 1) != 0) Count(ledger.come[0][slot][1], serial);
-    if ((odds >> slot & 1) != 0) Count(ledger.come[1][slot][1], serial);
-    return;
-  }
-  for (std::size_t slot = 0; slot < kSlotCount; ++slot) {
-    if ((come >> slot & 1) != 0) Count(ledger.come[0][slot][0], serial);
-    if ((odds >> slot & 1) != 0) Count(ledger.come[1][slot][0], serial);
+  const std::uint32_t standing = game.AllowPutBets ? kAllComeBets : ledger.come_on;
+  std::uint32_t decided = standing & kComeBetsOfTotal[static_cast<std::size_t>(total)] &
+                          game.BetState.Working().Slice(kComePoint, kComeBets);
+  const bool won = total != 7;
+  for (; decided != 0; decided &= decided - 1) {
+    Count(ledger.come[static_cast<std::size_t>(std::countr_zero(decided))][won], game.RollSerial);
   }
 }
 
@@ -189,8 +188,8 @@ void SettleComeAndLine(Settlement& settlement, const PhantomLedger& ledger) {
       settlement.Add(judgement, bet, -mode, tallies[0]);
       settlement.Add(judgement, bet, mode, tallies[1]);
     };
-    add(ledger.come[0][s], kComePoint + slot, kWins);
-    add(ledger.come[1][s], kComeOdds + slot, kOddsWin);
+    add(ledger.come[s], kComePoint + slot, kWins);
+    add(ledger.come[s + kSlotCount], kComeOdds + slot, kOddsWin);
     add(ledger.pass_line[s], kPassLine, kWins);
     add(ledger.pass_odds[s], kPassOdds, kOddsWin);
   }
@@ -217,48 +216,41 @@ bool IsComeFlagCell(ResultKind kind, int series, int bet, int row) {
 
 void BeginRollResults(Game& game) {
   ++game.RollSerial;
-  game.DecidedLastRoll.ForEach([&](int bet) { ForgetLastRoll(game, kActual, bet); });
-  game.DecidedLastRoll.Clear();
+  if (!game.DecidedLastRoll.Empty()) {
+    game.DecidedLastRoll.ForEach([&](int bet) { ForgetLastRoll(game, kActual, bet); });
+    game.DecidedLastRoll.Clear();
+  }
   if (!game.PhantomLastRoll.Empty()) {
     game.PhantomLastRoll.ForEach([&](int bet) { ForgetLastRoll(game, kPhantom, bet); });
     game.PhantomLastRoll.Clear();
   }
 
-  PhantomLedger& ledger = game.Ledger;
-  if (game.DiceTotal == 7) {
-    ledger.come_on = 0;
-    ledger.come_odds_on = 0;
-    return;
-  }
-  const std::uint16_t bit = SlotBit(SlotOfNumber(game.DiceTotal));
-  for (std::uint16_t* flags : {&ledger.come_on, &ledger.come_odds_on}) {
-    *flags = static_cast<std::uint16_t>(game.PrevPoint > 0 ? *flags | bit : *flags & ~bit);
-  }
+  // The bets that the last roll decided are gone; with a point on, others have come to its number.
+  const std::uint32_t decided = kComeBetsOfTotal[static_cast<std::size_t>(game.DiceTotal)];
+  const bool travelled = game.DiceTotal != 7 && game.PrevPoint > 0;
+  std::uint32_t& come_on = game.Ledger.come_on;
+  come_on = travelled ? come_on | decided : come_on & ~decided;
 }
 
 void RecordPhantomDecisions(Game& game) {
-  const int pair = PairOfDice(game.Die1, game.Die2);
-  const int total = TotalOf(pair);
   SelectWorkingSet(game);
   PhantomLedger& ledger = game.Ledger;
-  Count(ledger.rolls[static_cast<std::size_t>(ledger.current_set)][static_cast<std::size_t>(pair)],
-        game.RollSerial);
-  ledger.any = true;
+  const auto pair = static_cast<std::size_t>(PairOfDice(game.Die1, game.Die2));
+  Count(ledger.rolls[static_cast<std::size_t>(ledger.current_set)][pair], game.RollSerial);
+  const int total = game.Die1 + game.Die2;
   CountComeBets(game, total);
   CountLine(game, total);
 }
 
 void SettlePhantoms(Game& game) {
   PhantomLedger& ledger = game.Ledger;
-  if (!ledger.any) return;
+  if (ledger.set_count == 0) return;
   Settlement settlement(game);
   SettleByDice(settlement, ledger);
   SettleComeAndLine(settlement, ledger);
-  const std::uint16_t come_on = ledger.come_on;
-  const std::uint16_t come_odds_on = ledger.come_odds_on;
+  const std::uint32_t come_on = ledger.come_on;
   ledger = PhantomLedger();
   ledger.come_on = come_on;
-  ledger.come_odds_on = come_odds_on;
 }
 
 void RecordBetResult(Game& game, int bet, MoneyAmount amount, MoneyAmount result) {
@@ -288,8 +280,7 @@ void RecordBetResult(Game& game, int bet, MoneyAmount amount, MoneyAmount result
 MoneyAmount ResultCell(Game& game, ResultKind kind, int series, int bet, int row) {
   if (series == kPhantom) SettlePhantoms(game);
   if (IsComeFlagCell(kind, series, bet, row)) {
-    const int slot = (bet - kComePoint) % kSlotCount;
-    return MoneyAmount((ComeFlags(game.Ledger, bet) & SlotBit(slot)) != 0 ? 1 : 0);
+    return MoneyAmount((game.Ledger.come_on & ComeBit(bet)) != 0 ? 1 : 0);
   }
   return RowsOf(TableOf(game, kind), series, bet)[static_cast<std::size_t>(row)];
 }
@@ -297,9 +288,8 @@ MoneyAmount ResultCell(Game& game, ResultKind kind, int series, int bet, int row
 void SetResultCell(Game& game, ResultKind kind, int series, int bet, int row, MoneyAmount value) {
   if (series == kPhantom) SettlePhantoms(game);
   if (IsComeFlagCell(kind, series, bet, row)) {
-    std::uint16_t& flags = ComeFlags(game.Ledger, bet);
-    const std::uint16_t bit = SlotBit((bet - kComePoint) % kSlotCount);
-    flags = static_cast<std::uint16_t>(value.Raw() != 0 ? flags | bit : flags & ~bit);
+    std::uint32_t& come_on = game.Ledger.come_on;
+    come_on = value.Raw() != 0 ? come_on | ComeBit(bet) : come_on & ~ComeBit(bet);
     return;
   }
   RowsOf(TableOf(game, kind), series, bet)[static_cast<std::size_t>(row)] = value;

@@ -1,5 +1,6 @@
 #include "stats/roll_statistics.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "stats/roll_events.h"
@@ -22,25 +23,19 @@ void Grow(std::int32_t& counter, std::int32_t by = 1) {
                                       static_cast<std::uint32_t>(by));
 }
 
-void HitRollCategory(Game& game, int category) {
+void HitRollCategory(Game& game, int category, std::uint32_t clock) {
   RollEvent& event = Event(game, category);
+  const std::uint32_t gap = clock - event.hit;
   Grow(event.count);
-  Grow(event.script_count);
+  event.hit_before = event.hit;
+  event.hit = clock;
   auto& gaps = game.RollGapTable[static_cast<std::size_t>(category)];
-  const std::uint32_t gap = game.RollClock - event.hit;
   if (gap <= kGapLimit) [[likely]] {
     Grow(gaps[gap]);
   } else {
     Grow(gaps[kGapLimit]);
     Grow(gaps[0], static_cast<std::int32_t>(gap));
   }
-  event.hit = game.RollClock;
-  event.script_hit = game.RollClock;
-}
-
-void SeeScriptCounters(RollEvent& event) {
-  event.script_count_seen = event.script_count;
-  event.script_hit_seen = event.script_hit;
 }
 
 std::int32_t& Counter(Game& game, GameCounter counter) {
@@ -87,20 +82,76 @@ std::int32_t WeightOfEvent(const Game& game, int category) {
   return sum;
 }
 
+// --- The counters of scripts -------------------------------------------------------------------
+//
+// They follow the counters of the events as far as no script has reset them. Categories 0 and 1 are
+// no events of the dice: they count every roll, and their "rolls since" are plain numbers.
+
+constexpr int kLastPlainCategory = 1;
+
+ScriptEvent& ScriptPart(Game& game, int category) {
+  return game.ScriptEvents[static_cast<std::size_t>(category)];
+}
+const ScriptEvent& ScriptPart(const Game& game, int category) {
+  return game.ScriptEvents[static_cast<std::size_t>(category)];
+}
+
+std::int32_t Less(std::int32_t a, std::int32_t b) {
+  return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) - static_cast<std::uint32_t>(b));
+}
+
+std::int32_t CountFollowed(const Game& game, int category) {
+  return category == 1 ? static_cast<std::int32_t>(game.RollClock) : Event(game, category).count;
+}
+
+bool HitByThisRoll(const Game& game, int category) {
+  if (game.RollClock == game.RollClockAtStart) return false;
+  if (category <= kLastPlainCategory) return true;
+  if (game.LastCountedRoll < 0) return false;
+  const PairEvents& events = kPairEvents[static_cast<std::size_t>(game.LastCountedRoll)];
+  const auto* const end = events.event.begin() + events.count;
+  return std::find(events.event.begin(), end, category) != end;
+}
+
+// The clock at the last hit, when the event had counted so many and was last hit at that time.
+std::uint32_t HitForScript(const Game& game, int category, std::int32_t count, std::uint32_t hit) {
+  const ScriptEvent& script = ScriptPart(game, category);
+  return category <= kLastPlainCategory || count == script.mark_count ? script.mark : hit;
+}
+std::uint32_t ScriptHit(const Game& game, int category) {
+  return HitForScript(game, category, CountFollowed(game, category), Event(game, category).hit);
+}
+std::uint32_t ScriptHitSeen(const Game& game, int category) {
+  if (game.ScriptResets.Has(category)) return ScriptPart(game, category).hit_seen;
+  if (!HitByThisRoll(game, category)) return ScriptHit(game, category);
+  return HitForScript(game, category, Less(CountFollowed(game, category), 1),
+                      Event(game, category).hit_before);
+}
+
+std::uint32_t ClockOf(const Game& game, int category) {
+  return category == 0 ? 0 : game.RollClock;
+}
+std::uint32_t ClockAtStartOf(const Game& game, int category) {
+  return category == 0 ? 0 : game.RollClockAtStart;
+}
+
+// The counters of a script no longer follow what they have followed so far; one of them is to
+// change.
+ScriptEvent& HoldScriptCounters(Game& game, int category) {
+  ScriptEvent& script = ScriptPart(game, category);
+  script.count_seen = ScriptRollCountsSeen(game, category);
+  script.hit_seen = ScriptHitSeen(game, category);
+  script.mark = ScriptHit(game, category);
+  script.mark_count = CountFollowed(game, category);
+  game.ScriptResets.Add(category);
+  return script;
+}
+
 }  // namespace
 
 void BeginRollStatistics(Game& game) {
   game.RollClockAtStart = game.RollClock;
-  SeeScriptCounters(Event(game, 0));
-  SeeScriptCounters(Event(game, 1));
-  if (game.LastCountedRoll >= 0) {
-    const PairEvents& last = kPairEvents[static_cast<std::size_t>(game.LastCountedRoll)];
-    for (std::size_t i = 0; i < last.count; ++i) SeeScriptCounters(Event(game, last.event[i]));
-  }
-  if (!game.ScriptResets.Empty()) {
-    game.ScriptResets.ForEach([&](int category) { SeeScriptCounters(Event(game, category)); });
-    game.ScriptResets.Clear();
-  }
+  game.ScriptResets.Clear();
 }
 
 void RecordRollStatistics(Game& game) {
@@ -113,13 +164,11 @@ void RecordRollStatistics(Game& game) {
   Grow(Event(game, 0).count);
   Grow(Counter(game, kRollsThisHand));
   if (game.PrevPoint == 0) Grow(Counter(game, kComeOutRolls));
-  Grow(Event(game, 0).script_count);
-  Grow(Event(game, 1).script_count);
-  ++game.RollClock;
+  const std::uint32_t clock = ++game.RollClock;
 
   const int pair = PairOfDice(game.Die1, game.Die2);
   const PairEvents& events = kPairEvents[static_cast<std::size_t>(pair)];
-  for (std::size_t i = 0; i < events.count; ++i) HitRollCategory(game, events.event[i]);
+  for (std::size_t i = 0; i < events.count; ++i) HitRollCategory(game, events.event[i], clock);
   game.LastCountedRoll = pair;
 }
 
@@ -153,17 +202,10 @@ void HandMissed(Game& game) {
 }
 
 void ResetScriptCounters(Game& game, int category) {
-  RollEvent& event = Event(game, category);
-  event.script_count = 0;
-  event.script_count_seen = 0;
+  SetScriptRollCounts(game, category, 0);
+  SetScriptRollCountsSeen(game, category, 0);
   SetScriptRollsSince(game, category, 0);
   SetScriptRollsSinceSeen(game, category, 0);
-}
-
-// Category 0 has no "rolls since" that runs: its cells are plain numbers.
-
-std::int32_t RollCounts(const Game& game, int category) {
-  return Event(game, category).count;
 }
 
 std::int32_t RollsSinceLast(const Game& game, int category) {
@@ -172,55 +214,56 @@ std::int32_t RollsSinceLast(const Game& game, int category) {
 }
 
 std::int32_t ScriptRollCounts(const Game& game, int category) {
-  return Event(game, category).script_count;
+  return Less(CountFollowed(game, category), ScriptPart(game, category).count_base);
 }
 
 std::int32_t ScriptRollCountsSeen(const Game& game, int category) {
-  return Event(game, category).script_count_seen;
+  if (game.ScriptResets.Has(category)) return ScriptPart(game, category).count_seen;
+  return Less(ScriptRollCounts(game, category), HitByThisRoll(game, category) ? 1 : 0);
 }
 
 std::int32_t ScriptRollsSince(const Game& game, int category) {
-  const std::uint32_t clock = category == 0 ? 0 : game.RollClock;
-  return static_cast<std::int32_t>(clock - Event(game, category).script_hit);
+  return static_cast<std::int32_t>(ClockOf(game, category) - ScriptHit(game, category));
 }
 
 std::int32_t ScriptRollsSinceSeen(const Game& game, int category) {
-  const std::uint32_t clock = category == 0 ? 0 : game.RollClockAtStart;
-  return static_cast<std::int32_t>(clock - Event(game, category).script_hit_seen);
+  return static_cast<std::int32_t>(ClockAtStartOf(game, category) - ScriptHitSeen(game, category));
 }
 
 void SetRollCounts(Game& game, int category, std::int32_t value) {
+  ScriptEvent& script = HoldScriptCounters(game, category);
+  const std::int32_t before = CountFollowed(game, category);
   Event(game, category).count = value;
+  const std::int32_t rise = Less(CountFollowed(game, category), before);
+  Grow(script.count_base, rise);
+  Grow(script.mark_count, rise);
 }
 
 void SetRollsSinceLast(Game& game, int category, std::int32_t value) {
   if (category == 0) {
     game.RollsSeenByScript = value;
-  } else {
-    Event(game, category).hit = game.RollClock - static_cast<std::uint32_t>(value);
+    return;
   }
+  HoldScriptCounters(game, category);
+  Event(game, category).hit = game.RollClock - static_cast<std::uint32_t>(value);
 }
 
 void SetScriptRollCounts(Game& game, int category, std::int32_t value) {
-  Event(game, category).script_count = value;
-  game.ScriptResets.Add(category);
+  HoldScriptCounters(game, category).count_base = Less(CountFollowed(game, category), value);
 }
 
 void SetScriptRollCountsSeen(Game& game, int category, std::int32_t value) {
-  Event(game, category).script_count_seen = value;
-  game.ScriptResets.Add(category);
+  HoldScriptCounters(game, category).count_seen = value;
 }
 
 void SetScriptRollsSince(Game& game, int category, std::int32_t value) {
-  const std::uint32_t clock = category == 0 ? 0 : game.RollClock;
-  Event(game, category).script_hit = clock - static_cast<std::uint32_t>(value);
-  game.ScriptResets.Add(category);
+  HoldScriptCounters(game, category).mark =
+      ClockOf(game, category) - static_cast<std::uint32_t>(value);
 }
 
 void SetScriptRollsSinceSeen(Game& game, int category, std::int32_t value) {
-  const std::uint32_t clock = category == 0 ? 0 : game.RollClockAtStart;
-  Event(game, category).script_hit_seen = clock - static_cast<std::uint32_t>(value);
-  game.ScriptResets.Add(category);
+  HoldScriptCounters(game, category).hit_seen =
+      ClockAtStartOf(game, category) - static_cast<std::uint32_t>(value);
 }
 
 float ProbablePercent(const Game& game, int category, bool skewed) {

@@ -22,6 +22,7 @@ struct MessageRequest {
   std::int32_t options = 0;
   std::int32_t help = 0;
   std::string_view input_default;
+  std::string_view input2_default;
   std::int32_t input_length = 0;  // longest text of a field, 0 for no limit of its own
 };
 struct MessageReply {
@@ -82,8 +83,10 @@ enum TableChange : std::uint32_t {
   kChangedDice = 8,
   kChangedBanner = 16,
   kChangedPrompt = 32,
-  kChangedStatus = 64,
-  kChangedAll = 127,
+  kChangedStatus = 64,  // the status lines
+  kChangedEntryBox = 128,
+  kChangedTool = 256,  // the selected tool
+  kChangedAll = 511,
 };
 
 // The only road from the logic to the machine. In Hyper-Drive the logic calls no more of it than
@@ -117,7 +120,8 @@ class Surface {
   // The name as typed or chosen, with or without a folder; empty when the player gave up.
   virtual std::string AskFile(const FileRequest& request) = 0;
 
-  // Plays a wave file; waits for its end if asked to. An empty name stops what plays.
+  // Plays a wave file; waits for its end if asked to. Calls of the stick person (.stk) are heard
+  // one after the other, other sounds at once. An empty name stops what plays.
   virtual void PlaySound(std::string_view file, bool wait) = 0;
   virtual int Volume() = 0;  // 0 to 100
   virtual void SetVolume(int volume) = 0;

@@ -214,23 +214,9 @@ Pixel CallMarkPlace(int bet) {
 Pixel NumberPlace(int bet) {
   int lower = -6;
   if (IsComePoint(bet)) lower -= 3;
-  if (IsComeOdds(bet)) lower += 7;
+  if (IsComeOdds(bet)) lower -= 7;  // above those of its Come bet
   if (IsHopBet(bet)) lower += 8;
   return Offset(PlaceOfBet(bet), -10, lower);
-}
-
-int PileOfStack(const Game& game, int stack) {
-  for (int pile = 1; pile <= kPileCount; ++pile) {
-    if (game.StackSlots[static_cast<std::size_t>(pile)] == stack) return pile;
-  }
-  return 0;
-}
-
-std::optional<Pixel> PlaceOf(const Game& game, int slot) {
-  if (IsLayoutBet(slot)) return PlaceOfBet(slot);
-  const int pile = PileOfStack(game, slot);
-  if (pile == 0) return std::nullopt;
-  return kPilePlace[static_cast<std::size_t>(pile)];
 }
 
 bool HiddenByPanel(const Game& game, int bet) {

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <array>
-#include <optional>
 #include <span>
 
+#include "engine/chip_list.h"
 #include "game/bet_places.h"
 #include "game/bets.h"
 #include "game/game.h"
@@ -150,7 +150,7 @@ inline constexpr Box kSelectedToolBox = {44, 409, 68, 433};
 
 // ---- What lies on the layout ------------------------------------------------------------------
 
-// A chip is drawn with its middle at its place; a stack leans to the right by 3 pixels a chip.
+// A chip is drawn with its middle at its place in ChipList (engine/chip_list.h).
 inline constexpr int kChipSize = 22;
 
 // Marks are discs; the pixel is the upper left corner of the disc.
@@ -197,11 +197,6 @@ inline constexpr int kStatusLetters = 11;
 inline constexpr int kStackLabelWidth = 292;  // a Chip-Stack's label is cut to this
 
 // ---- What stands where in a game --------------------------------------------------------------
-
-// The pile, 1 to 4, that shows a Chip-Stack; 0 when none does.
-int PileOfStack(const Game& game, int stack);
-// Where the chips of a bet or a Chip-Stack lie; nothing for a Chip-Stack that is not on the table.
-std::optional<Pixel> PlaceOf(const Game& game, int slot);
 
 // Whether the panel on show hides a bet: the hard ways and props, or World, Over, Under and Hops.
 bool HiddenByPanel(const Game& game, int bet);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "autobet/message.h"
 #include "base/number_format.h"
 #include "stats/bankroll_history.h"
 #include "stats/roll_statistics.h"
@@ -179,13 +180,59 @@ BankrollGraph PaintBankrollGraph(Game& game) {
 
 std::optional<GraphColumn> ExtendGraph(Game& game) {
   const int last = RollsOnPage(game);
-  if (last <= 1) return {};
+  if (last == 0) return {};
   const GraphColumn column = ColumnAt(game, last);
   if (game.GraphAdjustType > 0 && !IsOnGraph(column.line.y2)) {
     DrawGraph(game, true);
     return {};
   }
+  if (last == 1) return {};  // the page before is still on the screen
   return column;
+}
+
+void StepGraph(Game& game, GraphStep step) {
+  if (step == GraphStep::kUp || step == GraphStep::kDown) {
+    const MoneyAmount line = game.GraphScale.Times(kGridStep);
+    game.GraphTop += step == GraphStep::kUp ? line : -line;
+    DrawGraph(game, false);
+    return;
+  }
+  game.GraphScale = game.GraphManualScale =
+      NextGraphScale(game.GraphScale, step == GraphStep::kLarger);
+  DrawGraph(game, true);
+}
+
+void SetGraphAdjustType(Game& game, std::int32_t type) {
+  game.GraphAdjustType = type;
+  DrawGraph(game, type > 0);
+}
+
+void ShowGraphAverage(Game& game, bool on) {
+  SettleAverages(game);
+  game.GraphShowAverage = on;
+  if (on) {
+    RebuildAverages(game);
+  } else {
+    RescanGraphRange(game);
+  }
+  DrawGraph(game, false);
+}
+
+bool AskGraphAverage(Game& game) {
+  game.MsgInputDefault = std::to_string(game.GraphAverageRolls);
+  game.MsgAnswer = kAnswerCancel;  // what an unanswered question leaves behind
+  Tell(game, "Set Bankroll Moving Average",
+       "Enter the number of rolls (max 525) that you'd like to include in the bankroll moving "
+       "average (a value of 0 will display an average of all rolls since the beginning of the "
+       "game):",
+       kButtonOk | kButtonCancel | kOneInput);
+  if (game.MsgAnswer != kAnswerOk) return false;
+  SettleAverages(game);
+  game.GraphAverageRolls = static_cast<std::int32_t>(
+      std::clamp(game.BetRequest, MoneyAmount(), MoneyAmount(kGraphRolls)).RoundWhole());
+  if (game.GraphShowAverage) RebuildAverages(game);
+  DrawGraph(game, false);
+  return true;
 }
 
 void MoveReferenceLine(Game& game, int line, int x, bool on_average, bool both_lines) {

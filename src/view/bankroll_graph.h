@@ -85,6 +85,15 @@ int GraphHeightOf(const Game& game, MoneyAmount amount);
 // both_lines the other line goes along, and follows the other of the two.
 void MoveReferenceLine(Game& game, int line, int x, bool on_average, bool both_lines);
 
+// The four buttons of the scale: the top moves by a line of the scale, or the scale itself changes,
+// which the automatic scales come back to.
+enum class GraphStep { kUp, kDown, kLarger, kSmaller };
+void StepGraph(Game& game, GraphStep step);
+void SetGraphAdjustType(Game& game, std::int32_t type);
+void ShowGraphAverage(Game& game, bool on);
+// Asks how many rolls the moving average takes in. False when the player gave up.
+bool AskGraphAverage(Game& game);
+
 // "120 roll moving average".
 std::string AverageCaption(const Game& game);
 

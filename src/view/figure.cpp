@@ -1,5 +1,7 @@
 #include "view/figure.h"
 
+#include <array>
+
 #include "base/number_format.h"
 #include "stats/roll_statistics.h"
 
@@ -36,10 +38,8 @@ MoneyAmount SimulatedHours(const Game& game) {
 }
 
 int PaletteColor(Tone tone) {
-  constexpr int kBlack = 0;
-  constexpr int kBrightBlue = 9;
-  constexpr int kBrightRed = 12;
-  return tone == Tone::kWin ? kBrightBlue : tone == Tone::kLoss ? kBrightRed : kBlack;
+  constexpr std::array<int, 4> kColors = {0, 9, 12, 1};  // by Tone
+  return kColors[static_cast<std::size_t>(tone)];
 }
 
 }  // namespace feltmaster

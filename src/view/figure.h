@@ -10,8 +10,9 @@
 
 namespace feltmaster {
 
-// How a value is coloured: black, blue for what is won, red for what is lost.
-enum class Tone { kNeutral, kWin, kLoss };
+// How a value is coloured: black, blue for what is won, red for what is lost; dark blue for what
+// the house is given.
+enum class Tone { kNeutral, kWin, kLoss, kVig };
 
 // A captioned value of a screen. A heading has no text.
 struct Figure {
@@ -40,7 +41,8 @@ std::string StandardText(double value);
 // The time that the rolls of the game stand for; 0 while no rate is set.
 MoneyAmount SimulatedHours(const Game& game);
 
-// Marked as bad by 12 (bright red) and as good by 9 (bright blue) of the 16-colour palette.
+// Of the 16-colour palette: 12 (bright red) for a loss, 9 (bright blue) for a win, 1 (blue) for the
+// house's vig.
 int PaletteColor(Tone tone);
 
 }  // namespace feltmaster

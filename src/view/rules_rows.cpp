@@ -6,7 +6,6 @@
 #include "base/number_format.h"
 #include "config/advantage.h"
 #include "config/payoffs.h"
-#include "view/state_record.h"
 
 namespace feltmaster {
 
@@ -39,22 +38,6 @@ std::string ClockText(double hours) {
   seconds -= minutes * 60;
   return FormatNumber(whole_hours, "0") + ':' + FormatNumber(minutes, "00") + ':' +
          FormatNumber(seconds, "00.0#");
-}
-
-std::string ValueText(const StateValue& value) {
-  struct Text {
-    std::string operator()(bool on) const { return on ? "true" : "false"; }
-    std::string operator()(std::int64_t number) const { return std::to_string(number); }
-    std::string operator()(MoneyAmount amount) const { return PlainNumber(amount); }
-    std::string operator()(double number) const {
-      std::string text = FormatNumber(number, "0.######");
-      if (text.ends_with('.')) text.pop_back();
-      return text;
-    }
-    std::string operator()(const std::string& text) const { return text; }
-    std::string operator()(const ScriptFlag& flag) const { return flag.FlagName; }
-  };
-  return std::visit(Text(), value);
 }
 
 }  // namespace
@@ -100,23 +83,6 @@ Rows AdvantageRows(const Game& game) {
       row.push_back(rate == 0 ? "0.00" : ClockText(rolls / rate));
     }
     rows.push_back(row);
-  }
-  return rows;
-}
-
-Rows SettingRows(Game& game) {
-  Rows rows;
-  for (const StateName& entry : StateRecord()) {
-    if (!entry.setting) continue;
-    if (entry.rank == 0) {
-      rows.push_back({std::string(entry.name), ValueText(entry.read(game, {}))});
-      continue;
-    }
-    const StateBounds bounds = BoundsOf(game, entry, 0);
-    for (int i = bounds.first; i <= bounds.last; ++i) {
-      rows.push_back({std::string(entry.name) + '(' + std::to_string(i) + ')',
-                      ValueText(entry.read(game, {i}))});
-    }
   }
   return rows;
 }

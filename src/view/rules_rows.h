@@ -13,7 +13,4 @@ Rows PayoffRows(const Game& game);
 // that the screen is set to show. Row n is bet n.
 Rows AdvantageRows(const Game& game);
 
-// Every setting by its name; of a table a row for each element.
-Rows SettingRows(Game& game);
-
 }  // namespace feltmaster

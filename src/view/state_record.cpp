@@ -7,6 +7,8 @@
 #include "autobet/script_lines.h"
 #include "base/text.h"
 #include "engine/amounts.h"
+#include "engine/chip_list.h"
+#include "engine/entry_box.h"
 #include "stats/bankroll_history.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
@@ -294,6 +296,18 @@ constexpr StateName ChipTable() {
   return entry;
 }
 
+// Where a bet or a Chip-Stack of the table stands on the picture; 0 for other slots.
+template <int Pixel::*kCoordinate>
+constexpr StateName PlaceOnTable(std::string_view name) {
+  return Custom(
+      name, StateType::kReal, 1, {{{0, kAmountSlots - 1}}},
+      [](Game& game, const StateIndex& index) -> StateValue {
+        const Pixel place = PlaceOf(game, index[0]).value_or(Pixel());
+        return static_cast<double>(place.*kCoordinate);
+      },
+      nullptr);
+}
+
 std::string BetNameOf(const Game& game, int slot) {
   if (slot > kFirstStack) {
     return game.StackPileName[static_cast<std::size_t>(slot - kFirstStack)];
@@ -345,7 +359,7 @@ const StateName
                 },
                 [](Game& game, const StateIndex& index, const StateValue& value) {
                   game.BetAmountAtRollStart[static_cast<std::size_t>(index[0])] = Money(value);
-                  game.BetAmount.ChangedSinceStart().Add(index[0]);
+                  game.BetAmount.MarkForRollStart(index[0]);
                   return true;
                 }),
             Custom(
@@ -401,6 +415,8 @@ const StateName
                   return true;
                 }),
             ChipTable(),
+            PlaceOnTable<&Pixel::x>("BetX"),
+            PlaceOnTable<&Pixel::y>("BetY"),
             BOUNDED(Die1, 1, 6),
             BOUNDED(Die2, 1, 6),
             BOUNDED(DiceTotal, 2, 12),
@@ -426,6 +442,15 @@ const StateName
             NAME(PutBetAllowedNow),
             NAME(CallBetMode),
             NAME(DragAmount),
+            NAME(HitBet),
+            BOUNDED(EntryBoxBet, 1, kLastStack),
+            Custom(
+                "EntryBoxText", kText, 0, {},
+                [](Game& game, const StateIndex&) { return Wrap(TextInEntryBox(game)); }, nullptr),
+            BOUNDED(LastStackBet, kFirstStack, kLastStack),
+            BOUNDED(LastPanelBet, kPassLine, kBetCount),
+            BOUNDED(LastGridColumn, 0, kSlotCount),
+            BOUNDED(LastGridRow, kLay, kBig6),
             NAME(RollInProgress),
             NAME(KeepRolling),
             NAME(HyperDriveActive),
@@ -757,6 +782,14 @@ const StateName
             NAME(AppPath),
             NAME(GameFileName),
             NAME(GamesLogFile),
+            NAME(GamesCount),
+            NAME(GamesIncludedCount),
+            NAME(GamesBreakLow),
+            NAME(GamesBreakHigh),
+            BOUNDED(GamesBarWidth, 1, 105),
+            BOUNDED(GamesTopLine, 1, kAnyHigh),
+            ROW(GamesPointers, 0, 1),
+            BOUNDED(GamesMeanColumn, 0, kHistogramColumns - 1),
             NAME(FileDialogPath),
             NAME(FileDialogName),
             NAME(FileStatus),

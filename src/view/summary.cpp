@@ -1,5 +1,7 @@
 #include "view/summary.h"
 
+#include <algorithm>
+
 #include "base/number_format.h"
 #include "config/comps.h"
 #include "stats/bet_results.h"
@@ -16,6 +18,11 @@ std::string WholeOr(MoneyAmount value, std::string_view picture) {
 
 MoneyAmount PerCount(MoneyAmount sum, MoneyAmount count) {
   return count.Raw() <= 0 ? MoneyAmount() : Quotient(sum, count);
+}
+
+// A casino takes nothing from a player who is ahead.
+MoneyAmount GivenBack(const Comps& comps) {
+  return std::max(comps.CompValue, MoneyAmount());
 }
 
 std::string AverageOfHands(std::int32_t sum, std::int32_t hands) {
@@ -80,7 +87,7 @@ Figures SummaryFigures(Game& game) {
       {"High:", CountText(game.BankrollHigh), ToneOf(game.BankrollHigh)},
       {"Low:", CountText(game.BankrollLow), ToneOf(game.BankrollLow)},
       {"Average:", CountText(average)},
-      {"Total comp value:", FormatNumber(comps.CompValue, "$#,0.00;0;0")},
+      {"Total comp value:", FormatNumber(GivenBack(comps), "$#,0.00;0;0")},
   };
   AddBetTotals(game, kResultCount, " Total number of:", figures);
   AddBetTotals(game, kResultTotal, " Total $ amount of:", figures);
@@ -94,18 +101,19 @@ Figures CompFigures(Game& game) {
       {"Total # bets", CountText(comps.Count)},
       {"Average comp action $", WholeOr(PerCount(comps.Action, comps.Count), "#,#.##;-#,#.00;0")},
       {"Theoretical house vig $", FormatNumber(-comps.Value, "#,#.00;-#,#.00;0"),
-       ToneOf(-comps.Value)},
+       comps.Value.Raw() > 0 ? Tone::kLoss : Tone::kVig},
       {"Avg. comp action x time $", WholeOr(comps.ActionTime, "#,#.00;-#,#.00;0")},
-      {"Total comp value $", FormatNumber(comps.CompValue, "#,#.00;0;0")},
+      {"Total comp value $", FormatNumber(GivenBack(comps), "#,#.00;0;0")},
       {"Simulated hours", FormatNumber(comps.Hours, "#,#.00;0;0")},
   };
 }
 
 std::vector<std::string> CompBetLines(const Game& game) {
+  const BetSet counted = CompBets(game);
   std::vector<std::string> lines;
   for (int bet = 1; bet <= kBetCount; ++bet) {
     lines.push_back(std::string(kBetName[static_cast<std::size_t>(bet)]) +
-                    (CountsInComps(game, bet) ? " - Yes" : " - No"));
+                    (counted.Has(bet) ? " - Yes" : " - No"));
   }
   return lines;
 }

@@ -3,6 +3,7 @@
 #include "base/number_format.h"
 #include "base/text.h"
 #include "engine/amounts.h"
+#include "view/status_lines.h"
 
 namespace feltmaster {
 
@@ -12,59 +13,13 @@ std::string NameOfLayoutBet(int bet) {
   return std::string(kBetName[static_cast<std::size_t>(bet)]);
 }
 
-// The vig that stands on a Lay or Buy bet.
-MoneyAmount VigOf(const Game& game, int bet) {
-  return IsLay(bet) ? game.LayVigPaid[static_cast<std::size_t>(bet - kLay)]
-                    : game.BuyVigPaid[static_cast<std::size_t>(bet - kBuy)];
-}
-
 }  // namespace
-
-std::string WorkingState(const Game& game, int bet) {
-  switch (game.BetState[bet]) {
-    case kCalledOff:
-      return "(called OFF)";
-    case kNotWorking:
-      return "(not working)";
-    case kCalledOn:
-      return "(called ON)";
-    default:
-      return "(working)";
-  }
-}
-
-Rows StatusRows(const Game& game, int bet) {
-  Rows rows;
-  const MoneyAmount bankroll = game.BetAmount[kBankroll];
-  const MoneyAmount net = bankroll - game.AmountInvested;
-  const std::int64_t sign = net.Raw();
-  rows.push_back({sign > 0   ? "You've won:  "
-                  : sign < 0 ? "You've lost:  "
-                             : "You're even:  ",
-                  FormatMoney(Abs(net))});
-  rows.push_back({"Bankroll:  ", FormatMoney(bankroll)});
-  if (IsChipStack(bet)) {
-    rows.push_back({NameOfBet(game, bet) + ":  ", FormatMoney(game.BetAmount[bet])});
-    rows.push_back({game.ChipStackName[static_cast<std::size_t>(bet - kFirstStack)]});
-    return rows;
-  }
-  if (IsLayoutBet(bet) && game.BetAmount[bet].Raw() != 0) {
-    Row row = {NameOfLayoutBet(bet) + " bet " + WorkingState(game, bet) + ":  ",
-               FormatMoney(game.BetAmount[bet]) + "  "};
-    if (IsLay(bet)) row.insert(row.end(), {"vig: ", FormatMoney(VigOf(game, bet))});
-    if (IsBuy(bet)) row.insert(row.end(), {"vig:  ", FormatMoney(VigOf(game, bet))});
-    rows.push_back(row);
-  }
-  rows.push_back({"Total bets:  ", FormatMoney(game.TotalOnTable),
-                  "  Available:  ", FormatMoney(bankroll - game.TotalOnTable)});
-  return rows;
-}
 
 Rows BetRows(const Game& game) {
   Rows rows;
   (game.BetAmount.Standing() & kLayoutBets).ForEach([&](int bet) {
     Row row = {NameOfLayoutBet(bet), WorkingState(game, bet), FormatMoney(game.BetAmount[bet])};
-    if (IsLay(bet) || IsBuy(bet)) row.push_back(FormatMoney(VigOf(game, bet)));
+    if (IsLay(bet) || IsBuy(bet)) row.push_back(FormatMoney(VigStanding(game, bet)));
     rows.push_back(row);
   });
   return rows;

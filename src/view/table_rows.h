@@ -5,12 +5,6 @@
 
 namespace feltmaster {
 
-// "(called OFF)", "(not working)", "(working)" or "(called ON)".
-std::string WorkingState(const Game& game, int bet);
-
-// The two status lines under the layout. bet is the position under the pointer, 0 for none.
-Rows StatusRows(const Game& game, int bet);
-
 // The bets that stand: name, working state, amount, and the vig of Lay and Buy bets.
 Rows BetRows(const Game& game);
 

@@ -1,6 +1,7 @@
 #include "autobet/script_conversion.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstring>
 #include <filesystem>
@@ -71,7 +72,8 @@ class ScriptConversion : public testing::Test {
   void SetUp() override {
     folder_ = std::filesystem::path(testing::TempDir()) /
               ("script_conversion_" +
-               std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
+               std::string(testing::UnitTest::GetInstance()->current_test_info()->name()) +
+               std::to_string(::getpid()));
     std::filesystem::remove_all(folder_);
     std::filesystem::create_directories(folder_);
     game_.surface = &surface_;

@@ -16,6 +16,7 @@
 #include "engine/roll_cycle.h"
 #include "engine/start_up.h"
 #include "game/game.h"
+#include "stats/roll_statistics.h"
 #include "support/recording_surface.h"
 
 namespace feltmaster {
@@ -127,7 +128,7 @@ class ScriptTable : public ::testing::Test {
     for (int slot = 0; slot < kAmountSlots; ++slot) SetAmountBefore(slot, Amount(slot));
   }
   void SetRolls(int rolls) {
-    game.Events[0].count = rolls;
+    SetRollCounts(game, 0, rolls);
     game.RollsSeenByScript = rolls;
   }
 

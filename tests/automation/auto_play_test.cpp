@@ -27,6 +27,22 @@ TEST_F(AutoPlay, ANewAdjustmentPutsTheTableRight) {
   EXPECT_EQ(game.AutoAdjustBetAmounts, kAdjustManually);
 }
 
+TEST_F(AutoPlay, ButtonsOfAnOptionRow) {
+  std::string seen;
+  for (int i = 0; i < 5; ++i) {
+    seen += HandleOperatorText(game, kAutoLostSame);
+    StepHandleOperator(game, kAutoLostSame);
+  }
+  EXPECT_EQ(seen, "+-x/+");
+  EXPECT_EQ(HandleUnitsText(game, kDialogWonBet), "$");
+  StepHandleUnits(game, kDialogWonBet);
+  EXPECT_EQ(HandleUnitsText(game, kDialogWonBet), "%");
+  game.HandleUnits[kDialogWonBet - kFirstHandleOption] = MoneyAmount(6);
+  EXPECT_EQ(HandleUnitsText(game, kDialogWonBet), "$500 Units");
+  StepHandleUnits(game, kDialogWonBet);
+  EXPECT_EQ(HandleUnitsText(game, kDialogWonBet), "$");
+}
+
 TEST_F(AutoPlay, FullOddsAreOfferedForTheBetsOnTheTable) {
   Bet(kPassLine, 10_usd);
   SetPoint(6);

@@ -8,6 +8,7 @@
 
 #include "config/answering_surface.h"
 #include "config/payoffs.h"
+#include "config/table_colors.h"
 #include "engine/place_bet.h"
 #include "engine/start_up.h"
 #include "stats/bet_results.h"
@@ -310,6 +311,38 @@ TEST(Denominations, AreRestoredUnlessTheAnswerIsNo) {
   RestoreDefaultDenominations(table.game);
   EXPECT_EQ(table.game.BetAmount[kFirstChip], 1_usd);
   EXPECT_EQ(table.surface.dialogs.at(0).title, "Confirm?");
+}
+
+TEST(Payoffs, AreRestoredUnlessTheAnswerIsNo) {
+  Table table;
+  DefaultPayoffs(table.game);
+  const auto house = table.game.PayTable;
+  table.game.PayTable[kHard8].PayNumerator = 8_usd;
+  table.surface.Answer(kAnswerNo);
+  RestoreDefaultPayoffs(table.game);
+  EXPECT_EQ(table.game.PayTable[kHard8].PayNumerator, 8_usd);
+  table.surface.Answer(kAnswerYes);
+  RestoreDefaultPayoffs(table.game);
+  EXPECT_EQ(table.game.PayTable, house);
+  EXPECT_EQ(table.surface.dialogs.at(1).text,
+            "Do you want to restore all payoffs to their original Feltmaster settings?");
+}
+
+TEST(TableColors, AFreshTableIsTheTraditionalGreenOne) {
+  Table table;
+  const Preferences fresh;
+  SetTablePreset(table.game, kTablePresets[5]);
+  EXPECT_EQ(table.game.TableColors[0], 0xBB6700);
+  SetTablePreset(table.game, kTablePresets[1]);
+  EXPECT_EQ(table.game.TextureRow, 6);
+  SetTablePreset(table.game, kTablePresets[0]);
+  EXPECT_EQ(table.game.TableColors, fresh.TableColors);
+  EXPECT_EQ(table.game.TextureRow, fresh.TextureRow);
+  EXPECT_EQ(FeltSampleAt(369, 250), std::nullopt);
+  EXPECT_EQ(FeltSampleAt(370, 250), 0);
+  EXPECT_EQ(FeltSampleAt(426, 289), 4);
+  EXPECT_EQ(FeltSampleAt(538, 310), 8);
+  EXPECT_EQ(FeltSampleAt(539, 310), std::nullopt);
 }
 
 TEST(Configure, WritesAsTheControlsDo) {

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -21,7 +22,8 @@ class ScriptVerb : public testing::Test {
   void SetUp() override {
     folder_ = std::filesystem::path(testing::TempDir()) /
               ("script_verb_" +
-               std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
+               std::string(testing::UnitTest::GetInstance()->current_test_info()->name()) +
+               std::to_string(::getpid()));
     std::filesystem::remove_all(folder_);
     std::filesystem::create_directories(folder_);
   }

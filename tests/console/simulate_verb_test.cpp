@@ -64,7 +64,8 @@ class SimulateVerb : public testing::Test {
  protected:
   SimulateVerb() {
     const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    folder_ = fs::path(testing::TempDir()) / (std::string("simulate_") + test->name());
+    folder_ = fs::path(testing::TempDir()) /
+              (std::string("simulate_") + test->name() + std::to_string(::getpid()));
     fs::remove_all(folder_);
     fs::create_directories(folder_);
     std::ofstream(In("field.txt")) << " Do this . . .\n     Bet $ 5 on Field\n";

@@ -1,6 +1,7 @@
 #include "console/simulation.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
@@ -28,8 +29,8 @@ class ScriptFile {
  public:
   explicit ScriptFile(const std::string& text) {
     const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    path_ =
-        testing::TempDir() + test->name() + std::to_string(std::hash<std::string>()(text)) + ".txt";
+    path_ = testing::TempDir() + test->name() + std::to_string(::getpid()) +
+            std::to_string(std::hash<std::string>()(text)) + ".txt";
     std::ofstream(path_) << text;
   }
   ~ScriptFile() { std::filesystem::remove(path_); }

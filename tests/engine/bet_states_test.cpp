@@ -32,18 +32,27 @@ TEST_F(BetStatesTest, CallsSurviveThePoint) {
 }
 
 TEST_F(BetStatesTest, ARuleForTheComeOutTakesEffectAtOnce) {
-  SetWorkOnComeOut(game, kLay, false);
-  SetWorkOnComeOut(game, kPlace, true);
-  SetWorkOnComeOut(game, kRail, true);
+  const auto mark = [&](int bet, BetMark how) {
+    BetSet selected;
+    selected.Add(bet);
+    MarkWorkOnComeOut(game, selected, how);
+  };
+  mark(kLay, BetMark::kNo);
+  mark(kPlace, BetMark::kToggle);
+  mark(kRail, BetMark::kYes);
+  mark(kPassLine, BetMark::kNo);  // not on the list
+  EXPECT_TRUE(game.WorkOnComeOut.Has(kPassLine));
   EXPECT_EQ(game.BetState[kLay], kNotWorking);
   EXPECT_EQ(game.BetState[kPlace], kWorking);
   game.BetState.Set(kLay + 1, kCalledOn);
-  SetWorkOnComeOut(game, kLay + 1, false);
+  mark(kLay + 1, BetMark::kNo);
   EXPECT_EQ(game.BetState[kLay + 1], kCalledOn) << "a call ON stands above the rule";
   SetPoint(5);
   EXPECT_EQ(game.BetState[kLay], kWorking);
   SetPoint(0);
   EXPECT_EQ(game.BetState[kLay], kNotWorking);
+  mark(kLay, BetMark::kDefault);
+  EXPECT_EQ(game.BetState[kLay], kWorking);
   ResetWorkOnComeOut(game);
   EXPECT_EQ(game.BetState[kLay], kWorking);
   EXPECT_EQ(game.BetState[kPlace], kNotWorking);

@@ -47,85 +47,9 @@ class HandleBetTest : public BetTable {
   }
 
   static constexpr int kPlace6 = kPlace + 4;
-  static constexpr int kPlace5 = kPlace + 3;
   static constexpr int kLay4 = kLay + 2;
   static constexpr int kBuy4 = kBuy + 2;
 };
-
-TEST_F(HandleBetTest, ThePressUnitIsTheLargestChipThatDividesTheBet) {
-  const auto unit = [&](int bet, MoneyAmount amount) {
-    Stand(bet, amount);
-    ComputePressUnit(game, bet);
-    return game.PressUnit;
-  };
-  EXPECT_EQ(unit(kPlace6, 12_usd), 6_usd);
-  EXPECT_EQ(unit(kPlace6, 30_usd), 6_usd);
-  EXPECT_EQ(unit(kPlace6, 60_usd), 30_usd);
-  EXPECT_EQ(unit(kPlace6, 6_usd), 6_usd) << "the bet itself is no press";
-  EXPECT_EQ(unit(kPlace6, 13_usd), 6_usd);
-  EXPECT_EQ(unit(kField, 100_usd), 25_usd);
-  EXPECT_EQ(unit(kField, 200_usd), 100_usd);
-}
-
-TEST_F(HandleBetTest, RulesForWonBets) {
-  Quiet();
-  game.AutoAdjustBetAmounts = kMinorCorrection;
-  game.HandleAmount[kAutoWonSame - kFirstHandleOption] = 2_usd;
-  game.HandleChoiceTag[kAutoWonSame - kFirstHandleOption] = 2;  // x
-  game.HandleAmount[kAutoWonBet - kFirstHandleOption] = 18_usd;
-  const MoneyAmount expected[] = {0_usd, 0_usd, 30_usd, 36_usd, 60_usd, 60_usd, 60_usd, 18_usd};
-  for (std::int32_t rule = 1; rule < kHandleRules; ++rule) {
-    Stand(kPlace6, 30_usd);
-    game.BetState.Set(kPlace6, kWorking);
-    game.HandleWinningBets = rule;
-    Resolve(kPlace6, 5, 1, kWins);  // wins 35
-    EXPECT_EQ(game.BetAmount[kPlace6], expected[rule]) << rule;
-    EXPECT_EQ(game.TotalOnTable, BetsAndVig());
-    game.BetAmount.Set(kBankroll, 1000_usd);
-  }
-  EXPECT_THAT(surface.settles, IsEmpty());
-}
-
-TEST_F(HandleBetTest, RulesForLostBets) {
-  Quiet();
-  game.HandleAmount[kAutoLostSame - kFirstHandleOption] = 5_usd;
-  game.HandleAmount[kAutoLostBet - kFirstHandleOption] = 7_usd;
-  const MoneyAmount expected[] = {0_usd, 0_usd, 0_usd, 20_usd, 25_usd, 40_usd, 25_usd, 7_usd};
-  for (std::int32_t rule = 1; rule < kHandleRules; ++rule) {
-    Stand(kField, 20_usd);
-    game.HandleLosingBets = rule;
-    Resolve(kField, 3, 4, kWins);
-    EXPECT_EQ(game.PayoffNet, -20_usd);
-    EXPECT_EQ(game.BetAmount[kField], expected[rule]) << rule;
-    EXPECT_EQ(game.TotalOnTable, BetsAndVig());
-  }
-}
-
-TEST_F(HandleBetTest, DoublingIsAdjustedAndParlaysNeverGrowBeyondTheWinnings) {
-  Quiet();
-  game.AutoAdjustBetAmounts = kMinorCorrection;
-  game.LayBias = kIncrease;
-  game.DoBias = kIncrease;
-  Stand(kPlace5, 10_usd);  // 7:5
-  game.BetState.Set(kPlace5, kWorking);
-  game.HandleWinningBets = 5;
-  Resolve(kPlace5, 4, 1, kWins);  // wins 14; 24 is adjusted down to 20
-  EXPECT_EQ(game.BetAmount[kPlace5], 20_usd);
-  EXPECT_EQ(game.PlaceBias, kIncrease);
-  EXPECT_EQ(game.LayBias, kIncrease);
-  EXPECT_EQ(game.DoBias, kIncrease);
-
-  Stand(kPlace6, 10_usd);
-  game.BetState.Set(kPlace6, kWorking);
-  game.HandleWinningBets = 4;
-  Resolve(kPlace6, 5, 1, kWins);
-  EXPECT_EQ(game.BetAmount[kPlace6], 24_usd);
-
-  Stand(kHop13, 5_usd);
-  game.HandleWinningBets = 5;
-  Resolve(kHop13, 1, 3, kWins);
-  EXPECT_EQ(game.BetAmount[kHop13], 80_usd);
-}
 
 TEST_F(HandleBetTest, TheBiasesComeBackAfterAParlayThatFails) {
   game.CurrentBet = kPlace6;

@@ -134,7 +134,7 @@ void PlaySession(std::uint64_t seed) {
         IsLayoutBet(command.a)) {
       ExpectWithinMaximum(game, command.a);
     }
-    if (command.verb == Verb::kCompareAll) ExpectSoundCounts(game);
+    if (command.verb == Verb::kSettle) ExpectSoundCounts(game);
     if (::testing::Test::HasFatalFailure()) return;
   }
 }

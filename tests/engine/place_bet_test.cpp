@@ -7,6 +7,7 @@
 
 #include "engine/bet_fixture.h"
 #include "engine/bet_limits.h"
+#include "engine/entry_box.h"
 
 namespace feltmaster {
 namespace {
@@ -34,16 +35,6 @@ class PlaceBetTest : public BetTable {
   }
   void ExpectSilence() { EXPECT_EQ(TakeMessage(), RecordingSurface::Message()); }
 };
-
-TEST_F(PlaceBetTest, RequestsAreRoundedToTheUnit) {
-  SetChips(5_usd, 10_usd, 25_usd, 100_usd, 500_usd);
-  EXPECT_EQ(Bet(kField, 6_usd), 10_usd);
-  EXPECT_EQ(Bet(kField, 6_usd), 10_usd);
-  EXPECT_EQ(Bet(kField, -3_usd), -5_usd);
-  EXPECT_EQ(Bet(kField, -100_usd), -15_usd) << "no more than stands";
-  EXPECT_EQ(game.TotalOnTable, 0_usd);
-  ExpectSilence();
-}
 
 TEST_F(PlaceBetTest, IncreasesThatTheTableRefuses) {
   const auto refused = [&](int bet, const std::string& title, const std::string& text) {
@@ -215,30 +206,6 @@ TEST_F(PlaceBetTest, TheBankrollBoundsTheBetsWhenItMayNotGoNegative) {
   EXPECT_EQ(game.TotalOnTable, 26_usd);
 }
 
-TEST_F(PlaceBetTest, TheBankrollPaysForTheVigToo) {
-  game.AllowNegBankroll = false;
-  game.AutoAdjustBetAmounts = kAdjustManually;
-  SetBankroll(100_usd);
-  EXPECT_EQ(Bet(Buy(4), 100_usd), 95_usd);  // 95 and 5 % of it, rounded to 5
-  EXPECT_EQ(game.TotalOnTable, 100_usd);
-  surface.messages.clear();
-  EXPECT_EQ(Bet(Buy(4), 1_usd), 0_usd);
-  game.BuyVigAllBets = false;
-  game.TotalOnTable = 95_usd;
-  EXPECT_EQ(Bet(Buy(4), 10_usd), 5_usd) << "a vig on winners alone is not paid in advance";
-}
-
-TEST_F(PlaceBetTest, ABankrollShortOfTheStandingBetsTakesThemDownButNotBelowNothing) {
-  game.AllowNegBankroll = false;
-  Stand(kField, 20_usd);
-  Stand(kBig6, 50_usd);
-  SetBankroll(10_usd);
-  EXPECT_EQ(Bet(kField, 5_usd), -20_usd);
-  EXPECT_EQ(game.BetAmount[kField], 0_usd);
-  EXPECT_EQ(Bet(kBig6, 0_usd), -40_usd);
-  EXPECT_EQ(game.TotalOnTable, 10_usd);
-}
-
 TEST_F(PlaceBetTest, HugeRequestsAreAnsweredAtOnce) {
   game.AllowNegBankroll = false;
   game.MaxPlacardBet = MoneyAmount::FromWhole(900'000'000'000);
@@ -332,19 +299,6 @@ TEST_F(PlaceBetTest, ChipStacksHoldAnyAmountWithinTheirLimit) {
   EXPECT_EQ(game.MsgText, "");
 }
 
-TEST_F(PlaceBetTest, ABetPlacedAnewForgetsItsCalls) {
-  Bet(Place(6), 12_usd);
-  EXPECT_EQ(game.BetState[Place(6)], kNotWorking);
-  CallBet(game, Place(6), kCallOn);
-  Bet(Place(6), 6_usd);
-  EXPECT_EQ(game.BetState[Place(6)], kCalledOn);
-  Bet(Place(6), -18_usd);
-  EXPECT_EQ(game.BetState[Place(6)], kNotWorking);
-  SetPoint(5);
-  Bet(Place(8), 12_usd);
-  EXPECT_EQ(game.BetState[Place(8)], kWorking);
-}
-
 TEST_F(PlaceBetTest, ChipsAreHeardAndSeenOutsideHyperDrive) {
   game.ChipSoundList = {"one.chp", "two.chp"};
   game.ChipSoundChoice = 2;
@@ -373,45 +327,6 @@ TEST_F(PlaceBetTest, ChipsAreHeardAndSeenOutsideHyperDrive) {
   Chips(kField, 5_usd);
   EXPECT_EQ(surface.sounds.size(), 1u);
   EXPECT_EQ(surface.change_calls, calls);
-}
-
-TEST_F(PlaceBetTest, OddsFollowTheirFlatBet) {
-  game.AllowPutBets = true;
-  SetPoint(6);
-  Chips(kPassLine, 20_usd);
-  EXPECT_EQ(game.BetAmount[kPassOdds], 0_usd);
-  Chips(kPassOdds, 50_usd);
-  EXPECT_EQ(Chips(kPassLine, -10_usd), -10_usd) << "the change of the flat bet is told";
-  EXPECT_EQ(game.BetAmount[kPassOdds], 25_usd) << "2.5 times what is left";
-  game.AutoTakeFullOdds = true;
-  Chips(kPassLine, 20_usd);
-  EXPECT_EQ(game.BetAmount[kPassOdds], 75_usd);
-  Chips(Come(8), 10_usd);
-  EXPECT_EQ(game.BetAmount[ComeOdds(8)], 25_usd);
-  Chips(Come(8), -10_usd);
-  EXPECT_EQ(game.BetAmount[ComeOdds(8)], 0_usd);
-  ExpectSilence();
-  EXPECT_EQ(game.NotifyFlags, 15);
-  EXPECT_EQ(game.TotalOnTable, BetsAndVig());
-}
-
-TEST_F(PlaceBetTest, FullOddsAreTakenWhereAFlatBetStands) {
-  Bet(kPassLine, 10_usd);
-  TakeAllFullOdds(game);
-  EXPECT_EQ(game.BetAmount[kPassOdds], 0_usd) << "no point yet";
-  SetPoint(4);
-  Stand(Come(9), 15_usd);
-  TakeAllFullOdds(game);
-  EXPECT_EQ(game.BetAmount[kPassOdds], 20_usd);
-  EXPECT_EQ(game.BetAmount[ComeOdds(9)], 30_usd);
-  ExpectSilence();
-  game.AllowNegBankroll = false;
-  SetBankroll(75_usd);
-  TakeFullOdds(game, ComeOdds(9));
-  EXPECT_EQ(game.BetAmount[ComeOdds(9)], 30_usd);
-  SetBankroll(70_usd);
-  TakeFullOdds(game, ComeOdds(9));
-  EXPECT_EQ(game.BetAmount[ComeOdds(9)], 24_usd) << "25 are left, and 3:2 pays on even amounts";
 }
 
 TEST_F(PlaceBetTest, AComeBetTravelsAndAddsUp) {
@@ -446,14 +361,14 @@ TEST_F(PlaceBetTest, AComeBetTravelsAndAddsUp) {
 TEST_F(PlaceBetTest, PlaceBetsCanBeBought) {
   Bet(Place(4), 25_usd);
   CallBet(game, Place(4), kCallOff);
-  game.EntryBoxOpen = true;
-  game.EntryBoxBet = Place(4);
+  game.KeyInBetAmounts = true;
+  MoveEntryBox(game, Place(4));
   BuyPlaceBet(game, Place(4));
   EXPECT_EQ(game.BetAmount[Place(4)], 0_usd);
   EXPECT_EQ(game.BetAmount[Buy(4)], 25_usd);
   EXPECT_EQ(game.BetState[Buy(4)], kCalledOff);
   EXPECT_EQ(game.EntryBoxBet, Buy(4));
-  EXPECT_EQ(game.EntryBoxText, "25");
+  EXPECT_EQ(TextInEntryBox(game), "25");
   ExpectMessage("Buy 4 Bet", "Total \"Vig\" charge: $1", kCharges);
 
   Bet(Place(4), 50_usd);
@@ -507,44 +422,10 @@ TEST_F(PlaceBetTest, BetsAreCalledOnAndOff) {
   ExpectSilence();
 }
 
-TEST_F(PlaceBetTest, RemovingAllLeavesTheContracts) {
-  Bet(kPassLine, 10_usd);
-  SetPoint(6);
-  Stand(Come(4), 5_usd);
-  BeginRoll();
-  Bet(kPassOdds, 20_usd);
-  Bet(Place(8), 12_usd);
-  Bet(Lay(4), 40_usd);
-  Bet(kFirstStack, 7_usd);
-  surface.messages.clear();
-  RemoveAllBets(game);
-  EXPECT_EQ(game.TotalOnTable, 15_usd);
-  EXPECT_EQ(game.BetAmount[kPassLine], 10_usd);
-  EXPECT_EQ(game.BetAmount[Come(4)], 5_usd);
-  EXPECT_EQ(game.BetAmount[kFirstStack], 7_usd);
-  ExpectSilence();
-  EXPECT_EQ(game.NotifyFlags, 15);
-}
-
-TEST_F(PlaceBetTest, AllBetsAreAdjustedToNewRules) {
-  game.AutoAdjustBetAmounts = kAdjustManually;
-  Bet(Place(6), 20_usd);
-  Bet(Place(5), 20_usd);
-  Bet(kField, 700_usd);
-  game.AutoAdjustBetAmounts = kMinorCorrection;
-  game.MaxPlacardBet = 500_usd;
-  AdjustAllBets(game);
-  EXPECT_EQ(game.BetAmount[Place(6)], 24_usd);
-  EXPECT_EQ(game.BetAmount[Place(5)], 20_usd);
-  EXPECT_EQ(game.BetAmount[kField], 500_usd);
-  ExpectSilence();
-}
-
 TEST_F(PlaceBetTest, KeyedInAmountsReplaceTheBet) {
-  game.EntryBoxOpen = true;
   const auto enter = [&](int bet, const std::string& text) {
-    game.EntryBoxBet = bet;
-    game.EntryBoxText = text;
+    MoveEntryBox(game, bet);
+    EditEntryBox(game, text);
     return CommitEnteredBet(game);
   };
   EXPECT_TRUE(enter(Place(6), "12"));
@@ -553,7 +434,7 @@ TEST_F(PlaceBetTest, KeyedInAmountsReplaceTheBet) {
   EXPECT_TRUE(enter(Place(6), "6"));
   EXPECT_EQ(game.BetAmount[Place(6)], 6_usd);
   EXPECT_FALSE(enter(kField, "1,500")) << "cut to the maximum, and said so";
-  EXPECT_EQ(game.EntryBoxText, "1000");
+  EXPECT_EQ(TextInEntryBox(game), "1000");
   EXPECT_EQ(game.BetAmount[kField], 1000_usd);
   surface.messages.clear();
 
@@ -573,24 +454,28 @@ TEST_F(PlaceBetTest, KeyedInAmountsReplaceTheBet) {
   game.NotifyFlags = 0;
   EXPECT_FALSE(enter(kPassLine, "15"));
   EXPECT_EQ(game.BetAmount[kPassLine], 10_usd);
-  EXPECT_EQ(game.EntryBoxText, "10");
+  EXPECT_EQ(TextInEntryBox(game), "10");
   EXPECT_EQ(game.TotalOnTable, BetsAndVig());
 }
 
 TEST_F(PlaceBetTest, BetsAndStacksCanBeDragged) {
+  const auto drag = [this](int from, int to) {
+    LiftForDrag(game, from);
+    DropDragged(game, to);
+  };
   Bet(Place(6), 12_usd);
-  DragBet(game, Place(6), Place(8));
+  drag(Place(6), Place(8));
   EXPECT_EQ(game.BetAmount[Place(6)], 0_usd);
   EXPECT_EQ(game.BetAmount[Place(8)], 12_usd);
-  DragBet(game, Place(8), kFirstStack + 2);
+  drag(Place(8), kFirstStack + 2);
   EXPECT_EQ(game.BetAmount[kFirstStack + 2], 12_usd);
-  DragBet(game, kFirstStack + 2, kRail);
+  drag(kFirstStack + 2, kRail);
   EXPECT_EQ(game.BetAmount[kFirstStack + 2], 0_usd);
   EXPECT_EQ(game.DragAmount, 0_usd);
   Bet(kPassLine, 10_usd);
   SetPoint(6);
   BeginRoll();
-  DragBet(game, kPassLine, kField);
+  drag(kPassLine, kField);
   EXPECT_EQ(game.BetAmount[kPassLine], 10_usd);
   EXPECT_EQ(game.BetAmount[kField], 0_usd) << "a contract cannot be dragged";
   EXPECT_THAT(TakeMessage().text, HasSubstr("once a point has been established."));
@@ -651,65 +536,6 @@ TEST_F(PlaceBetTest, DepositsAreBoundByTheBetsWhenTheBankrollMayNotGoNegative) {
                 "Requested amount:  $800.50\nAllowed amount:  $300" + head +
                     "resulted in a negative current bankroll." + box + ".",
                 kButtonOk);
-}
-
-// Whatever is asked under whatever rules: the table's total is what lies on it, no bet is off the
-// unit, negative or past its limits.
-TEST_F(PlaceBetTest, TheTableAddsUpUnderRandomRulesAndRequests) {
-  std::mt19937 random(20);
-  const auto next = [&](int below) {
-    return static_cast<int>(random() % static_cast<unsigned>(below));
-  };
-  for (int round = 0; round < 60; ++round) {
-    surface.messages.clear();
-    RemoveAllBets(game);
-    for (int bet = 1; bet <= kBetCount; ++bet) LiftBet(game, bet);
-    const MoneyAmount unit = round % 3 == 0 ? 0.25_usd : round % 3 == 1 ? 1_usd : 5_usd;
-    SetChips(unit, unit.Times(5), unit.Times(20), unit.Times(100), unit.Times(400));
-    game.MinPlacardBet = MoneyAmount(1 + next(20));
-    game.MaxPlacardBet = game.MinPlacardBet + MoneyAmount(next(2000));
-    game.MaxOddsBet = MoneyAmount(next(3000));
-    game.OddsCalcMethod = next(6);
-    for (MoneyAmount& odds : game.OddsAllowed) odds = MoneyAmount::FromRaw(5000 * next(12));
-    game.AutoAdjustBetAmounts = next(3);
-    game.LayBias = next(3);
-    game.PlaceBias = next(3);
-    game.DoBias = next(3);
-    game.LayVigAllBets = next(2) == 0;
-    game.BuyVigAllBets = next(2) == 0;
-    game.LayVigRounding = next(3);
-    game.BuyVigRounding = next(3);
-    game.AllowPutBets = next(2) == 0;
-    game.AutoTakeFullOdds = next(2) == 0;
-    game.AllowNegBankroll = next(2) == 0;
-    SetBankroll(MoneyAmount(next(5000)));
-    SetPoint(next(2) == 0 ? 0 : kNumbers[static_cast<std::size_t>(next(10))]);
-    for (int i = 0; i < 200; ++i) {
-      const int bet = 1 + next(kBetCount);
-      const MoneyAmount request =
-          MoneyAmount::FromRaw((next(12'000) - 4000) * 2500LL / (1 + next(20)));
-      const MoneyAmount before = game.BetAmount[bet];
-      if (next(4) == 0 && game.Point != 0 && bet <= kPassOdds) {
-        game.BetRequest = request;
-        PlaceChips(game, bet);
-      } else {
-        Bet(bet, request);
-        const MoneyAmount now = game.BetAmount[bet];
-        ASSERT_EQ(now - before, game.BetChange);
-        if (game.BetChange != 0_usd) {
-          ASSERT_LE(now, std::max(game.MaxBetHere, before));
-          const bool beneath = now > 0_usd && now < game.MinBetHere;
-          ASSERT_TRUE(!beneath || game.MaxBetHere < game.MinBetHere) << PlainNumber(now);
-        }
-      }
-      ASSERT_EQ(game.TotalOnTable, BetsAndVig());
-      ASSERT_TRUE(game.AllowNegBankroll || game.TotalOnTable <= game.BetAmount[kBankroll]);
-    }
-    for (int bet = 1; bet <= kBetCount; ++bet) {
-      ASSERT_GE(game.BetAmount[bet], 0_usd);
-      ASSERT_TRUE(IsMultipleOf(game.BetAmount[bet], unit)) << bet;
-    }
-  }
 }
 
 }  // namespace

@@ -62,9 +62,13 @@ std::string Tables::Do(const Command& command) {
   const bool reference_did = Perform(command, table_);
   if (!game_.LastErrorText.empty()) return "LastErrorText: " + game_.LastErrorText;
   if (engine_did != reference_did) return "only one of the tables did it";
-  std::string difference = CompareTable(command.verb == Verb::kRoll && engine_did);
-  if (difference.empty() && command.verb == Verb::kCompareAll) difference = CompareEverything();
-  return difference;
+  const bool rolled = command.verb == Verb::kRoll && engine_did;
+  std::string difference = CompareTable(rolled);
+  if (!difference.empty()) return difference;
+  if (command.verb == Verb::kSettle) return CompareArrays(game_);
+  if (!rolled) return {};
+  read_ = game_;
+  return CompareArrays(read_);
 }
 
 // What a command or a roll leaves on the layout; cheap enough for every step.
@@ -126,23 +130,23 @@ std::string Tables::CompareTable(bool rolled) {
   return d.Text();
 }
 
-std::string Tables::CompareEverything() {
+std::string Tables::CompareArrays(feltmaster::Game& game) {
   Difference d;
   for (int slot = 0; slot <= 200; ++slot) {
-    d.Compare("BetAmountAtRollStart", slot, game_.BetAmountAtRollStart[At(slot)].Raw(),
+    d.Compare("BetAmountAtRollStart", slot, game.BetAmountAtRollStart[At(slot)].Raw(),
               table_.at_roll_start[At(slot)]);
-    d.Compare("BetAmountAtRollEnd", slot, game_.BetAmountAtRollEnd[At(slot)].Raw(),
+    d.Compare("BetAmountAtRollEnd", slot, game.BetAmountAtRollEnd[At(slot)].Raw(),
               table_.at_roll_end[At(slot)]);
   }
   for (int row = 1; row <= 88; ++row) {
-    const auto& engine = game_.PayTable[At(row)];
+    const auto& engine = game.PayTable[At(row)];
     const auto& reference = table_.pay_table[At(row)];
     d.Compare("PayTable numerator", row, engine.PayNumerator.Raw(), reference.numerator);
     d.Compare("PayTable denominator", row, engine.PayDenominator.Raw(), reference.denominator);
     d.Compare("PayTable is to", row, engine.PayIsTo, reference.is_to);
   }
   for (int row = 1; row <= 21; ++row) {
-    const auto& engine = game_.FieldPayTable[At(row)];
+    const auto& engine = game.FieldPayTable[At(row)];
     const auto& reference = table_.field_pay_table[At(row)];
     d.Compare("FieldPayTable numerator", row, engine.PayNumerator.Raw(), reference.numerator);
     d.Compare("FieldPayTable denominator", row, engine.PayDenominator.Raw(), reference.denominator);
@@ -157,7 +161,7 @@ std::string Tables::CompareEverything() {
     for (int bet = 1; bet <= 88; ++bet) {
       for (int row = 0; row <= 7; ++row) {
         const auto engine = [&](ResultKind kind) {
-          return ResultCell(game_, kind, series, bet, row).Raw();
+          return ResultCell(game, kind, series, bet, row).Raw();
         };
         const auto& results = table_.results;
         d.Compare("BetWagers", series, bet, row, engine(ResultKind::kWagers),
@@ -171,44 +175,44 @@ std::string Tables::CompareEverything() {
   }
   for (int i = 0; i <= 90; ++i) {
     const auto at = At(i);
-    d.Compare("RollCounts", i, feltmaster::RollCounts(game_, i), table_.roll_counts[at]);
-    d.Compare("RollsSinceLast", i, feltmaster::RollsSinceLast(game_, i),
+    d.Compare("RollCounts", i, feltmaster::RollCounts(game, i), table_.roll_counts[at]);
+    d.Compare("RollsSinceLast", i, feltmaster::RollsSinceLast(game, i),
               table_.rolls_since_last[at]);
-    d.Compare("ScriptRollCounts", i, feltmaster::ScriptRollCounts(game_, i),
+    d.Compare("ScriptRollCounts", i, feltmaster::ScriptRollCounts(game, i),
               table_.script_roll_counts[at]);
-    d.Compare("ScriptRollCountsSeen", i, feltmaster::ScriptRollCountsSeen(game_, i),
+    d.Compare("ScriptRollCountsSeen", i, feltmaster::ScriptRollCountsSeen(game, i),
               table_.script_roll_counts_seen[at]);
-    d.Compare("ScriptRollsSince", i, feltmaster::ScriptRollsSince(game_, i),
+    d.Compare("ScriptRollsSince", i, feltmaster::ScriptRollsSince(game, i),
               table_.script_rolls_since[at]);
-    d.Compare("ScriptRollsSinceSeen", i, feltmaster::ScriptRollsSinceSeen(game_, i),
+    d.Compare("ScriptRollsSinceSeen", i, feltmaster::ScriptRollsSinceSeen(game, i),
               table_.script_rolls_since_seen[at]);
-    if (game_.RollGapTable[at] == table_.roll_gap_table[at]) continue;
+    if (game.RollGapTable[at] == table_.roll_gap_table[at]) continue;
     for (int gap = 0; gap <= 200; ++gap) {
-      d.Compare("RollGapTable", i, gap, game_.RollGapTable[at][At(gap)],
+      d.Compare("RollGapTable", i, gap, game.RollGapTable[at][At(gap)],
                 table_.roll_gap_table[at][At(gap)]);
     }
   }
 
   for (int i = 0; i <= 1050; ++i) {
-    d.Compare("BankrollHistory", i, game_.BankrollHistory[At(i)].Raw(),
+    d.Compare("BankrollHistory", i, game.BankrollHistory[At(i)].Raw(),
               table_.bankroll_history[At(i)]);
   }
-  d.Compare("BankrollHistoryCount", game_.BankrollHistoryCount, table_.bankroll_history_count);
+  d.Compare("BankrollHistoryCount", game.BankrollHistoryCount, table_.bankroll_history_count);
   for (int i = 1; i <= 525; ++i) {
-    d.Compare("BankrollAverages", i, feltmaster::BankrollAverage(game_, i).Raw(),
+    d.Compare("BankrollAverages", i, feltmaster::BankrollAverage(game, i).Raw(),
               table_.bankroll_averages[At(i)]);
   }
   for (const auto& [position, count] : {std::pair{0, 0}, {0, 7}, {1, 40}, {300, 525}}) {
     for (const bool current : {false, true}) {
       d.Compare("MovingAverage", current, position, count,
-                feltmaster::MovingAverage(game_, current, position, count).Raw(),
+                feltmaster::MovingAverage(game, current, position, count).Raw(),
                 table_.MovingAverage(current, position, count));
     }
   }
-  d.Compare("GraphHigh", game_.GraphHigh.Raw(), table_.graph_high);
-  d.Compare("GraphLow", game_.GraphLow.Raw(), table_.graph_low);
-  d.Compare("GraphScale", game_.GraphScale.Raw(), table_.graph_scale);
-  d.Compare("GraphTop", game_.GraphTop.Raw(), table_.graph_top);
+  d.Compare("GraphHigh", game.GraphHigh.Raw(), table_.graph_high);
+  d.Compare("GraphLow", game.GraphLow.Raw(), table_.graph_low);
+  d.Compare("GraphScale", game.GraphScale.Raw(), table_.graph_scale);
+  d.Compare("GraphTop", game.GraphTop.Raw(), table_.graph_top);
   return d.Text();
 }
 

@@ -367,7 +367,7 @@ bool PerformSilently(const Command& c, Game& game) {
     case Verb::kDrawGraph:
       feltmaster::DrawGraph(game, c.b != 0);
       break;
-    case Verb::kCompareAll:
+    case Verb::kSettle:
       break;
   }
   return true;
@@ -480,7 +480,7 @@ bool Perform(const Command& c, ReferenceTable& table) {
     case Verb::kDrawGraph:
       table.DrawGraph(c.b != 0);
       break;
-    case Verb::kCompareAll:
+    case Verb::kSettle:
       break;
   }
   return true;

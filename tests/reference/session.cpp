@@ -46,14 +46,14 @@ class Script {
     for (int roll = 0; roll < kind.rolls; ++roll) {
       for (int i = chance_.Below(commands_per_roll * 2 + 1); i > 0; --i) {
         Bet();
-        if (kind.thorough) Add({Verb::kCompareAll});
+        if (kind.settles) Add({Verb::kSettle});
       }
       if (chance_.OneIn(12)) Rule();
       if (chance_.OneIn(150)) Graph();
       Dice(sevens_kept);
-      if (kind.thorough || chance_.OneIn(70)) Add({Verb::kCompareAll});
+      if (kind.settles || chance_.OneIn(70)) Add({Verb::kSettle});
     }
-    Add({Verb::kCompareAll});
+    Add({Verb::kSettle});
   }
 
   std::vector<Command> Commands() && { return std::move(commands_); }
@@ -412,7 +412,7 @@ std::string Describe(const Command& c) {
       return "RebuildAverages";
     case Verb::kDrawGraph:
       return std::string("DrawGraph") + (c.b != 0 ? " rescale" : "");
-    case Verb::kCompareAll:
+    case Verb::kSettle:
       return "compare everything";
   }
   return {};

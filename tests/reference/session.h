@@ -40,8 +40,8 @@ enum class Verb {
   kResetCounters,  // roll event a
   kRescanGraph,
   kRebuildAverages,
-  kDrawGraph,   // b rescale
-  kCompareAll,  // every value of the state record, settling what the engine puts off
+  kDrawGraph,  // b rescale
+  kSettle,     // compares everything, and writes out what the engine puts off
 };
 
 enum class Setting {
@@ -97,24 +97,25 @@ void MakeReady(feltmaster::Game& game, feltmaster::Surface& surface);
 class Tables {
  public:
   Tables();
-  // Does the command on both tables and compares them; the first difference in words, or nothing.
+  // Does the command on both tables and compares them, after a roll in every array of the state
+  // record; the first difference in words, or nothing.
   std::string Do(const Command& command);
 
  private:
   std::string CompareTable(bool rolled);
-  std::string CompareEverything();
+  std::string CompareArrays(feltmaster::Game& game);
 
   feltmaster::NullSurface surface_;
   feltmaster::Game game_;
+  feltmaster::Game read_;  // a copy to read from: reading settles what the engine puts off
   ReferenceTable table_;
 };
 
-// A random session of that many rolls. Where thorough, everything is compared at every step;
-// otherwise seldom, so that what the engine puts off can pile up. Ratios may have denominators with
-// cents where fractions are wanted.
+// A random session of that many rolls. What the engine puts off is settled at every step, or
+// seldom, so that it piles up. Ratios may have denominators with cents where fractions are wanted.
 struct SessionKind {
   int rolls = 1000;
-  bool thorough = false;
+  bool settles = false;
   bool fractions = true;
 };
 std::vector<Command> RandomSession(std::uint64_t seed, const SessionKind& kind);

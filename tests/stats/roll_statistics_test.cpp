@@ -2,11 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <map>
-#include <random>
 #include <set>
-#include <vector>
 
 namespace feltmaster {
 namespace {
@@ -56,75 +52,6 @@ TEST(RollEvents, ProbablePercentFollowsTheWays) {
   EXPECT_FLOAT_EQ(ProbablePercent(game, 73, true), 30.5f);
   EXPECT_FLOAT_EQ(ProbablePercent(game, 13, true), 1.25f);
   EXPECT_FLOAT_EQ(ProbablePercent(game, 83, true), 20.0f);
-}
-
-// A counter that counts up on every roll, as a plain person would keep it.
-struct PlainCounters {
-  std::vector<int> count = std::vector<int>(91), since = count, script_count = count,
-                   script_since = count, seen_count = count, seen_since = count;
-  std::map<std::pair<int, int>, int> gaps;
-
-  void Roll(const std::set<int>& events) {
-    seen_count = script_count;
-    seen_since = script_since;
-    ++count[0];
-    ++script_count[0];
-    ++script_count[1];
-    for (int i = 1; i <= 90; ++i) {
-      ++since[static_cast<std::size_t>(i)];
-      ++script_since[static_cast<std::size_t>(i)];
-    }
-    for (const int event : events) {
-      const auto e = static_cast<std::size_t>(event);
-      ++count[e];
-      ++script_count[e];
-      ++gaps[{event, std::min(since[e], 200)}];
-      if (since[e] > 200) gaps[{event, 0}] += since[e];
-      since[e] = script_since[e] = 0;
-    }
-  }
-};
-
-TEST(RollStatistics, AgreeWithPlainCountingUnderScriptResets) {
-  Game game;
-  PlainCounters plain;
-  std::mt19937 random(7);
-  std::uniform_int_distribution<int> die(1, 6);
-  std::uniform_int_distribution<int> event(0, 90);
-  for (int roll = 0; roll < 3000; ++roll) {
-    // Long droughts of everything but one pair bring gaps beyond the table.
-    const bool drought = roll % 1000 > 400 && roll % 1000 < 700;
-    const int die1 = drought ? 3 : die(random);
-    const int die2 = drought ? 4 : die(random);
-    Count(game, die1, die2);
-    plain.Roll(EventsHit(die1, die2));
-    if (roll % 3 == 0) {
-      const int reset = event(random);
-      const auto r = static_cast<std::size_t>(reset);
-      ResetScriptCounters(game, reset);
-      plain.script_count[r] = plain.script_since[r] = 0;
-      plain.seen_count[r] = plain.seen_since[r] = 0;
-    }
-    for (int i = 0; i <= 90; ++i) {
-      const auto e = static_cast<std::size_t>(i);
-      ASSERT_EQ(RollCounts(game, i), plain.count[e]) << i << " at roll " << roll;
-      ASSERT_EQ(ScriptRollCounts(game, i), plain.script_count[e]) << i << " at roll " << roll;
-      ASSERT_EQ(ScriptRollsSince(game, i), plain.script_since[e]) << i << " at roll " << roll;
-      ASSERT_EQ(ScriptRollCountsSeen(game, i), plain.seen_count[e]) << i << " at roll " << roll;
-      ASSERT_EQ(ScriptRollsSinceSeen(game, i), plain.seen_since[e]) << i << " at roll " << roll;
-      if (i > 0) {
-        ASSERT_EQ(RollsSinceLast(game, i), plain.since[e]) << i << " at roll " << roll;
-      }
-    }
-  }
-  for (int i = 0; i <= 90; ++i) {
-    for (int gap = 0; gap < kGaps; ++gap) {
-      const auto found = plain.gaps.find({i, gap});
-      EXPECT_EQ(game.RollGapTable[static_cast<std::size_t>(i)][static_cast<std::size_t>(gap)],
-                found == plain.gaps.end() ? 0 : found->second)
-          << "event " << i << ", gap " << gap;
-    }
-  }
 }
 
 TEST(RollStatistics, CellsCanBeWrittenAsTheyAre) {

@@ -155,7 +155,7 @@ TEST(Layout, MarksPuckAndFigures) {
   EXPECT_EQ(CallMarkPlace(kPlace), (Pixel{93, 154}));
   EXPECT_EQ(CallMarkPlace(kComeOdds), (Pixel{93, 125}));
   EXPECT_EQ(NumberPlace(kComePoint), (Pixel{94, 131}));
-  EXPECT_EQ(NumberPlace(kComeOdds), (Pixel{94, 132}));
+  EXPECT_EQ(NumberPlace(kComeOdds), (Pixel{94, 118}));
   EXPECT_EQ(NumberPlace(kHop13), (Pixel{514, 140}));
 }
 

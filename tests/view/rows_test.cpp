@@ -9,6 +9,7 @@
 #include "view/bankroll_graph.h"
 #include "view/figure.h"
 #include "view/rules_rows.h"
+#include "view/status_lines.h"
 #include "view/table_rows.h"
 
 namespace feltmaster {

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "game/game.h"
+#include "view/rows.h"
+
+namespace feltmaster {
+
+// The controls of the Configure screen, tab by tab, and those of the Auto-Play screen, with the
+// captions they bear and the values they show.
+
+struct SettingControl {
+  std::string_view caption;
+  std::string_view name;  // of the state record, as "configure" takes it
+  int index = -1;         // of an element of a table
+  // The entries of a list or of a group of options, by value.
+  std::span<const std::string_view> choices = {};
+  // What is shown where it is not simply the value or its choice.
+  std::string (*show)(Game& game) = nullptr;
+};
+
+struct SettingTab {
+  std::string_view caption;
+  std::span<const SettingControl> controls;
+};
+
+// The ten tabs in the order of ConfigureTab, then Auto-Play.
+std::span<const SettingTab> SettingTabs();
+
+// "OddsAllowed(0)": the name under which the value is read and written.
+std::string NameOfSetting(const SettingControl& control);
+std::string ShownSetting(Game& game, const SettingControl& control);
+
+// Every setting: tab, caption, value as shown, name. Of the payoffs only those that are not the
+// house's own.
+Rows SettingRows(Game& game);
+
+// The settings in which a game differs from another: caption, value here, value there, name.
+Rows ChangedSettingRows(Game& game, Game& other);
+
+}  // namespace feltmaster

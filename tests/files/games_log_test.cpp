@@ -1,0 +1,320 @@
+#include "files/games_log.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <memory>
+#include <thread>
+#include <vector>
+
+#include "console/console_program.h"
+#include "engine/start_up.h"
+#include "files/glg_file.h"
+#include "stats/bet_results.h"
+#include "stats/roll_statistics.h"
+#include "support/recording_surface.h"
+
+namespace feltmaster {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace money_literals;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+constexpr std::int64_t kDollar = 10'000;
+
+class GamesLogTest : public testing::Test {
+ protected:
+  GamesLogTest() {
+    fs::remove_all(folder_);
+    fs::create_directories(folder_);
+    game_->surface = &surface_;
+    StartUp(*game_, {.data_dir = Path(""), .seed = 1});
+  }
+  ~GamesLogTest() override { fs::remove_all(folder_); }
+
+  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
+  void HaveRolls(std::int32_t rolls) { game_->Events[0].count = rolls; }
+  // Games whose every amount tells which one it is.
+  static GlgGame NumberedGame(std::int64_t number) {
+    GlgGame game;
+    for (std::size_t i = 0; i < game.size(); ++i) {
+      game[i] = number * kDollar + static_cast<std::int64_t>(i);
+    }
+    return game;
+  }
+  static std::vector<GlgGame> NumberedGames(std::int64_t count) {
+    std::vector<GlgGame> games;
+    for (std::int64_t i = 1; i <= count; ++i) games.push_back(NumberedGame(i));
+    return games;
+  }
+
+  fs::path folder_ = fs::temp_directory_path() / ("games-log-test-" + std::to_string(getpid()));
+  RecordingSurface surface_;
+  std::unique_ptr<Game> game_ = std::make_unique<Game>();
+};
+
+// A file cannot grow beyond so many bytes while it lives: the disk is full.
+class FullDisk {
+ public:
+  explicit FullDisk(std::uint64_t bytes) {
+    old_handler_ = signal(SIGXFSZ, SIG_IGN);
+    getrlimit(RLIMIT_FSIZE, &old_limit_);
+    const rlimit limit = {bytes, old_limit_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FullDisk() {
+    setrlimit(RLIMIT_FSIZE, &old_limit_);
+    signal(SIGXFSZ, old_handler_);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  rlimit old_limit_{};
+  sighandler_t old_handler_;
+};
+
+TEST_F(GamesLogTest, AFinishedGameIsOneRecordByteForByte) {
+  const auto set = [&](ResultKind kind, int bet, int count, MoneyAmount amount) {
+    SetResultCell(*game_, kind, kActual, bet, kResultCount, MoneyAmount(count));
+    SetResultCell(*game_, kind, kActual, bet, kResultTotal, amount);
+  };
+  // Lay 2 and Lay 3 do not count.
+  for (const ResultKind kind : {ResultKind::kWagers, ResultKind::kWins, ResultKind::kLosses}) {
+    set(kind, 1, 100, 1000_usd);
+    set(kind, 2, 100, 1000_usd);
+  }
+  set(ResultKind::kWagers, 3, 7, 300.5_usd);
+  set(ResultKind::kWagers, 88, 4, 20_usd);
+  set(ResultKind::kWins, 3, 5, 90.25_usd);
+  set(ResultKind::kLosses, 88, 6, 100_usd);
+  HaveRolls(1234567);
+  game_->AmountInvested = 1500_usd;
+  game_->BetAmount.Set(kBankroll, -12.3456_usd);
+  for (int stack = 0; stack < 25; ++stack) {
+    game_->BetAmount.Set(kFirstStack + stack, MoneyAmount(stack) - 3_usd);
+  }
+
+  GlgGame expected = {
+      1234567 * kDollar, 11 * kDollar, 5 * kDollar, 6 * kDollar, -1 * kDollar, 3205000, 902500,
+      100 * kDollar,     -97500,       -30421,  // 100 * -9.75 / 320.50 = -3.04212...
+      1500 * kDollar,    -123456};
+  for (std::int64_t stack = 0; stack < 20; ++stack) {
+    expected[static_cast<std::size_t>(12 + stack)] = (stack - 3) * kDollar;
+  }
+  ASSERT_TRUE(LogFinishedGame(*game_));
+  EXPECT_EQ(ReadBytes(Path("default.glg")), GlgBytes({expected}));
+
+  ResetBetResults(*game_);
+  ASSERT_TRUE(LogFinishedGame(*game_));
+  const GlgLog log = ReadGlg(ReadBytes(Path("default.glg")));
+  ASSERT_EQ(log.count, 2);
+  EXPECT_EQ(log.games[0], expected);
+  EXPECT_EQ(log.games[1][9], 0);  // nothing was bet
+
+  HaveRolls(0);
+  EXPECT_FALSE(LogFinishedGame(*game_));
+  EXPECT_EQ(ReadGlg(ReadBytes(Path("default.glg"))).count, 2);
+  EXPECT_THAT(surface_.messages, IsEmpty());
+}
+
+TEST_F(GamesLogTest, ALogThatWasCutShortGoesOnWithItsCompleteGames) {
+  const std::string whole = GlgBytes(NumberedGames(5));
+  const std::string path = Path("cut.glg");
+  for (std::size_t size = 256; size < whole.size(); size += 100) {
+    WriteBytes(path, whole.substr(0, size));
+    const auto complete = static_cast<std::int32_t>(size / 256 - 1);
+    ASSERT_TRUE(OpenGamesLog(*game_, path));
+    GamesLogReader log;
+    ASSERT_FALSE(log.Open(path));
+    ASSERT_EQ(log.Count(), complete) << size;
+    HaveRolls(9);
+    ASSERT_TRUE(LogFinishedGame(*game_));
+    const GlgLog now = ReadGlg(ReadBytes(path));
+    ASSERT_EQ(now.count, complete + 1);
+    ASSERT_EQ(now.games.back()[0], 9 * kDollar);
+    if (complete > 0) {
+      ASSERT_EQ(now.games[0], NumberedGame(1));
+    }
+  }
+  // A game was written and the program ended before its header: it never was.
+  WriteBytes(path, GlgHeader(1) + GlgRecord(NumberedGame(1)) + GlgRecord(NumberedGame(2)));
+  ASSERT_TRUE(UpdateGamesPlayed(*game_, path));
+  const GlgLog log = ReadGlg(ReadBytes(path));
+  EXPECT_EQ(log.count, 2);
+  ASSERT_EQ(log.games.size(), 2u);
+  EXPECT_EQ(log.games[1][0], 9 * kDollar);
+}
+
+TEST_F(GamesLogTest, WhatIsNoLogIsRefusedAndStaysAsItIs) {
+  const std::string in_use = game_->GamesLogFile;
+  const auto with_title = [](const std::string& title) {
+    return title + GlgBytes(NumberedGames(2)).substr(title.size());
+  };
+  const std::vector<std::string> strange = {
+      "",
+      "Feltking",
+      GlgHeader(0).substr(0, 255),
+      GlgHeader(-1) + GlgRecord(NumberedGame(1)),
+      with_title("Feltmaster Games File, Data Format 5.0"),
+      with_title("Feltking Games File, Data Format 5.01"),
+      std::string(5000, '\xff'),
+  };
+  const std::string path = Path("strange.glg");
+  HaveRolls(1);
+  for (const std::string& bytes : strange) {
+    WriteBytes(path, bytes);
+    surface_.messages.clear();
+    EXPECT_FALSE(OpenGamesLog(*game_, path));
+    ASSERT_EQ(surface_.messages.size(), 1u);
+    EXPECT_EQ(surface_.messages[0].title, "Unable to Open Feltmaster Games File");
+    EXPECT_EQ(surface_.messages[0].text,
+              path +
+                  "\nis either from an older version, has been corrupted, or is not a true "
+                  "Feltmaster Games File.");
+    EXPECT_EQ(game_->GamesLogFile, in_use);
+    if (bytes.empty()) continue;
+    EXPECT_FALSE(UpdateGamesPlayed(*game_, path));
+    EXPECT_EQ(surface_.messages.size(), 2u);
+    EXPECT_EQ(ReadBytes(path), bytes);
+  }
+  EXPECT_TRUE((WriteBytes(path, with_title("  Feltking Games File, Data Format 5.0")),
+               OpenGamesLog(*game_, path)));
+  // A count that the file cannot hold costs no memory and reads no further than the file.
+  WriteBytes(path, GlgHeader(2'147'483'647) + GlgRecord(NumberedGame(1)));
+  GamesLogReader log;
+  ASSERT_FALSE(log.Open(path));
+  EXPECT_EQ(log.Count(), 1);
+}
+
+TEST_F(GamesLogTest, AFullDiskIsToldAndTheOldLogIsWhole) {
+  const std::string path = Path("default.glg");
+  const std::string other = Path("other.glg");
+  const std::string bytes = GlgBytes(NumberedGames(3));
+  const std::vector<GlgGame> more = NumberedGames(9);
+  HaveRolls(5);
+  for (const std::uint64_t room : {0u, 100u, 1024u, 1100u, 1279u}) {
+    WriteBytes(path, bytes);
+    WriteBytes(other, GlgBytes(more));
+    surface_.messages.clear();
+    {
+      const FullDisk full(room);
+      EXPECT_FALSE(LogFinishedGame(*game_));
+      EXPECT_TRUE(AppendLog(other, path));
+      if (room < bytes.size()) {
+        EXPECT_TRUE(DeleteFromLog(path, 1, 1));
+      }
+      EXPECT_TRUE(CopyLog(other, path));
+      if (room == 0) {
+        EXPECT_TRUE(MakeEmptyLog(path));
+      }
+    }
+    EXPECT_EQ(ReadBytes(path), bytes) << room;
+    ASSERT_EQ(surface_.messages.size(), 1u);
+    EXPECT_EQ(surface_.messages[0].title, "Games Log");
+    EXPECT_EQ(surface_.messages[0].text,
+              path + "\nFile too large, Error #27 occurred, at: UpdateGamesPlayed");
+    for (const auto& entry : fs::directory_iterator(folder_)) {
+      EXPECT_THAT(entry.path().string(), Not(HasSubstr(".new")));
+    }
+  }
+}
+
+TEST_F(GamesLogTest, CopiesOfTheProgramShareALog) {
+  constexpr int kCopies = 4;
+  constexpr int kGames = 60;
+  const std::string path = Path("shared.glg");
+  std::vector<std::thread> copies;
+  for (int copy = 0; copy < kCopies; ++copy) {
+    copies.emplace_back([&, copy] {
+      for (int i = 0; i < kGames; ++i) {
+        GamesLogAppender log;
+        ASSERT_FALSE(log.Open(path));
+        ASSERT_FALSE(log.Add(GlgRecord(NumberedGame(copy * kGames + i + 1))));
+        ASSERT_FALSE(log.Finish(false));
+        // The file that another copy waits for is replaced by a shorter one.
+        if (copy == 0 && i % 10 == 9) {
+          ASSERT_FALSE(DeleteFromLog(path, 1, 1));
+        }
+      }
+    });
+  }
+  for (std::thread& copy : copies) copy.join();
+  const GlgLog log = ReadGlg(ReadBytes(path));
+  constexpr int kDeleted = kGames / 10;
+  ASSERT_EQ(log.count, kCopies * kGames - kDeleted);
+  std::vector<GlgGame> games(log.games.begin(), log.games.begin() + log.count);
+  std::sort(games.begin(), games.end());
+  EXPECT_EQ(std::unique(games.begin(), games.end()), games.end());
+  for (const GlgGame& game : games) EXPECT_EQ(game, NumberedGame(game[0] / kDollar));
+}
+
+TEST_F(GamesLogTest, DeletedGamesCloseRanksInAFileOfTheSameLength) {
+  const std::string path = Path("five.glg");
+  const std::vector<GlgGame> games = NumberedGames(5);
+  const std::string tail = "what stood behind the games";
+  WriteBytes(path, GlgBytes(games) + tail);
+  ASSERT_FALSE(DeleteFromLog(path, 2, 2));
+  EXPECT_EQ(ReadBytes(path), GlgHeader(4) + GlgRecord(games[0]) + GlgRecord(games[2]) +
+                                 GlgRecord(games[3]) + GlgRecord(games[4]) + GlgRecord(games[4]) +
+                                 tail);
+  EXPECT_TRUE(DeleteFromLog(path, 4, 5));
+  ASSERT_FALSE(DeleteFromLog(path, 1, 4));
+  EXPECT_EQ(ReadGlg(ReadBytes(path)).count, 0);
+  EXPECT_EQ(ReadBytes(path).size(), 6 * 256 + tail.size());
+}
+
+TEST_F(GamesLogTest, TheConsoleLogsTheGamesThatEnd) {
+  const std::string log = Path("console.glg");
+  const auto answers = Play({
+      "log " + log,               // 0
+      "log add",                  // 1: nothing was rolled
+      "new",                      // 2
+      "atm withdraw 100",         // 3
+      "bet \"Field\" 10",         // 4
+      "roll 1 1",                 // 5: pays 2 to 1
+      "answer no",                // 6: nothing is saved
+      "new",                      // 7: logged with one roll
+      "roll 3 4",                 // 8
+      "roll 3 4",                 // 9
+      "log add",                  // 10: logged, and goes on
+      "script add Reset table",   // 11
+      "script run",               // 12: logged again
+      "get RollCounts(0)",        // 13
+      "log add",                  // 14
+      "log " + Path(""),          // 15
+      "log " + Path("no/x.glg"),  // 16
+      "show games",               // 17
+  });
+  ASSERT_EQ(answers.size(), 18u);
+  EXPECT_EQ(answers[0]["value"], 0);
+  EXPECT_EQ(answers[1]["value"], 0);
+  EXPECT_EQ(answers[10]["value"], 2);
+  EXPECT_EQ(answers[13]["value"], 0);
+  EXPECT_EQ(answers[14]["value"], 3);
+  EXPECT_EQ(answers[15]["ok"], false);
+  EXPECT_EQ(answers[16]["ok"], false);
+  const GlgLog bytes = ReadGlg(ReadBytes(log));
+  ASSERT_EQ(bytes.count, 3);
+  EXPECT_EQ(bytes.games[0][0], 1 * kDollar);
+  EXPECT_EQ(bytes.games[0][8], 20 * kDollar);
+  EXPECT_EQ(bytes.games[0][10], 100 * kDollar);
+  EXPECT_EQ(bytes.games[0][11], 120 * kDollar);
+  EXPECT_EQ(bytes.games[1][0], 2 * kDollar);
+  EXPECT_EQ(bytes.games[2], bytes.games[1]);
+  const auto rows = answers[17]["value"];
+  EXPECT_EQ(rows[0], nlohmann::json::parse(R"j(["Games Log (console.glg)"])j"));
+  EXPECT_EQ(rows[1], nlohmann::json::parse(R"j(["# Rolls"])j"));
+  EXPECT_EQ(rows[2], nlohmann::json::parse(R"j(["Won","1","33.33"])j"));
+  EXPECT_EQ(rows[5], nlohmann::json::parse(R"j(["Total","3","100"])j"));
+}
+
+}  // namespace
+}  // namespace feltmaster

@@ -1,0 +1,247 @@
+// Every write path with every call of the system failing: what stands on the disk afterwards is the
+// old file or the new one, whole, and the player hears of it.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "autobet/output_file.h"
+#include "autobet/script_conversion.h"
+#include "autobet/script_file.h"
+#include "dice/probability.h"
+#include "engine/start_up.h"
+#include "files/game_file.h"
+#include "support/failing_calls.h"
+#include "support/recording_surface.h"
+
+namespace feltmaster {
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::AnyOf;
+using ::testing::HasSubstr;
+
+class WriteFaults : public testing::Test {
+ protected:
+  void SetUp() override {
+    folder_ = fs::path(testing::TempDir()) / ("write_faults_" + std::to_string(getpid()));
+    fs::remove_all(folder_);
+    fs::create_directories(folder_ / "data");
+    game_->surface = &surface_;
+    StartUp(*game_, {.data_dir = (folder_ / "data" / "").string(), .seed = 1});
+  }
+  void TearDown() override {
+    game_->ScriptOutput.reset();
+    fs::remove_all(folder_);
+  }
+
+  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
+  static std::string Bytes(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+  void SetLines(std::size_t count) {
+    ScriptLine remark;
+    remark.LineKind = kCommentLine;
+    remark.LineText = remark.LineName = "a remark";
+    SetScript(*game_, std::vector<ScriptLine>(count, remark), {});
+    game_->ScriptUnsaved = true;
+  }
+  int FilesIn(const fs::path& folder) const {
+    return static_cast<int>(std::distance(fs::directory_iterator(folder), {}));
+  }
+
+  // `save` gives whether it was done. `change` makes the next file another one than this.
+  void CheckWholeOrOld(const std::string& name, const std::function<void()>& change,
+                       const std::function<bool(const std::string&)>& save) {
+    const std::string path = Path(name);
+    ASSERT_TRUE(save(path));
+    const std::string old_bytes = Bytes(path);
+    change();
+    ASSERT_TRUE(save(path + ".expected"));
+    const std::string new_bytes = Bytes(path + ".expected");
+    ASSERT_TRUE(old_bytes != new_bytes);
+    const int files = FilesIn(folder_);
+    bool saved = false;
+    const int calls = FailEachCall(
+        [&] {
+          std::ofstream(path, std::ios::binary) << old_bytes;
+          for (const auto& entry : fs::directory_iterator(folder_)) {
+            if (entry.path().string().find(".new") != std::string::npos) fs::remove(entry);
+          }
+          game_->LastErrorText.clear();
+        },
+        [&] { saved = save(path); },
+        [&](const FailedCall& failed) {
+          ASSERT_TRUE(Bytes(path) == (saved ? new_bytes : old_bytes));
+          if (!saved) {
+            EXPECT_THAT(game_->LastErrorText, HasSubstr("No space left on device"));
+          }
+          if (failed.failure == Failure::kOnce && failed.name != "unlink") {
+            EXPECT_EQ(FilesIn(folder_), files) << "Half a file is left behind.";
+          }
+        });
+    EXPECT_GE(calls, 6);  // open, write, fsync, close, rename, the folder
+    EXPECT_TRUE(saved);
+  }
+
+  fs::path folder_;
+  RecordingSurface surface_;
+  std::unique_ptr<Game> game_ = std::make_unique<Game>();
+};
+
+TEST_F(WriteFaults, GameScriptAndProbabilityFiles) {
+  CheckWholeOrOld(
+      "game.crp", [&] { game_->Point = 6; },
+      [&](const std::string& path) { return SaveGame(*game_, path); });
+  SetLines(4);
+  CheckWholeOrOld(
+      "script.bet", [&] { SetLines(2); },
+      [&](const std::string& path) { return SaveScript(*game_, path); });
+  CheckWholeOrOld(
+      "dice.prb", [&] { SetProbabilityCell(*game_, 1, 6, 40'000, true); },
+      [&](const std::string& path) { return SaveProbabilityFile(*game_, path); });
+}
+
+// default.crp takes the script and the dice along in files of their own: each of the three is whole
+// after any failure, and what could not be kept is still known as unsaved.
+TEST_F(WriteFaults, TheDefaultGameAndItsCompanions) {
+  const std::string data = game_->AppPath;
+  std::string old_game, old_dice;
+  const auto prepare = [&] {
+    SetLines(1);
+    DefaultProbabilities(*game_);
+    SetProbabilityCell(*game_, 1, 1, 50'000, true);
+    ASSERT_TRUE(SaveGame(*game_, data + "default.crp"));
+    old_game = Bytes(data + "default.crp");
+    old_dice = Bytes(data + "default.prb");
+    SetLines(2);
+    SetProbabilityCell(*game_, 1, 2, 10'000, true);
+    ASSERT_TRUE(game_->ProbabilityChanged);
+    surface_.messages.clear();
+  };
+  bool saved = false;
+  FailEachCall(
+      prepare, [&] { saved = SaveGame(*game_, data + "default.crp"); },
+      [&](const FailedCall&) {
+        const std::string game = Bytes(data + "default.crp");
+        ASSERT_EQ(game.size(), old_game.size());
+        if (!saved) {
+          ASSERT_TRUE(game == old_game);
+        }
+        ASSERT_EQ(Bytes(data + "default.bet").size(), game_->ScriptUnsaved ? 512u : 768u);
+        ASSERT_EQ(Bytes(data + "default.prb") == old_dice, game_->ProbabilityChanged);
+        const bool all = saved && !game_->ScriptUnsaved && !game_->ProbabilityChanged;
+        EXPECT_EQ(surface_.messages.empty(), all);
+      });
+  EXPECT_TRUE(saved);
+}
+
+TEST_F(WriteFaults, OutputFileOfAScript) {
+  const std::string path = Path("out.txt");
+  const std::string old_text = "one line\n";
+  const std::string added = "and\tanother\n";
+  bool whole = false;
+  FailEachCall(
+      [&] {
+        game_->ScriptOutput.reset();
+        std::ofstream(path) << old_text;
+      },
+      [&] {
+        whole = !OpenScriptOutput(*game_, path, OutputMode::kAppend) &&
+                !WriteScriptOutput(*game_, added) && !CloseScriptOutput(*game_);
+      },
+      [&](const FailedCall& failed) {
+        const std::string text = Bytes(path);
+        if (whole) {
+          ASSERT_EQ(text, old_text + added);
+        } else if (failed.failure == Failure::kOnce) {
+          ASSERT_THAT(text, AnyOf(old_text, old_text + added));
+        } else {
+          ASSERT_TRUE(text.starts_with(old_text));  // nobody is left to take the rest back
+        }
+      });
+  EXPECT_TRUE(whole);
+}
+
+// A line that did not get through for want of room comes with the next.
+TEST_F(WriteFaults, AnOutputFileGoesOnWhenThereIsRoomAgain) {
+  const std::string path = Path("out.txt");
+  FailEachCall(
+      [&] {
+        ASSERT_FALSE(OpenScriptOutput(*game_, path, OutputMode::kClear));
+        ASSERT_FALSE(WriteScriptOutput(*game_, "first\n"));
+      },
+      [&] { FlushScriptOutput(*game_); },
+      [&](const FailedCall& failed) {
+        if (failed.failure == Failure::kForGood) return;
+        ASSERT_FALSE(WriteScriptOutput(*game_, "second\n"));
+        ASSERT_FALSE(CloseScriptOutput(*game_));
+        EXPECT_EQ(Bytes(path), "first\nsecond\n");
+      });
+}
+
+TEST_F(WriteFaults, AConversionOverAnOlderFile) {
+  Record header;
+  header.SetText(0, 128, "Feltking Auto-Bet File");
+  header.SetMoney(216, MoneyAmount(0));
+  header.SetMoney(208, MoneyAmount(5));
+  const std::string source = Path("old.bet");
+  std::ofstream(source, std::ios::binary) << header.Bytes();
+  const std::string target = Path("new.bet");
+  const std::string older(1024, 'o');
+  bool done = false;
+  FailEachCall([&] { std::ofstream(target, std::ios::binary) << older; },
+               [&] {
+                 ConversionCount count;
+                 done = !ConvertScriptFile(source, target, count);
+               },
+               [&](const FailedCall&) {
+                 const std::string bytes = Bytes(target);
+                 ASSERT_EQ(bytes == older, !done);
+                 ASSERT_EQ(bytes.substr(256), older.substr(256));
+               });
+}
+
+// What the player reads.
+TEST_F(WriteFaults, TheReasonIsTold) {
+  struct Case {
+    std::string path;
+    std::string reason;
+  };
+  fs::create_directory(folder_ / "folder.crp");
+  std::ofstream(Path("plain")) << "x";
+  const Case cases[] = {
+      {"/dev/full", "No space left on device"},
+      {Path("folder.crp"), "Is a directory"},
+      {Path("no/such/a.crp"), "No such file or directory"},
+      {Path("plain/a.crp"), "Not a directory"},
+      {Path(std::string(300, 'n')), "File name too long"},
+  };
+  for (const Case& c : cases) {
+    surface_.messages.clear();
+    EXPECT_FALSE(SaveGame(*game_, c.path));
+    ASSERT_EQ(surface_.messages.size(), 1u) << c.path;
+    EXPECT_EQ(surface_.messages[0].title, "Unable to Save Game File");
+    EXPECT_EQ(surface_.messages[0].text, c.path + "\ncould not be saved: " + c.reason + '.');
+  }
+  // A name as long as a name may be is none too long.
+  EXPECT_TRUE(SaveGame(*game_, Path(std::string(251, 'n') + ".crp")));
+
+  game_->ScriptOutputFile = Path("full.txt");
+  ASSERT_FALSE(OpenScriptOutput(*game_, "/dev/full", OutputMode::kAppend));
+  ASSERT_FALSE(WriteScriptOutput(*game_, "lost"));
+  surface_.messages.clear();
+  EndScriptOutput(*game_);
+  ASSERT_EQ(surface_.messages.size(), 1u);
+  EXPECT_EQ(surface_.messages[0].text, "/dev/full\ncould not be saved: No space left on device.");
+}
+
+}  // namespace
+}  // namespace feltmaster
