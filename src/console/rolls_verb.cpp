@@ -230,8 +230,9 @@ int Show(const RollsOptions& options, bool listed) {
   if (census.bad > 0) {
     std::cerr << "feltmaster rolls: " << options.file << " holds "
               << FormatNumber(census.bad, "#,##0")
-              << " bytes that are no dice; playback stops at roll "
-              << FormatNumber(census.first_bad, "#,##0") << ".\n";
+              << (census.bad == 1 ? " byte that is" : " bytes that are")
+              << " no dice; playback stops at roll " << FormatNumber(census.first_bad, "#,##0")
+              << ".\n";
   }
   return Printed(census.bad > 0 ? kFaultTold : kDone);
 }

@@ -62,6 +62,12 @@ PlainFile* FileToEdit(Game& game) {
   return file;
 }
 
+// A file that was written anew is opened again when it is needed.
+std::optional<FileError> WrittenAnew(Game& game, std::optional<FileError> error) {
+  if (!error) game.OpenDiceRolls.reset();
+  return error;
+}
+
 // True when the command is done; otherwise the player is told.
 bool Succeeded(Game& game, const std::optional<FileError>& error) {
   if (error) TellError(game, *error);
@@ -75,10 +81,11 @@ void BringIntoView(Game& game) {
 }
 
 // Before the position; the rolls put in are selected.
-std::optional<FileError> PutIn(Game& game, PlainFile& file, const PlainFile& rolls) {
+std::optional<FileError> PutIn(Game& game, const PlainFile& file, const PlainFile& rolls) {
   const RollRange all = AllRolls(rolls);
   if (all.Count == 0) return std::nullopt;
-  std::optional<FileError> error = ReplaceRolls(file, {game.DiceRollNext, 0}, &rolls, all);
+  std::optional<FileError> error =
+      WrittenAnew(game, ReplaceRolls(file, {game.DiceRollNext, 0}, &rolls, all));
   if (!error) {
     game.DiceRollSelectEnd = static_cast<std::int32_t>(game.DiceRollNext + all.Count - 1);
   }
@@ -128,8 +135,9 @@ bool EnterRoll(Game& game, Dice dice) {
   PlainFile* file = FileToEdit(game);
   if (file == nullptr) return false;
   const bool inserts = game.InsertRolls == kInsert && game.DiceRollNext <= TotalRolls(*file);
-  const std::optional<FileError> error = inserts ? InsertRoll(*file, game.DiceRollNext, dice)
-                                                 : WriteRoll(*file, game.DiceRollNext, dice);
+  const std::optional<FileError> error =
+      inserts ? WrittenAnew(game, InsertRoll(*file, game.DiceRollNext, dice))
+              : WriteRoll(*file, game.DiceRollNext, dice);
   if (!Succeeded(game, error)) return false;
   game.DiceRollSelectEnd = ++game.DiceRollNext;
   if (game.DiceRollNext - game.DiceRollTopLine > game.DiceRollPageLines) {
@@ -196,9 +204,8 @@ bool DeleteRolls(Game& game) {
   PlainFile* file = FileToEdit(game);
   if (file == nullptr) return false;
   const RollRange selected = SelectedRolls(game);
-  if (selected.Count == 0 || !Succeeded(game, ReplaceRolls(*file, selected, nullptr, {}))) {
-    return false;
-  }
+  if (selected.Count == 0) return false;
+  if (!Succeeded(game, WrittenAnew(game, ReplaceRolls(*file, selected, nullptr, {})))) return false;
   KeepInRange(game);
   game.DiceRollSelectEnd = game.DiceRollNext;
   return true;

@@ -20,7 +20,7 @@ std::int64_t PlaceOf(std::int64_t roll) {
 
 // The file anew: the rolls before `replaced`, what `insert` hands on, and the rolls behind.
 std::optional<FileError> Rewrite(
-    PlainFile& file, RollRange replaced, std::int64_t inserted,
+    const PlainFile& file, RollRange replaced, std::int64_t inserted,
     const std::function<std::optional<FileError>(const ByteSink&)>& insert) {
   const std::int64_t total = TotalRolls(file);
   if (total - replaced.Count + inserted > kMaxRolls) return SystemError(EFBIG);
@@ -31,9 +31,7 @@ std::optional<FileError> Rewrite(
   if (!error) error = HandOnRolls(file, {1, replaced.First - 1}, sink);
   if (!error) error = insert(sink);
   if (!error) error = HandOnRolls(file, {replaced.End(), total - replaced.End() + 1}, sink);
-  if (!error) error = draft.PutInPlace();
-  if (!error) error = OpenRolls(file, std::string(file.Path()), PlainFile::WhenMissing::kFails);
-  return error;
+  return error ? error : draft.PutInPlace();
 }
 
 }  // namespace
@@ -110,15 +108,15 @@ std::optional<FileError> CopyRolls(const PlainFile& file, RollRange range,
   return error ? error : draft.PutInPlace();
 }
 
-std::optional<FileError> ReplaceRolls(PlainFile& file, RollRange replaced, const PlainFile* others,
-                                      RollRange inserted) {
+std::optional<FileError> ReplaceRolls(const PlainFile& file, RollRange replaced,
+                                      const PlainFile* others, RollRange inserted) {
   if (others == nullptr) inserted.Count = 0;
   return Rewrite(file, replaced, inserted.Count, [&](const ByteSink& sink) {
     return others == nullptr ? std::nullopt : HandOnRolls(*others, inserted, sink);
   });
 }
 
-std::optional<FileError> InsertRoll(PlainFile& file, std::int64_t before, Dice dice) {
+std::optional<FileError> InsertRoll(const PlainFile& file, std::int64_t before, Dice dice) {
   const char byte = RollByte(dice);
   return Rewrite(file, {before, 0}, 1, [&](const ByteSink& sink) { return sink({&byte, 1}); });
 }

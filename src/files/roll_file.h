@@ -61,11 +61,12 @@ std::optional<FileError> HandOnRolls(const PlainFile& file, RollRange range, con
                                      const WorkProgress& progress = {});
 // Makes a file of these rolls, in the place of an older one.
 std::optional<FileError> CopyRolls(const PlainFile& file, RollRange range, const std::string& path);
-// Writes the file anew, with rolls of `others` in the place of its own rolls `replaced`, and opens
-// it. The old file stays whole when this fails. Without `others` the rolls are taken out.
-std::optional<FileError> ReplaceRolls(PlainFile& file, RollRange replaced, const PlainFile* others,
-                                      RollRange inserted);
+// Writes the file anew, with rolls of `others` in the place of its own rolls `replaced`. The old
+// file stays whole when this fails; when it is done, `file` is no longer the one in place and is to
+// be opened again. Without `others` the rolls are taken out.
+std::optional<FileError> ReplaceRolls(const PlainFile& file, RollRange replaced,
+                                      const PlainFile* others, RollRange inserted);
 // The same with one roll put in before this one.
-std::optional<FileError> InsertRoll(PlainFile& file, std::int64_t before, Dice dice);
+std::optional<FileError> InsertRoll(const PlainFile& file, std::int64_t before, Dice dice);
 
 }  // namespace feltmaster
