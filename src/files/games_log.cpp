@@ -70,7 +70,7 @@ std::optional<LogFault> FaultOf(const std::optional<FileError>& error) {
   if (!error) return std::nullopt;
   return Fault(*error);
 }
-constexpr LogFault kStrange = {true, {}};
+const LogFault kStrange = {true, {}};
 
 std::uint64_t SizeOf(const std::string& path) {
   std::error_code fault;
