@@ -8,6 +8,7 @@ namespace feltmaster {
 // leaves the program's exit code: 0 done, 1 done but with failures that it has told, 2 not started
 // (bad option, unreadable file, output that cannot be written), told in one sentence on standard
 // error.
+void AddDesktopVerb(CLI::App& app, int& exit_code);
 void AddConsoleVerb(CLI::App& app, int& exit_code);
 void AddSimulateVerb(CLI::App& app, int& exit_code);
 void AddBenchVerb(CLI::App& app, int& exit_code);

@@ -79,6 +79,11 @@ constexpr MenuCommand Alone(MenuCommand command) {
   command.interrupts = true;
   return command;
 }
+// It replaces the game, which a chain of rolls must not go on with.
+constexpr MenuCommand AtRest(MenuCommand command) {
+  command.ends_chain = true;
+  return command;
+}
 constexpr MenuCommand NewGroup(MenuCommand command) {
   command.starts_group = true;
   return command;
@@ -102,8 +107,8 @@ constexpr Menu kH = Menu::kHelp;
 using enum WindowCommand;
 
 constexpr auto kMenuTable = std::to_array<MenuCommand>({
-    Alone(Procedural(kG, "mnuNew", "&New", RunAtRest<NewGame>)),
-    Alone(Procedural(kG, "mnuOpen", "&Open ...", RunAtRest<OpenGameCommand>)),
+    AtRest(Alone(Procedural(kG, "mnuNew", "&New", RunAtRest<NewGame>))),
+    AtRest(Alone(Procedural(kG, "mnuOpen", "&Open ...", RunAtRest<OpenGameCommand>))),
     Procedural(kG, "mnuSave", "&Save", Run<SaveGameCommand>),
     Procedural(kG, "mnuSaveAs", "Save &As ...", Run<SaveGameAsCommand>),
     NewGroup(Procedural(kG, "mnuShowPath", "Show &Path", ShowPath)),

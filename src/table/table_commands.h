@@ -52,6 +52,7 @@ struct MenuCommand {
   bool (*checked)(const Game&) = nullptr;       // the entry shows a check while this holds
   bool interrupts = false;                      // not while a script or Hyper-Drive runs
   bool starts_group = false;                    // a rule stands above it
+  bool ends_chain = false;                      // waits until the chain of rolls has ended
 };
 std::span<const MenuCommand> MenuCommands();
 
@@ -59,9 +60,8 @@ std::span<const MenuCommand> MenuCommands();
 void OpenMenu(Game& game, Menu menu);
 
 // Chosen from the menu or by its shortcut: asks what goes before it and carries it out. Gives the
-// window that the front end shows then. A front end in the middle of a roll, which lets events
-// through while the dice tumble, keeps the command until the roll is done; one that was told to end
-// a script or Hyper-Drive keeps it until they have ended.
+// window that the front end shows then. A front end that lets events through in a chain of rolls
+// keeps a command that ends the chain until the last roll is done.
 WindowCommand Choose(Game& game, const MenuCommand& command);
 
 // The Configure screen has closed.

@@ -6,12 +6,12 @@
 namespace feltmaster {
 
 void StartOffscreen() {
-  if (QGuiApplication::instance() != nullptr) return;
+  if (QApplication::instance() != nullptr) return;
   qputenv("QT_QPA_PLATFORM", "offscreen");
   static char name[] = "feltmaster_tests";
   static char* arguments[] = {name, nullptr};
   static int count = 1;
-  static const auto application = std::make_unique<QGuiApplication>(count, arguments);
+  static const auto application = std::make_unique<QApplication>(count, arguments);
 }
 
 double Difference(const QImage& a, const QImage& b) {

@@ -1,0 +1,308 @@
+#include "desktop/desktop_surface.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QEventLoop>
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <limits>
+
+#include "base/calendar.h"
+#include "desktop/file_window.h"
+#include "desktop/message_dialog.h"
+#include "desktop/qt_text.h"
+#include "desktop/settle_dialog.h"
+#include "desktop/step_dialog.h"
+#include "desktop/table_canvas.h"
+#include "engine/entry_box.h"
+#include "engine/sounds.h"
+#include "table/scene.h"
+
+namespace feltmaster {
+
+namespace {
+
+using std::chrono::system_clock;
+
+constexpr int kFrame = 16;           // milliseconds between two pictures of what moves
+constexpr qint64 kEventsEvery = 12;  // milliseconds, in Hyper-Drive without a throttle
+constexpr int kRollsPerLook = 32;    // a look at the clock costs a good part of a roll
+
+// The dice as they are thrown: five throws of a tenth of a second, each from place to place.
+constexpr int kThrows = 5;
+constexpr int kThrowTime = 100;  // milliseconds
+constexpr Pixel kThrowFrom = {35, 50};
+constexpr int kThrowWidth = 405;
+constexpr int kThrowHeight = 320;
+
+constexpr Pixel kShowerFrom = {50, 19};
+constexpr Pixel kShowerTo = {620, 386};
+constexpr int kShowerChips = 1000;
+constexpr int kShowerPerFrame = 10;
+
+}  // namespace
+
+DesktopSurface::DesktopSurface(Game& game, const std::string& data_folder)
+    : game_(game), settings_(data_folder), plain_(std::random_device{}()) {
+  sounds_.SetVolume(settings_.Volume());
+  since_events_.start();
+  since_screens_.start();
+  stale_screens_.setSingleShot(true);
+  QObject::connect(&stale_screens_, &QTimer::timeout, [this] { RefreshScreensNow(); });
+}
+
+DesktopSurface::~DesktopSurface() = default;
+
+void DesktopSurface::SetWindows(QWidget* table, TableCanvas* canvas, Screens* screens) {
+  table_ = table;
+  canvas_ = canvas;
+  screens_ = screens;
+}
+
+// ---- Events and time --------------------------------------------------------------------------
+
+void DesktopSurface::LetEventsThrough() {
+  if (game_.HyperDriveActive && settings_.Unlimited()) {
+    if (++rolls_since_look_ < kRollsPerLook) return;
+    rolls_since_look_ = 0;
+    if (since_events_.elapsed() < kEventsEvery) return;
+  }
+  QApplication::processEvents();
+  since_events_.restart();
+}
+
+void DesktopSurface::Wait(double seconds, const bool& goes_on) {
+  QElapsedTimer waited;
+  waited.start();
+  const auto whole = static_cast<qint64>(seconds * 1000);
+  while (goes_on && waited.elapsed() < whole) {
+    const qint64 left = std::min<qint64>(whole - waited.elapsed(), kFrame);
+    QApplication::processEvents(QEventLoop::AllEvents, static_cast<int>(left));
+    if (waited.elapsed() < whole) {
+      QEventLoop pause;
+      QTimer::singleShot(static_cast<int>(left), &pause, &QEventLoop::quit);
+      pause.exec();
+    }
+  }
+}
+
+// The setting is looked at again and again: the player may push the throttle during a long wait.
+void DesktopSurface::Throttle(int) {
+  QElapsedTimer waited;
+  waited.start();
+  while (!settings_.Unlimited() && game_.KeepRolling) {
+    const qint64 left = (10LL << std::clamp(game_.ThrottleSetting, 0, 10)) - waited.elapsed();
+    if (left <= 0) return;
+    QEventLoop pause;
+    QTimer::singleShot(static_cast<int>(std::min<qint64>(left, kFrame)), Qt::PreciseTimer, &pause,
+                       &QEventLoop::quit);
+    pause.exec();
+  }
+}
+
+std::int32_t DesktopSurface::MillisecondClock() {
+  const auto now = std::chrono::steady_clock::now().time_since_epoch();
+  const auto milliseconds = std::chrono::duration_cast<std::chrono::milliseconds>(now).count();
+  return static_cast<std::int32_t>(static_cast<std::uint32_t>(milliseconds));
+}
+
+double DesktopSurface::SecondsSinceMidnight() {
+  const CalendarTime now = Now();
+  const auto since_epoch = system_clock::now().time_since_epoch();
+  const double fraction = std::fmod(std::chrono::duration<double>(since_epoch).count(), 1.0);
+  return now.hour * 3600 + now.minute * 60 + now.second + fraction;
+}
+
+CalendarTime DesktopSurface::Now() {
+  return LocalCalendar(system_clock::now());
+}
+
+double DesktopSurface::PlainUniform() {
+  return std::uniform_real_distribution<double>(0, 1)(plain_);
+}
+
+// ---- Dialogs ----------------------------------------------------------------------------------
+
+bool DesktopSurface::TableMinimised() {
+  return table_ == nullptr || table_->isMinimized();
+}
+
+QWidget* DesktopSurface::DialogParent() const {
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  if (QWidget* active = QApplication::activeWindow()) return active;
+  return table_;
+}
+
+QWidget* DesktopSurface::ReadyForDialog() {
+  if (canvas_ != nullptr) canvas_->ShowNow();
+  if (stale_screens_.isActive()) RefreshScreensNow();
+  return DialogParent();
+}
+
+MessageReply DesktopSurface::ShowMessage(const MessageRequest& request) {
+  const MessageReply reply = ShowMessageDialog(ReadyForDialog(), game_, request);
+  if (canvas_ != nullptr) canvas_->ClearShower();
+  return reply;
+}
+
+void DesktopSurface::ShowNotice(std::string_view title, std::string_view text) {
+  ShowNoticeWindow(DialogParent(), title, text);
+}
+
+SettleReply DesktopSurface::ShowSettle(const SettleRequest& request) {
+  return ShowSettleDialog(ReadyForDialog(), game_, request);
+}
+
+bool DesktopSurface::ShowStep(const StepRequest& request) {
+  return ShowStepDialog(ReadyForDialog(), game_, request, [this](WindowCommand which) {
+    if (screens_ != nullptr) screens_->Open(which);
+  });
+}
+
+std::string DesktopSurface::AskFile(const FileRequest& request) {
+  return AskFileName(ReadyForDialog(), game_, request);
+}
+
+// ---- Sound ------------------------------------------------------------------------------------
+
+void DesktopSurface::PlaySound(std::string_view file, bool wait) {
+  sounds_.Play(std::string(file), wait);
+}
+
+void DesktopSurface::SetVolume(int volume) {
+  settings_.SetVolume(volume);
+  sounds_.SetVolume(settings_.Volume());
+}
+
+// ---- The picture ------------------------------------------------------------------------------
+
+void DesktopSurface::TableChanged(std::uint32_t what) {
+  if (canvas_ == nullptr) return;
+  canvas_->Change(what);
+  if ((what & kChangedAll) == kChangedAll)
+    table_->setWindowTitle(ToQt(TableTitle(game_, table_->isMinimized())));
+}
+
+void DesktopSurface::ShowBanner(std::string_view text) {
+  if (canvas_ != nullptr) canvas_->SetBanner(std::string(text));
+}
+
+// Presses and keys wait until the dice lie, so that nothing changes the table under a roll.
+void DesktopSurface::AnimateDice() {
+  if (canvas_ == nullptr || TableMinimised()) return;
+  const auto random = [this](int below) { return static_cast<int>(PlainUniform() * below); };
+  const auto box_in_the_way = [this](Pixel die) {
+    if (!EntryBoxOpen(game_)) return false;
+    const std::optional<Pixel> place = PlaceOf(game_, game_.EntryBoxBet);
+    return place && EntryBoxAt(*place).Overlaps({die.x, die.y, die.x + kDieSize, die.y + kDieSize});
+  };
+  const auto throw_to = [&] {
+    Pixel at;
+    do {
+      at = {kThrowFrom.x + random(kThrowWidth), kThrowFrom.y + random(kThrowHeight)};
+    } while (box_in_the_way(at));
+    return at;
+  };
+
+  const bool in_place = game_.DiceAction == kDiceStationary;
+  std::array<DieOnTable, 2> from = DiceAtRest(game_);
+  for (int frame = 1; frame <= kThrows; ++frame) {
+    std::array<Pixel, 2> to = kDiceThrownInPlace;
+    if (!in_place) {
+      to[0] = throw_to();
+      do {
+        to[1] = throw_to();
+      } while (std::abs(to[0].x - to[1].x) < kDieSize && std::abs(to[0].y - to[1].y) < kDieSize);
+    }
+    const bool last = frame == kThrows;
+    const std::array<int, 2> faces = {last ? game_.Die1 : random(6) + 1,
+                                      last ? game_.Die2 : random(6) + 1};
+    std::array<int, 2> turn_by{};
+    for (int& degrees : turn_by) degrees = random(2) == 0 ? 90 : -90;
+    QElapsedTimer thrown;
+    thrown.start();
+    for (double part = 0; part < 1;) {
+      part = std::min(1.0, static_cast<double>(thrown.elapsed()) / kThrowTime);
+      const double bounce = std::sin(part * M_PI) * (1.0 - 0.15 * frame);
+      std::array<DieOnTable, 2> dice;
+      for (std::size_t die = 0; die < dice.size(); ++die) {
+        const auto between = [part](int a, int b) {
+          return a + static_cast<int>(std::lround((b - a) * part));
+        };
+        dice[die].at = {between(from[die].at.x, to[die].x), between(from[die].at.y, to[die].y)};
+        dice[die].face = part < 0.5 && !last ? from[die].face : faces[die];
+        dice[die].turn = part < 1 ? static_cast<int>(turn_by[die] * part) : 0;
+        dice[die].height = part < 1 ? static_cast<int>(100 * bounce) : 0;
+      }
+      canvas_->ThrowDice(dice);
+      QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+      if (part >= 1) {
+        from = dice;
+        break;
+      }
+      QEventLoop pause;
+      QTimer::singleShot(kFrame, Qt::PreciseTimer, &pause, &QEventLoop::quit);
+      pause.exec(QEventLoop::ExcludeUserInputEvents);
+    }
+  }
+  canvas_->DiceLie();
+}
+
+void DesktopSurface::ShowerOfChips() {
+  if (canvas_ == nullptr || TableMinimised()) return;
+  if (!game_.AllSoundOff) sounds_.Loop(SoundFile(game_, "Chips.wav"));
+  const auto between = [this](int low, int high) {
+    return low + static_cast<int>(PlainUniform() * (high - low));
+  };
+  for (int chip = 0; chip < kShowerChips; chip += kShowerPerFrame) {
+    for (int i = 0; i < kShowerPerFrame; ++i) {
+      const Pixel at = {between(kShowerFrom.x, kShowerTo.x), between(kShowerFrom.y, kShowerTo.y)};
+      canvas_->AddShowerChip(at, 1 + between(0, kChipCount));
+    }
+    QEventLoop pause;
+    QTimer::singleShot(kFrame, Qt::PreciseTimer, &pause, &QEventLoop::quit);
+    pause.exec(QEventLoop::ExcludeUserInputEvents);
+  }
+  sounds_.Stop();
+}
+
+// ---- Screens ----------------------------------------------------------------------------------
+
+void DesktopSurface::RefreshOpenScreens() {
+  if (screens_ == nullptr) return;
+  const qint64 since = since_screens_.elapsed();
+  if (since >= kFrame) {
+    RefreshScreensNow();
+  } else if (!stale_screens_.isActive()) {
+    stale_screens_.start(static_cast<int>(kFrame - since));
+  }
+}
+
+void DesktopSurface::RefreshScreensNow() {
+  stale_screens_.stop();
+  if (screens_ != nullptr) screens_->Refresh();
+  since_screens_.restart();
+}
+
+bool DesktopSurface::HasPrinter() {
+  return false;
+}
+
+std::optional<FileError> DesktopSurface::Print(const Document&) {
+  return FileError{0, "There is no printer"};
+}
+
+void DesktopSurface::SetClipboard(std::string_view text) {
+  QApplication::clipboard()->setText(ToQt(text));
+}
+
+std::string DesktopSurface::Clipboard() {
+  return FromQt(QApplication::clipboard()->text());
+}
+
+void DesktopSurface::OpenHelp(std::int32_t) {
+  if (screens_ != nullptr) screens_->Open(WindowCommand::kHelpContents);
+}
+
+}  // namespace feltmaster

@@ -1,0 +1,94 @@
+#include "desktop/screen_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QScreen>
+#include <algorithm>
+
+#include "desktop/screens.h"
+#include "surface/surface.h"
+
+namespace feltmaster {
+
+ScreenWindow::ScreenWindow(Screens& screens, const ScreenTraits& traits)
+    : QMainWindow(screens.Table(), Qt::Window), screens_(screens), traits_(traits) {
+  setObjectName(QString::fromLatin1(traits.object_name));
+  setWindowTitle(QString::fromUtf8(traits.caption));
+  setAttribute(Qt::WA_DeleteOnClose);
+}
+
+Game& ScreenWindow::TheGame() const {
+  return screens_.TheGame();
+}
+
+void ScreenWindow::ShowInPlace() {
+  Refresh();
+  if (!isVisible()) {
+    const ScreenPlacement* kept = traits_.place ? &TheGame().PlacementOf(*traits_.place) : nullptr;
+    const QSize wanted = sizeHint().expandedTo(size());
+    QRect place(screens_.Table()->frameGeometry().topLeft() + QPoint(40, 60), wanted);
+    if (kept != nullptr && kept->width > 0 && kept->height > 0) {
+      place = QRect(kept->left, kept->top, kept->width, kept->height);
+    }
+    setGeometry(OnScreen(place));
+    show();
+    KeepPlace(true);
+  }
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  raise();
+  activateWindow();
+}
+
+void ScreenWindow::KeepPlace(bool open) {
+  if (!traits_.place || !isVisible()) return;
+  ScreenPlacement& kept = TheGame().PlacementOf(*traits_.place);
+  kept.open = open;
+  if (isMinimized() || isMaximized()) return;
+  kept.left = x();
+  kept.top = y();
+  kept.width = width();
+  kept.height = height();
+}
+
+void ScreenWindow::closeEvent(QCloseEvent* event) {
+  if (!MayClose()) {
+    event->ignore();
+    return;
+  }
+  KeepPlace(screens_.Closing());
+  event->accept();
+}
+
+void ScreenWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape) {
+    close();
+  } else if (event->key() == Qt::Key_F1) {
+    TheGame().surface->OpenHelp(HelpTopic());
+  } else {
+    QMainWindow::keyPressEvent(event);
+  }
+}
+
+void ScreenWindow::moveEvent(QMoveEvent* event) {
+  QMainWindow::moveEvent(event);
+  KeepPlace(true);
+}
+
+void ScreenWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  KeepPlace(true);
+}
+
+QRect OnScreen(const QRect& wanted) {
+  const QScreen* screen = QApplication::screenAt(wanted.center());
+  if (screen == nullptr) screen = QApplication::primaryScreen();
+  if (screen == nullptr) return wanted;
+  const QRect room = screen->availableGeometry();
+  QRect place(wanted.topLeft(), wanted.size().boundedTo(room.size()));
+  place.moveLeft(std::clamp(place.left(), room.left(), room.right() - place.width() + 1));
+  place.moveTop(std::clamp(place.top(), room.top(), room.bottom() - place.height() + 1));
+  return place;
+}
+
+}  // namespace feltmaster

@@ -1,0 +1,89 @@
+#include "desktop/screens.h"
+
+#include <QEventLoop>
+#include <array>
+
+namespace feltmaster {
+
+namespace {
+
+struct ScreenKind {
+  WindowCommand command;
+  ScreenWindow* (*make)(Screens&);
+  std::optional<Screen> place;
+  bool modal;
+};
+
+template <typename T>
+constexpr ScreenKind Kind(WindowCommand command, bool modal = false) {
+  return {command, [](Screens& screens) -> ScreenWindow* { return new T(screens); },
+          T::kTraits.place, modal};
+}
+
+// In the order in which they are reopened. A screen is a class over ScreenWindow with its
+// ScreenTraits as kTraits.
+constexpr std::array<ScreenKind, 0> kKinds = {};
+
+const ScreenKind* KindOf(WindowCommand command) {
+  for (const ScreenKind& kind : kKinds) {
+    if (kind.command == command) return &kind;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+Screens::~Screens() {
+  for (auto& [command, window] : open_) delete window;
+}
+
+ScreenWindow* Screens::Find(WindowCommand which) const {
+  const auto found = open_.find(which);
+  return found == open_.end() ? nullptr : found->second.data();
+}
+
+void Screens::Open(WindowCommand which) {
+  if (ScreenWindow* open = Find(which)) {
+    open->ShowInPlace();
+    return;
+  }
+  const ScreenKind* kind = KindOf(which);
+  if (kind == nullptr) return;
+  ScreenWindow* window = kind->make(*this);
+  open_[which] = window;
+  if (!kind->modal) {
+    window->ShowInPlace();
+    return;
+  }
+  window->setWindowModality(Qt::ApplicationModal);
+  QEventLoop until_closed;
+  QObject::connect(window, &QObject::destroyed, &until_closed, &QEventLoop::quit);
+  window->ShowInPlace();
+  until_closed.exec();
+}
+
+void Screens::Close(WindowCommand which) {
+  if (ScreenWindow* open = Find(which)) open->close();
+}
+
+void Screens::Refresh() {
+  for (auto& [command, window] : open_) {
+    if (window && window->isVisible()) window->Refresh();
+  }
+}
+
+void Screens::ReopenKept() {
+  for (const ScreenKind& kind : kKinds) {
+    if (!kind.modal && kind.place && game_.PlacementOf(*kind.place).open) Open(kind.command);
+  }
+}
+
+void Screens::CloseAll() {
+  closing_ = true;
+  for (auto& [command, window] : open_) {
+    if (window) window->close();
+  }
+  closing_ = false;
+}
+
+}  // namespace feltmaster

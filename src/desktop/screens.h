@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QPointer>
+#include <map>
+#include <vector>
+
+#include "desktop/screen_window.h"
+#include "table/table_commands.h"
+
+namespace feltmaster {
+
+// The screens beside the table: what there is, and which are open. Adding a screen is a row of the
+// table in screens.cpp.
+class Screens {
+ public:
+  // The table's window is the parent of all; both must outlive this.
+  Screens(Game& game, QWidget* table) : game_(game), table_(table) {}
+  ~Screens();
+  Screens(const Screens&) = delete;
+  Screens& operator=(const Screens&) = delete;
+
+  Game& TheGame() const { return game_; }
+  QWidget* Table() const { return table_; }
+
+  // Brings up a screen, or to the front if it is open. A modal one has closed when this returns.
+  void Open(WindowCommand which);
+  // Null when it is not open.
+  ScreenWindow* Find(WindowCommand which) const;
+  void Close(WindowCommand which);
+
+  // The open screens show what the models say now.
+  void Refresh();
+
+  // Those that were open when the game was last left.
+  void ReopenKept();
+  // At the end of the program: all close, and are kept as open.
+  void CloseAll();
+  bool Closing() const { return closing_; }
+
+ private:
+  Game& game_;
+  QWidget* table_;
+  std::map<WindowCommand, QPointer<ScreenWindow>> open_;
+  bool closing_ = false;
+};
+
+}  // namespace feltmaster

@@ -1,0 +1,90 @@
+#include "desktop/at_the_table.h"
+
+#include <cstdlib>
+
+#include "desktop/offscreen.h"
+#include "engine/start_up.h"
+
+namespace feltmaster {
+
+AtTheTable::AtTheTable() {
+  StartOffscreen();
+  std::string name = (std::filesystem::temp_directory_path() / "feltmaster-XXXXXX").string();
+  EXPECT_NE(mkdtemp(name.data()), nullptr);
+  folder_ = name;
+  game_ = std::make_unique<Game>();
+  const std::string data_dir = (folder_ / "").string();
+  surface_ = std::make_unique<DesktopSurface>(*game_, data_dir);
+  game_->surface = surface_.get();
+  game_->AllSoundOff = true;
+  game_->SnapMouse = false;
+  StartUp(*game_, {.data_dir = data_dir, .seed = 1});
+  game_->DiceAction = kDiceStationary;
+  window_ = std::make_unique<TableWindow>(*game_, *surface_);
+  window_->resize(kTableWidth, kTableHeight + 40);
+  window_->ShowInPlace();
+  QApplication::processEvents();
+  QObject::connect(&look_, &QTimer::timeout, [this] { LookForDialog(); });
+  look_.start(10);
+}
+
+AtTheTable::~AtTheTable() {
+  look_.stop();
+  window_.reset();
+  std::error_code ignored;
+  std::filesystem::remove_all(folder_, ignored);
+}
+
+void AtTheTable::LookForDialog() {
+  QWidget* dialog = QApplication::activeModalWidget();
+  if (dialog == nullptr || dialog == answered_ || !dialog->isVisible()) {
+    if (dialog == nullptr) answered_ = nullptr;
+    return;
+  }
+  answered_ = dialog;
+  Titles.push_back(dialog->windowTitle().toStdString());
+  if (answers_.empty()) {
+    ADD_FAILURE() << "nobody expected the dialog \"" << Titles.back() << '"';
+    dialog->close();
+    return;
+  }
+  const std::function<void(QWidget&)> answer = std::move(answers_.front());
+  answers_.pop_front();
+  answer(*dialog);
+  // The same window may come up again, for the next question.
+  if (answered_ == dialog) answered_ = nullptr;
+}
+
+void AtTheTable::ExpectPress(const char* button) {
+  Expect([button](QWidget& dialog) {
+    auto* found = Find<QAbstractButton>(dialog, button);
+    if (found != nullptr) found->click();
+    if (dialog.isVisible() && found == nullptr) dialog.close();
+  });
+}
+
+void AtTheTable::Press(Pixel at, Qt::MouseButton button, Qt::KeyboardModifiers held) {
+  TableCanvas& canvas = window_->Canvas();
+  QTest::mouseClick(&canvas, button, held,
+                    canvas.ToWidget(QPointF(at.x + 0.5, at.y + 0.5)).toPoint());
+}
+
+void AtTheTable::Roll(int die1, int die2) {
+  game_->Die1 = die1;
+  game_->Die2 = die2;
+  game_->DiceAlreadySet = true;
+  Press({300, 20}, Qt::RightButton);
+}
+
+void AtTheTable::Type(int key, Qt::KeyboardModifiers held) {
+  QWidget* focus = QApplication::focusWidget();
+  QTest::keyClick(focus != nullptr ? focus : window_.get(), static_cast<Qt::Key>(key), held);
+}
+
+void AtTheTable::Choose(const char* entry) {
+  auto* action = window_->findChild<QAction*>(QString::fromLatin1(entry));
+  ASSERT_NE(action, nullptr) << entry;
+  action->trigger();
+}
+
+}  // namespace feltmaster
