@@ -181,10 +181,8 @@ void TableCanvas::ClearShower() {
 void TableCanvas::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   const QRect place = PictureRect();
-  if (picture_.Scale() != FittingScale() && resized_.isNull() && !settle_.isActive()) {
-    picture_.SetScale(FittingScale());
-    picture_.Update(game_, view_);
-  }
+  // Nothing has been taken yet when the window comes up; what else has changed is painted next.
+  if (resized_.isNull()) update(ToUpdate(picture_.Update(game_, view_)));
   const double ratio = devicePixelRatioF();
   const QRectF in_widget(QPointF(place.topLeft()) / ratio, QSizeF(place.size()) / ratio);
   for (const QRect& rect : event->region()) {
