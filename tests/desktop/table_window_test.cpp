@@ -228,6 +228,26 @@ TEST_F(ThePlayer, IsAskedBeforeHyperDriveIsDisturbed) {
   NothingExpected();
 }
 
+// The game is not taken from under the chain that is told to end.
+TEST_F(ThePlayer, StartsANewGameWhenTheChainHasEnded) {
+  surface_->Settings().SetUnlimited(true);
+  game_->NumAutoRolls = 0;
+  game_->AutoRollsRemaining = 0;
+  ExpectPress("cmdButton1");  // stop
+  bool waited = false;
+  Meanwhile([this, &waited] {
+    Choose("mnuNew");
+    waited = RollCounts(*game_, 0) > 0;
+  });
+  ToggleHyperDrive(*game_);
+  EXPECT_TRUE(waited);
+  ExpectPress("cmdButton2");  // the old game is not saved
+  QTest::qWait(200);
+  EXPECT_THAT(Titles, ElementsAre("Hyper-Drive Active", "Save Game?"));
+  EXPECT_EQ(RollCounts(*game_, 0), 0);
+  NothingExpected();
+}
+
 TEST_F(ThePlayer, PlaysOnMinimisedAndIsToldWhyItStopped) {
   surface_->Settings().SetUnlimited(true);
   game_->AutoRollsRemaining = 5000;
