@@ -1339,7 +1339,8 @@ Reply Save(Console& console, Arguments& args) {
     return Done({}, "The game is saved in " + file + ".\n");
   }
   if (game.LastErrorText.empty()) return Done({}, "The game is not saved.\n");
-  return Refused("FILE " + Quoted(file) + " cannot be written: " + OneLine(game.LastErrorText));
+  // The dialog has told why.
+  return Refused("The game is not saved: FILE " + Quoted(file) + " cannot be written");
 }
 
 Reply PrbOpen(Console& console, Arguments& args) {
@@ -1484,8 +1485,7 @@ Reply GamesReply(const Game& game) {
 Reply LogAdd(Console& console) {
   Game& game = console.Table;
   if (!LogFinishedGame(game) && !console.Surface.Messages.empty()) {
-    return Refused("The Games Log " + Quoted(game.GamesLogFile) +
-                   " cannot be written: " + OneLine(console.Surface.Messages.back().text));
+    return Refused("The game is not logged: " + Quoted(game.GamesLogFile) + " cannot be written");
   }
   return GamesReply(game);
 }
