@@ -4,6 +4,8 @@
 #include <array>
 
 #include "desktop/frm_autobet.h"
+#include "desktop/frm_ryon.h"
+#include "desktop/frm_summary.h"
 
 namespace feltmaster {
 
@@ -26,6 +28,8 @@ constexpr ScreenKind Kind(WindowCommand command, bool modal = false) {
 // ScreenTraits as kTraits.
 constexpr auto kKinds = std::to_array<ScreenKind>({
     Kind<AutoBetScreen>(WindowCommand::kAutoBet, true),
+    Kind<RyonScreen>(WindowCommand::kRollYourOwn),
+    Kind<SummaryScreen>(WindowCommand::kSummary),
 });
 
 const ScreenKind* KindOf(WindowCommand command) {
