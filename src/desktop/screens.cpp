@@ -3,6 +3,7 @@
 #include <QEventLoop>
 #include <array>
 
+#include "desktop/frm_autobet.h"
 #include "desktop/frm_ryon.h"
 #include "desktop/frm_summary.h"
 
@@ -26,6 +27,7 @@ constexpr ScreenKind Kind(WindowCommand command, bool modal = false) {
 // In the order in which they are reopened. A screen is a class over ScreenWindow with its
 // ScreenTraits as kTraits.
 constexpr auto kKinds = std::to_array<ScreenKind>({
+    Kind<AutoBetScreen>(WindowCommand::kAutoBet, true),
     Kind<RyonScreen>(WindowCommand::kRollYourOwn),
     Kind<SummaryScreen>(WindowCommand::kSummary),
 });
