@@ -84,8 +84,8 @@ std::string RunTable(const TableOptions& options) {
 #else
 
 std::string RunTable(const TableOptions&) {
-  return "this program was built without its desktop; with the packages qt6-base-dev and "
-         "qt6-multimedia-dev installed, ./run builds it.";
+  return "this program was built without its desktop; with the packages qt6-base-dev, "
+         "qt6-multimedia-dev and qt6-svg-dev installed, ./run builds it.";
 }
 
 #endif

@@ -6,6 +6,7 @@
 
 #include "config/configure.h"
 #include "desktop/dialog_tools.h"
+#include "desktop/qt_text.h"
 
 namespace feltmaster {
 
@@ -18,7 +19,7 @@ class AmountValidator : public QValidator {
       : QValidator(parent), decimals_(decimals), allow_negative_(allow_negative) {}
 
   State validate(QString& text, int&) const override {
-    const std::string wanted = BytesOf(text);
+    const std::string wanted = FromQt(text);
     FieldKey typed;
     for (const char key : wanted) typed = NumericKeyFilter(typed, key, decimals_, allow_negative_);
     return typed.text == wanted ? Acceptable : Invalid;

@@ -1,16 +1,13 @@
 #include "desktop/dialog_tools.h"
 
-#include <QApplication>
 #include <QCursor>
 #include <QEvent>
-#include <QFile>
 #include <QFontMetricsF>
 #include <QKeyEvent>
 #include <QScreen>
 #include <QTimer>
-#include <algorithm>
 
-#include "base/text.h"
+#include "desktop/screen_window.h"
 #include "surface/surface.h"
 
 namespace feltmaster {
@@ -23,29 +20,6 @@ void MovePointerTo(const QWidget& widget) {
 
 }  // namespace
 
-QString TextOf(std::string_view text) {
-  QString shown;
-  for (;;) {
-    const std::size_t end = std::min(text.find('\n'), text.size());
-    shown += QString::fromStdString(AsUtf8(text.substr(0, end)));
-    if (end == text.size()) return shown;
-    shown += QChar('\n');
-    text.remove_prefix(end + 1);
-  }
-}
-
-std::string BytesOf(const QString& text) {
-  return text.toStdString();
-}
-
-QString NameOf(std::string_view path) {
-  return QFile::decodeName(QByteArray(path.data(), static_cast<qsizetype>(path.size())));
-}
-
-std::string PathOf(const QString& name) {
-  return QFile::encodeName(name).toStdString();
-}
-
 int Letters(const QWidget& widget, double count) {
   return static_cast<int>(QFontMetricsF(widget.font()).averageCharWidth() * count);
 }
@@ -57,30 +31,22 @@ QColor MoneyColor(int sign, const QPalette& palette) {
   return dark ? QColor(0xFF8A80) : QColor(0xC00000);
 }
 
-QWidget* OwnerOf(QWidget* parent) {
-  QWidget* const open = QApplication::activeModalWidget();
-  return open != nullptr ? open : parent;
+QWidget* TableOf(QWidget* opener) {
+  while (opener != nullptr && opener->parentWidget() != nullptr) opener = opener->parentWidget();
+  return opener;
 }
 
-void KeepOnScreen(QWidget& window) {
-  const QRect room = window.screen()->availableGeometry();
-  window.resize(window.size().boundedTo(room.size()));
-  const QPoint last = room.bottomRight() - QPoint(window.width(), window.height()) + QPoint(1, 1);
-  window.move(std::clamp(window.x(), room.left(), std::max(room.left(), last.x())),
-              std::clamp(window.y(), room.top(), std::max(room.top(), last.y())));
+void CentreOverTable(QWidget& window, QWidget* opener) {
+  const QWidget* const table = TableOf(opener);
+  QRect place(QPoint(), window.size());
+  place.moveCenter(table != nullptr ? table->frameGeometry().center()
+                                    : window.screen()->availableGeometry().center());
+  window.setGeometry(OnScreen(place));
 }
 
-void CentreOver(QWidget& window, const QWidget* parent) {
-  const QRect area = parent != nullptr && parent->isVisible()
-                         ? parent->window()->frameGeometry()
-                         : window.screen()->availableGeometry();
-  window.move(area.center() - window.rect().center());
-  KeepOnScreen(window);
-}
-
-GameDialog::GameDialog(QWidget* parent, Game& game, std::string_view name, std::int32_t help)
-    : QDialog(OwnerOf(parent)), game_(game), help_(help) {
-  setObjectName(TextOf(name));
+GameDialog::GameDialog(QWidget* parent, Game& game, const char* name, std::int32_t help)
+    : QDialog(parent), game_(game), help_(help) {
+  setObjectName(name);
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   setWindowFlag(Qt::WindowStaysOnTopHint, game.RollYourOwnNumbers);
 }

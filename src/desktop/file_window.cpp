@@ -18,6 +18,8 @@
 
 #include "base/text.h"
 #include "desktop/dialog_tools.h"
+#include "desktop/qt_text.h"
+#include "desktop/screen_window.h"
 #include "files/file_dialog.h"
 
 namespace feltmaster {
@@ -30,7 +32,7 @@ constexpr QDir::SortFlags kByName = QDir::Name | QDir::IgnoreCase | QDir::Locale
 // The patterns of a list, as "*.log;*.bet". "*.*" is every file, with a point or without.
 QStringList FiltersOf(std::string_view pattern) {
   if (pattern == "*.*") return {"*"};
-  return TextOf(pattern).split(';', Qt::SkipEmptyParts);
+  return ToQt(pattern).split(';', Qt::SkipEmptyParts);
 }
 
 bool IsEnter(const QKeyEvent& key) {
@@ -43,7 +45,7 @@ class FileWindow : public GameDialog {
       : GameDialog(parent, game, "frmFile", FileDialogHelp(request.pattern)),
         caption_(request.caption),
         pattern_(request.pattern) {
-    setWindowTitle(TextOf(request.caption));
+    setWindowTitle(ToQt(request.caption));
     setSizeGripEnabled(true);
     auto* const grid = new QGridLayout(this);
     const int margin = Letters(*this, 2.5);
@@ -62,9 +64,9 @@ class FileWindow : public GameDialog {
 
   std::string Ask() {
     const bool is_ok = exec() == QDialog::Accepted;
-    game_.FileDialogPath = PathOf(folder_.absolutePath());
+    game_.FileDialogPath = FromQt(folder_.absolutePath());
     if (!game_.FileDialogPath.ends_with('/')) game_.FileDialogPath += '/';
-    game_.FileDialogName = Trim(PathOf(name_->text()));
+    game_.FileDialogName = Trim(FromQt(name_->text()));
     ScreenPlacement& place = game_.PlacementOf(kFileScreen);
     place.left = x();
     place.top = y();
@@ -91,7 +93,7 @@ class FileWindow : public GameDialog {
 
  private:
   QDir FirstFolder(std::string_view folder) const {
-    for (const QString& name : {NameOf(folder), NameOf(game_.AppPath)}) {
+    for (const QString& name : {ToQt(folder), ToQt(game_.AppPath)}) {
       if (!name.isEmpty() && QDir(name).exists()) return QDir(name);
     }
     return QDir::home();
@@ -143,13 +145,13 @@ class FileWindow : public GameDialog {
   }
 
   void AddName(QGridLayout& grid, std::string_view start_name) {
-    name_ = new QLineEdit(NameOf(start_name), this);
+    name_ = new QLineEdit(ToQt(start_name), this);
     name_->setObjectName("txtFileName");
     connect(name_, &QLineEdit::textEdited, this, [this](const QString& typed) { ScrollTo(typed); });
     auto* const line = new QHBoxLayout;
     line->addWidget(LabelFor(name_, "File &name:"));
     line->addWidget(name_, 1);
-    line->addWidget(new QLabel(TextOf(pattern_), this));
+    line->addWidget(new QLabel(ToQt(pattern_), this));
     grid.addLayout(line, 3, 0, 1, 2);
     name_->selectAll();
     name_->setFocus();
@@ -174,14 +176,13 @@ class FileWindow : public GameDialog {
   }
 
   // Where it stood the last time.
-  void Place(const QWidget* parent) {
+  void Place(QWidget* parent) {
     const ScreenPlacement& place = game_.PlacementOf(kFileScreen);
     if (place.width > 0 && place.height > 0) {
-      setGeometry(place.left, place.top, place.width, place.height);
-      KeepOnScreen(*this);
+      setGeometry(OnScreen(QRect(place.left, place.top, place.width, place.height)));
     } else {
       resize(Letters(*this, 100), Letters(*this, 62));
-      CentreOver(*this, parent);
+      CentreOverTable(*this, parent);
     }
   }
 
@@ -204,7 +205,7 @@ class FileWindow : public GameDialog {
     do {
       places_->addItem(above.absolutePath());
     } while (!above.isRoot() && above.cdUp());
-    for (const QString& place : {QDir(NameOf(game_.AppPath)).absolutePath(), QDir::homePath()}) {
+    for (const QString& place : {QDir(ToQt(game_.AppPath)).absolutePath(), QDir::homePath()}) {
       if (places_->findText(place) < 0) places_->addItem(place);
     }
   }
@@ -253,7 +254,7 @@ class FileWindow : public GameDialog {
     QTreeWidgetItem* const chosen = files_->currentItem();
     if (chosen == nullptr) return;
     const int row = files_->indexOfTopLevelItem(chosen);
-    if (!DeleteChosenFile(game_, caption_, PathOf(folder_.filePath(chosen->text(0))))) return;
+    if (!DeleteChosenFile(game_, caption_, FromQt(folder_.filePath(chosen->text(0))))) return;
     FillFiles();
     const int last = files_->topLevelItemCount() - 1;
     if (last >= 0) files_->setCurrentItem(files_->topLevelItem(std::min(row, last)));

@@ -1,8 +1,8 @@
 #include "desktop/message_dialog.h"
 
+#include <QApplication>
 #include <QBoxLayout>
 #include <QCheckBox>
-#include <QCoreApplication>
 #include <QDialog>
 #include <QKeyEvent>
 #include <QLabel>
@@ -17,6 +17,7 @@
 #include "desktop/amount_field.h"
 #include "desktop/dialog_tools.h"
 #include "desktop/message_picture.h"
+#include "desktop/qt_text.h"
 #include "game/script.h"
 
 namespace feltmaster {
@@ -45,7 +46,7 @@ std::size_t DefaultButton(std::int32_t options) {
 // Lines as long as they read well; longer ones are broken.
 QLabel* MessageLabel(QWidget* parent, std::string_view text) {
   constexpr int kLineLetters = 64;
-  auto* const label = new QLabel(TextOf(text), parent);
+  auto* const label = new QLabel(ToQt(text), parent);
   label->setObjectName("lblMsg");
   label->setTextFormat(Qt::PlainText);
   const int limit = Letters(*label, kLineLetters);
@@ -76,8 +77,8 @@ class MessageDialog : public GameDialog {
  public:
   MessageDialog(QWidget* parent, Game& game, const MessageRequest& request)
       : GameDialog(parent, game, "frmMessage", request.help), options_(request.options) {
-    setWindowTitle(TextOf(request.title));
-    setAccessibleDescription(TextOf(request.text));
+    setWindowTitle(ToQt(request.title));
+    setAccessibleDescription(ToQt(request.text));
     auto* const column = new QVBoxLayout(this);
     SetMargins(*column, *this);
     column->addLayout(MessageRow(this, request.text, PictureOf(options_)));
@@ -91,8 +92,8 @@ class MessageDialog : public GameDialog {
     exec();
     MessageReply reply;
     reply.answer = answer_;
-    if (fields_[0] != nullptr) reply.input1 = BytesOf(fields_[0]->text());
-    if (fields_[1] != nullptr) reply.input2 = BytesOf(fields_[1]->text());
+    if (fields_[0] != nullptr) reply.input1 = FromQt(fields_[0]->text());
+    if (fields_[1] != nullptr) reply.input2 = FromQt(fields_[1]->text());
     reply.hide = hide_ != nullptr && hide_->isChecked();
     return reply;
   }
@@ -129,8 +130,8 @@ class MessageDialog : public GameDialog {
                                           static_cast<int>(request.input_length));
       field->setObjectName(i == 0 ? "txtInput0" : "txtInput1");
       field->setAccessibleName(i == 0 ? "Value" : "Second value");
-      field->setAccessibleDescription(TextOf(request.text));
-      field->setText(TextOf(i == 0 ? request.input_default : request.input2_default));
+      field->setAccessibleDescription(ToQt(request.text));
+      field->setText(ToQt(i == 0 ? request.input_default : request.input2_default));
       field->setMinimumWidth(Letters(*field, 20));
       row->addWidget(field);
       row->addStretch(1);
@@ -199,27 +200,29 @@ class MessageDialog : public GameDialog {
 MessageReply ShowMessageDialog(QWidget* parent, Game& game, const MessageRequest& request) {
   MessageDialog dialog(parent, game, request);
   dialog.adjustSize();
-  CentreOver(dialog, parent);
+  CentreOverTable(dialog, parent);
   return dialog.Ask();
 }
 
 void ShowNoticeWindow(QWidget* parent, std::string_view title, std::string_view text) {
   constexpr const char* kName = "frmNotice";
-  delete parent->findChild<QDialog*>(kName, Qt::FindDirectChildrenOnly);
+  for (QWidget* const window : QApplication::topLevelWidgets()) {
+    if (window->objectName() == kName) delete window;
+  }
   if (text.empty()) return;
   auto* const notice = new QDialog(parent);
   notice->setObjectName(kName);
-  notice->setWindowTitle(TextOf(title));
-  notice->setAccessibleDescription(TextOf(text));
+  notice->setWindowTitle(ToQt(title));
+  notice->setAccessibleDescription(ToQt(text));
   notice->setAttribute(Qt::WA_ShowWithoutActivating);
   auto* const column = new QVBoxLayout(notice);
   SetMargins(*column, *notice);
   column->addLayout(MessageRow(notice, text, MessagePicture::kProgram));
   notice->adjustSize();
-  CentreOver(*notice, parent);
+  CentreOverTable(*notice, parent);
   notice->show();
   // The work that it tells of may let no events through for a while.
-  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 }  // namespace feltmaster

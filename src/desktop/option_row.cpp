@@ -6,6 +6,7 @@
 
 #include "base/number_format.h"
 #include "desktop/dialog_tools.h"
+#include "desktop/qt_text.h"
 #include "engine/handle_bet.h"
 
 namespace feltmaster {
@@ -84,7 +85,7 @@ void OptionRow::StepUnits() {
 }
 
 void OptionRow::TakeAmount() {
-  value_.amount = ParseMoney(BytesOf(field_->text()));
+  value_.amount = ParseMoney(FromQt(field_->text()));
   Tell();
 }
 

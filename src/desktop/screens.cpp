@@ -3,6 +3,9 @@
 #include <QEventLoop>
 #include <array>
 
+#include "desktop/frm_ryon.h"
+#include "desktop/frm_summary.h"
+
 namespace feltmaster {
 
 namespace {
@@ -22,7 +25,10 @@ constexpr ScreenKind Kind(WindowCommand command, bool modal = false) {
 
 // In the order in which they are reopened. A screen is a class over ScreenWindow with its
 // ScreenTraits as kTraits.
-constexpr std::array<ScreenKind, 0> kKinds = {};
+constexpr auto kKinds = std::to_array<ScreenKind>({
+    Kind<RyonScreen>(WindowCommand::kRollYourOwn),
+    Kind<SummaryScreen>(WindowCommand::kSummary),
+});
 
 const ScreenKind* KindOf(WindowCommand command) {
   for (const ScreenKind& kind : kKinds) {

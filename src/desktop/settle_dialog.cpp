@@ -14,6 +14,7 @@
 
 #include "desktop/dialog_tools.h"
 #include "desktop/option_row.h"
+#include "desktop/qt_text.h"
 
 namespace feltmaster {
 
@@ -38,7 +39,7 @@ class SettleDialog : public GameDialog {
       : GameDialog(parent, game, "frmSettleBet", request.help) {
     reply_.button = request.default_button;
     setWindowFlag(Qt::WindowCloseButtonHint, false);
-    setWindowTitle(TextOf(request.title));
+    setWindowTitle(ToQt(request.title));
     auto* const column = new QVBoxLayout(this);
     const int margin = Letters(*this, 3);
     column->setContentsMargins(margin, margin, margin, margin);
@@ -80,11 +81,10 @@ class SettleDialog : public GameDialog {
   void mousePressEvent(QMouseEvent* event) override {
     if (event->button() == Qt::RightButton) StopRolling();
   }
-  void closeEvent(QCloseEvent* event) override { event->ignore(); }
 
  private:
   QLabel* Heading(const SettleRequest& request) {
-    auto* const heading = new QLabel(TextOf(request.title), this);
+    auto* const heading = new QLabel(ToQt(request.title), this);
     QFont font = Bold(heading->font());
     font.setPointSizeF(font.pointSizeF() * 1.25);
     heading->setFont(font);
@@ -108,9 +108,9 @@ class SettleDialog : public GameDialog {
       const SettleRequest::Row& row = request.rows[i];
       const int line = static_cast<int>(i);
       const QString number = QString::number(i);
-      auto* const label = new QLabel(TextOf(row.label), frame);
+      auto* const label = new QLabel(ToQt(row.label), frame);
       label->setObjectName("lblWonBetType" + number);
-      auto* const amount = new QLabel(TextOf(row.amount), frame);
+      auto* const amount = new QLabel(ToQt(row.amount), frame);
       amount->setObjectName("lblWonBet" + number);
       if (row.bold) {
         label->setFont(Bold(label->font()));
@@ -138,8 +138,9 @@ class SettleDialog : public GameDialog {
   void AddButtons(QBoxLayout& column, const SettleRequest& request) {
     auto* const grid = new QGridLayout;
     grid->setColumnStretch(1, 1);
+    grid->setColumnMinimumWidth(0, Letters(*this, 15));
     for (std::size_t i = 0; i < kButtons; ++i) {
-      const QString caption = i < request.captions.size() ? TextOf(request.captions[i]) : QString();
+      const QString caption = i < request.captions.size() ? ToQt(request.captions[i]) : QString();
       auto* const button = new QPushButton(caption, this);
       button->setObjectName("cmdHandle" + QString::number(i));
       button->setAccessibleName(Spoken(caption));
@@ -198,7 +199,7 @@ class SettleDialog : public GameDialog {
 SettleReply ShowSettleDialog(QWidget* parent, Game& game, const SettleRequest& request) {
   SettleDialog dialog(parent, game, request);
   dialog.adjustSize();
-  CentreOver(dialog, parent);
+  CentreOverTable(dialog, parent);
   return dialog.Ask();
 }
 

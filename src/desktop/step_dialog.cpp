@@ -1,14 +1,20 @@
 #include "desktop/step_dialog.h"
 
+#include <QApplication>
 #include <QBoxLayout>
 #include <QFontDatabase>
 #include <QFrame>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 #include <QPushButton>
+#include <QWindow>
+#include <utility>
+#include <vector>
 
 #include "desktop/dialog_tools.h"
+#include "desktop/qt_text.h"
 
 namespace feltmaster {
 
@@ -37,8 +43,6 @@ class StepDialog : public GameDialog {
   StepDialog(QWidget* parent, Game& game, const std::function<void(WindowCommand)>& open_screen)
       : GameDialog(parent, game, kName, kHelp) {
     setWindowTitle("Auto-Bet Step-Through");
-    // The screens that are opened from here can be used; the table waits.
-    setWindowModality(Qt::WindowModal);
     auto* const column = new QVBoxLayout(this);
     const int margin = Letters(*this, 3);
     column->setContentsMargins(margin, margin, margin, margin);
@@ -52,7 +56,9 @@ class StepDialog : public GameDialog {
     frame->setAutoFillBackground(true);
     auto* const inside = new QVBoxLayout(frame);
     text_ = AddLabel(*inside, "lblAutoBetStep", frame);
-    text_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    QFont typed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    typed.setPointSizeF(font().pointSizeF());
+    text_->setFont(typed);
     column->addWidget(frame);
 
     constexpr int kStatusLines = 3;  // the longest needs them; the dialog keeps its height
@@ -76,12 +82,35 @@ class StepDialog : public GameDialog {
 
   void Take(const StepRequest& request) {
     line_->setText("Line #" + QString::number(request.line));
-    text_->setText(TextOf(request.text));
-    status_->setText(TextOf(request.status));
+    text_->setText(ToQt(request.text));
+    status_->setText(ToQt(request.status));
     setAccessibleDescription(text_->text() + '\n' + status_->text());
   }
 
+  bool Ask() {
+    show();
+    AdoptScreens();
+    const bool goes_on = exec() == QDialog::Accepted;
+    for (const auto& [screen, parent] : adopted_) {
+      if (screen) screen->setTransientParent(parent);
+    }
+    adopted_.clear();
+    return goes_on;
+  }
+
  private:
+  // The screens can be used while the table waits: what descends from a modal window is not held up
+  // by it.
+  void AdoptScreens() {
+    for (QWindow* const screen : QGuiApplication::topLevelWindows()) {
+      QWindow* const parent = screen->transientParent();
+      if (parent == nullptr || screen->isModal() || screen->type() != Qt::Window) continue;
+      if (parent == windowHandle() || !screen->isVisible()) continue;
+      adopted_.emplace_back(screen, parent);
+      screen->setTransientParent(windowHandle());
+    }
+  }
+
   QLabel* AddLabel(QBoxLayout& column, const char* name, QWidget* parent) {
     auto* const label = new QLabel(parent);
     label->setObjectName(name);
@@ -107,12 +136,16 @@ class StepDialog : public GameDialog {
       const WindowCommand screen = kScreens[i].screen;
       const QByteArray name = "mnuStatistics" + QByteArray::number(i);
       connect(add(screens, name.constData(), kScreens[i].caption), &QAction::triggered, this,
-              [open_screen, screen] { open_screen(screen); });
+              [this, open_screen, screen] {
+                open_screen(screen);
+                AdoptScreens();
+              });
     }
     connect(add(bar, "mnuHelp", "&Help"), &QAction::triggered, this, [this] { OpenHelp(); });
     return bar;
   }
 
+  std::vector<std::pair<QPointer<QWindow>, QWindow*>> adopted_;
   QLabel* line_ = nullptr;
   QLabel* text_ = nullptr;
   QLabel* status_ = nullptr;
@@ -122,17 +155,20 @@ class StepDialog : public GameDialog {
 
 bool ShowStepDialog(QWidget* parent, Game& game, const StepRequest& request,
                     const std::function<void(WindowCommand)>& open_screen) {
-  QWidget* const owner = OwnerOf(parent);
-  auto* dialog =
-      static_cast<StepDialog*>(owner->findChild<QDialog*>(kName, Qt::FindDirectChildrenOnly));
+  StepDialog* dialog = nullptr;
+  for (QWidget* const window : QApplication::topLevelWidgets()) {
+    if (window->objectName() == kName) dialog = static_cast<StepDialog*>(window);
+  }
   const bool is_first = dialog == nullptr;
-  if (is_first) dialog = new StepDialog(owner, game, open_screen);
+  if (is_first) {
+    dialog = new StepDialog(parent->isModal() ? parent : TableOf(parent), game, open_screen);
+  }
   dialog->Take(request);
   if (is_first) {
     dialog->adjustSize();
-    CentreOver(*dialog, parent);
+    CentreOverTable(*dialog, parent);
   }
-  const bool goes_on = dialog->exec() == QDialog::Accepted;
+  const bool goes_on = dialog->Ask();
   if (!goes_on) delete dialog;
   return goes_on;
 }

@@ -135,6 +135,7 @@ constexpr auto kCommands = std::to_array<FileCommand>({
      .ending = ".bet"},
     {"Copy To Text File", "*.txt", nullptr, "Copy To Text File"},
     {"Save Report As", "*.pdf", nullptr, "Save Report As"},
+    {"Save Picture As", "*.svg;*.png", nullptr, "Save Picture As"},
     {"Select Wave File", "*.wav"},
     {"Select Probability File", "*.prb"},
     {"Select File  or  Enter New File Name", kAnyFile},
