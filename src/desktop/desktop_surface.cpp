@@ -11,12 +11,15 @@
 #include "base/calendar.h"
 #include "desktop/file_window.h"
 #include "desktop/message_dialog.h"
+#include "desktop/print_document.h"
+#include "desktop/print_preview.h"
 #include "desktop/qt_text.h"
 #include "desktop/settle_dialog.h"
 #include "desktop/step_dialog.h"
 #include "desktop/table_canvas.h"
 #include "engine/entry_box.h"
 #include "engine/sounds.h"
+#include "reports/report_pages.h"
 #include "table/scene.h"
 
 namespace feltmaster {
@@ -299,12 +302,15 @@ void DesktopSurface::RefreshScreensNow() {
   since_screens_.restart();
 }
 
-bool DesktopSurface::HasPrinter() {
-  return false;
-}
-
-std::optional<FileError> DesktopSurface::Print(const Document&) {
-  return FileError{0, "There is no printer"};
+// A report for which nobody is asked goes to the printer that the person has chosen for everything,
+// or without one into a file.
+std::optional<FileError> DesktopSurface::Print(const Document& document) {
+  if (!document.unattended) return ShowPrintPreview(ReadyForDialog(), game_, document);
+  if (ThereIsAPrinter()) {
+    QPrinter printer(QPrinter::HighResolution);
+    return SendTo(printer, document);
+  }
+  return WritePdf(document, FreeReportName(game_.AppPath));
 }
 
 void DesktopSurface::SetClipboard(std::string_view text) {
