@@ -3,6 +3,11 @@
 #include <QEventLoop>
 #include <array>
 
+#include "desktop/frm_bankroll.h"
+#include "desktop/frm_bet_results.h"
+#include "desktop/frm_bet_trends.h"
+#include "desktop/frm_roll_freqs.h"
+#include "desktop/frm_roll_totals.h"
 #include "desktop/frm_summary.h"
 
 namespace feltmaster {
@@ -26,6 +31,11 @@ constexpr ScreenKind Kind(WindowCommand command, bool modal = false) {
 // ScreenTraits as kTraits.
 constexpr auto kKinds = std::to_array<ScreenKind>({
     Kind<SummaryScreen>(WindowCommand::kSummary),
+    Kind<BankrollScreen>(WindowCommand::kBankrollGraph),
+    Kind<RollTotalsScreen>(WindowCommand::kRollTotals),
+    Kind<RollFrequenciesScreen>(WindowCommand::kRollFreqs),
+    Kind<BetResultsScreen>(WindowCommand::kBetResults),
+    Kind<BetTrendsScreen>(WindowCommand::kBetTrends),
 });
 
 const ScreenKind* KindOf(WindowCommand command) {
