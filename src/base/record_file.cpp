@@ -123,6 +123,11 @@ bool RecordReader::Read(Record& record) {
   return static_cast<bool>(file_.read(record.Data(), kRecordSize));
 }
 
+std::optional<FileError> RecordReader::Fault() const {
+  if (!file_.bad()) return std::nullopt;
+  return SystemError(EIO);
+}
+
 void RecordReader::Seek(std::int64_t number) {
   file_.clear();
   file_.seekg((number - 1) * static_cast<std::int64_t>(kRecordSize));

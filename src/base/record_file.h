@@ -63,6 +63,8 @@ class RecordReader {
   // The error, or nothing when the file is open at its first record.
   std::optional<FileError> Open(const std::string& path);
   bool Read(Record& record);
+  // Why reading ended before the end of the file, if it did.
+  std::optional<FileError> Fault() const;
   // Goes on with this record, counted from 1.
   void Seek(std::int64_t number);
 

@@ -36,6 +36,17 @@ constexpr Pixel kThrowFrom = {35, 50};
 constexpr int kThrowWidth = 405;
 constexpr int kThrowHeight = 320;
 
+class Within {
+ public:
+  explicit Within(int& depth) : depth_(depth) { ++depth_; }
+  ~Within() { --depth_; }
+  Within(const Within&) = delete;
+  Within& operator=(const Within&) = delete;
+
+ private:
+  int& depth_;
+};
+
 constexpr Pixel kShowerFrom = {50, 19};
 constexpr Pixel kShowerTo = {620, 386};
 constexpr int kShowerChips = 1000;
@@ -68,11 +79,13 @@ void DesktopSurface::LetEventsThrough() {
     rolls_since_look_ = 0;
     if (since_events_.elapsed() < kEventsEvery) return;
   }
+  const Within within(letting_through_);
   QApplication::processEvents();
   since_events_.restart();
 }
 
 void DesktopSurface::Wait(double seconds, const bool& goes_on) {
+  const Within within(letting_through_);
   QElapsedTimer waited;
   waited.start();
   const auto whole = static_cast<qint64>(seconds * 1000);
@@ -89,6 +102,7 @@ void DesktopSurface::Wait(double seconds, const bool& goes_on) {
 
 // The setting is looked at again and again: the player may push the throttle during a long wait.
 void DesktopSurface::Throttle(int) {
+  const Within within(letting_through_);
   QElapsedTimer waited;
   waited.start();
   while (!settings_.Unlimited() && game_.KeepRolling) {

@@ -94,11 +94,9 @@ void RollFrequenciesScreen::Refresh() {
 
 Rows RollFrequenciesScreen::AllRows() const {
   const FrequencyEntry& entry = ChosenEntry(TheGame());
-  Rows rows = {{"Display frequencies for:", std::string(entry.caption)}};
-  for (const Rows& part : {RowsOf(FrequencyFigures(TheGame(), entry.event, skewed_)),
-                           GapRows(TheGame(), entry.event)}) {
-    rows.insert(rows.end(), part.begin(), part.end());
-  }
+  Rows rows = FrequencyRows(TheGame(), entry, skewed_);
+  const Rows gaps = GapRows(TheGame(), entry.event);
+  rows.insert(rows.end(), gaps.begin(), gaps.end());
   return rows;
 }
 

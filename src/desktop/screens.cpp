@@ -8,6 +8,7 @@
 #include "desktop/frm_bet_trends.h"
 #include "desktop/frm_roll_freqs.h"
 #include "desktop/frm_roll_totals.h"
+#include "desktop/frm_ryon.h"
 #include "desktop/frm_summary.h"
 
 namespace feltmaster {
@@ -30,6 +31,7 @@ constexpr ScreenKind Kind(WindowCommand command, bool modal = false) {
 // In the order in which they are reopened. A screen is a class over ScreenWindow with its
 // ScreenTraits as kTraits.
 constexpr auto kKinds = std::to_array<ScreenKind>({
+    Kind<RyonScreen>(WindowCommand::kRollYourOwn),
     Kind<SummaryScreen>(WindowCommand::kSummary),
     Kind<BankrollScreen>(WindowCommand::kBankrollGraph),
     Kind<RollTotalsScreen>(WindowCommand::kRollTotals),

@@ -144,7 +144,7 @@ void CountAutoRolls(Game& game) {
   if (game.AutoRollsRemaining <= 0 || --game.AutoRollsRemaining > 0) return;
   game.KeepRolling = false;
   if (game.HyperDriveActive && game.HyperDriveStopText.empty()) {
-    game.HyperDriveStopText = "Stopped by roll count on Auto-Play screen.";
+    game.HyperDriveStopText = kStoppedByRollCount;
   }
   game.AutoRollsRemaining = game.NumAutoRolls;
 }

@@ -11,6 +11,7 @@
 #include <memory>
 #include <string>
 
+#include "autobet/hot_keys.h"
 #include "autobet/output_file.h"
 #include "autobet/script_conversion.h"
 #include "autobet/script_file.h"
@@ -21,6 +22,7 @@
 #include "files/glg_file.h"
 #include "support/failing_calls.h"
 #include "support/recording_surface.h"
+#include "view/state_hash.h"
 
 namespace feltmaster {
 namespace {
@@ -143,6 +145,81 @@ TEST_F(WriteFaults, TheDefaultGameAndItsCompanions) {
         EXPECT_EQ(surface_.messages.empty(), all);
       });
   EXPECT_TRUE(saved);
+}
+
+// The list of Hot-Keys goes over the start of its file; what stands behind it stays.
+TEST_F(WriteFaults, HotKeys) {
+  const std::string list = game_->AppPath + "HotKeys.dta";
+  game_->HotKeys = {{'1', "one.bet", "first"}, {'2', "two.bet", "second"}};
+  ASSERT_TRUE(SaveHotKeys(*game_));
+  const std::string old_bytes = Bytes(list) + std::string(256, 'x');
+  game_->HotKeys = {{'Z', "last.bet", ""}};
+  bool saved = false;
+  const int calls = FailEachCall(
+      [&] {
+        std::ofstream(list, std::ios::binary) << old_bytes;
+        surface_.messages.clear();
+      },
+      [&] { saved = SaveHotKeys(*game_); },
+      [&](const FailedCall&) {
+        const std::string now = Bytes(list);
+        ASSERT_EQ(now == old_bytes, !saved);
+        ASSERT_EQ(now.substr(512), old_bytes.substr(512));
+        ASSERT_EQ(surface_.messages.empty(), saved);
+        if (!saved) {
+          ASSERT_EQ(surface_.messages[0].text,
+                    list + "\ncould not be saved: No space left on device.");
+        }
+      });
+  EXPECT_GE(calls, 8);  // the old list is read first
+  EXPECT_TRUE(saved);
+}
+
+// A disk that does not read is no short file: what was on the table stays there.
+TEST_F(WriteFaults, AFileThatCannotBeRead) {
+  SetLines(200);
+  SetProbabilityCell(*game_, 1, 6, 40'000, true);
+  ASSERT_TRUE(SaveScript(*game_, Path("s.bet")));
+  ASSERT_TRUE(SaveProbabilityFile(*game_, Path("d.prb")));
+  ASSERT_TRUE(SaveGame(*game_, Path("g.crp")));
+  const auto read_dice = game_->DiceProbability;
+  std::unique_ptr<Game> table;
+  const auto has_script = [&] { return table->ScriptLines.size() == 200; };
+  const auto has_dice = [&] { return table->DiceProbability == read_dice; };
+  struct Load {
+    std::function<bool()> load;
+    std::function<bool()> all_there;
+  };
+  const Load loads[] = {
+      {[&] { return LoadScript(*table, Path("s.bet")); }, has_script},
+      {[&] { return LoadProbabilityFile(*table, Path("d.prb")); }, has_dice},
+      {[&] { return OpenGame(*table, Path("g.crp"), true); },
+       [&] { return !surface_.messages.empty() || (has_script() && has_dice()); }},
+  };
+  for (const auto& [load, all_there] : loads) {
+    bool loaded = false;
+    std::uint64_t before = 0;
+    const int calls = FailEachCall(
+        [&] {
+          table = std::make_unique<Game>();
+          table->surface = &surface_;
+          StartUp(*table, {.data_dir = "", .seed = 1});
+          before = StateHash(*table);
+          surface_.messages.clear();
+        },
+        [&] { loaded = load(); },
+        [&](const FailedCall&) {
+          if (loaded) {
+            ASSERT_TRUE(all_there());
+          } else {
+            ASSERT_EQ(table->FileStatus, -1);
+            ASSERT_EQ(StateHash(*table), before);
+            ASSERT_TRUE(table->ScriptLines.empty());
+          }
+        });
+    EXPECT_GE(calls, 1);
+    EXPECT_TRUE(loaded);
+  }
 }
 
 TEST_F(WriteFaults, OutputFileOfAScript) {

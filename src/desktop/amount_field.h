@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QLineEdit>
+
+namespace feltmaster {
+
+// A field for a number. Whatever is typed, pasted or dropped passes the key filter of the number
+// fields; getting the focus selects the whole text.
+class AmountField : public QLineEdit {
+ public:
+  // `length` is the longest text, 0 for no limit of its own.
+  AmountField(QWidget* parent, int decimals, bool allow_negative, int length = 0);
+
+ protected:
+  void focusInEvent(QFocusEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+
+ private:
+  bool just_entered_ = false;  // by the press that is on its way
+};
+
+}  // namespace feltmaster
