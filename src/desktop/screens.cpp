@@ -4,6 +4,11 @@
 #include <array>
 
 #include "desktop/frm_autobet.h"
+#include "desktop/frm_bankroll.h"
+#include "desktop/frm_bet_results.h"
+#include "desktop/frm_bet_trends.h"
+#include "desktop/frm_roll_freqs.h"
+#include "desktop/frm_roll_totals.h"
 #include "desktop/frm_ryon.h"
 #include "desktop/frm_summary.h"
 
@@ -30,6 +35,11 @@ constexpr auto kKinds = std::to_array<ScreenKind>({
     Kind<AutoBetScreen>(WindowCommand::kAutoBet, true),
     Kind<RyonScreen>(WindowCommand::kRollYourOwn),
     Kind<SummaryScreen>(WindowCommand::kSummary),
+    Kind<BankrollScreen>(WindowCommand::kBankrollGraph),
+    Kind<RollTotalsScreen>(WindowCommand::kRollTotals),
+    Kind<RollFrequenciesScreen>(WindowCommand::kRollFreqs),
+    Kind<BetResultsScreen>(WindowCommand::kBetResults),
+    Kind<BetTrendsScreen>(WindowCommand::kBetTrends),
 });
 
 const ScreenKind* KindOf(WindowCommand command) {
