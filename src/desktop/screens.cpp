@@ -1,6 +1,7 @@
 #include "desktop/screens.h"
 
 #include <QEventLoop>
+#include <algorithm>
 #include <array>
 
 #include "desktop/frm_autobet.h"
@@ -82,6 +83,12 @@ void Screens::Open(WindowCommand which) {
 
 void Screens::Close(WindowCommand which) {
   if (ScreenWindow* open = Find(which)) open->close();
+}
+
+int Screens::OpenCount() const {
+  return static_cast<int>(std::count_if(open_.begin(), open_.end(), [](const auto& entry) {
+    return entry.second && entry.second->isVisible();
+  }));
 }
 
 void Screens::Refresh() {
