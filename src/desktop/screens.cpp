@@ -3,7 +3,14 @@
 #include <QEventLoop>
 #include <array>
 
+#include "desktop/frm_autobet.h"
+#include "desktop/frm_bankroll.h"
+#include "desktop/frm_bet_results.h"
+#include "desktop/frm_bet_trends.h"
+#include "desktop/frm_roll_freqs.h"
+#include "desktop/frm_roll_totals.h"
 #include "desktop/frm_ryon.h"
+#include "desktop/frm_summary.h"
 
 namespace feltmaster {
 
@@ -25,7 +32,14 @@ constexpr ScreenKind Kind(WindowCommand command, bool modal = false) {
 // In the order in which they are reopened. A screen is a class over ScreenWindow with its
 // ScreenTraits as kTraits.
 constexpr auto kKinds = std::to_array<ScreenKind>({
+    Kind<AutoBetScreen>(WindowCommand::kAutoBet, true),
     Kind<RyonScreen>(WindowCommand::kRollYourOwn),
+    Kind<SummaryScreen>(WindowCommand::kSummary),
+    Kind<BankrollScreen>(WindowCommand::kBankrollGraph),
+    Kind<RollTotalsScreen>(WindowCommand::kRollTotals),
+    Kind<RollFrequenciesScreen>(WindowCommand::kRollFreqs),
+    Kind<BetResultsScreen>(WindowCommand::kBetResults),
+    Kind<BetTrendsScreen>(WindowCommand::kBetTrends),
 });
 
 const ScreenKind* KindOf(WindowCommand command) {

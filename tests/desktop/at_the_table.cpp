@@ -1,5 +1,6 @@
 #include "desktop/at_the_table.h"
 
+#include <QLabel>
 #include <cstdlib>
 
 #include "desktop/offscreen.h"
@@ -35,6 +36,15 @@ AtTheTable::~AtTheTable() {
   std::filesystem::remove_all(folder_, ignored);
 }
 
+namespace {
+
+std::string TextOf(QWidget& dialog) {
+  const auto* text = dialog.findChild<QLabel*>(QStringLiteral("lblMsg"));
+  return text == nullptr ? std::string() : text->text().toStdString();
+}
+
+}  // namespace
+
 void AtTheTable::LookForDialog() {
   QWidget* dialog = QApplication::activeModalWidget();
   if (dialog == nullptr || dialog == answered_ || !dialog->isVisible()) {
@@ -44,7 +54,7 @@ void AtTheTable::LookForDialog() {
   answered_ = dialog;
   Titles.push_back(dialog->windowTitle().toStdString());
   if (answers_.empty()) {
-    ADD_FAILURE() << "nobody expected the dialog \"" << Titles.back() << '"';
+    ADD_FAILURE() << "nobody expected the dialog \"" << Titles.back() << "\": " << TextOf(*dialog);
     dialog->close();
     return;
   }
@@ -57,9 +67,14 @@ void AtTheTable::LookForDialog() {
 
 void AtTheTable::ExpectPress(const char* button) {
   Expect([button](QWidget& dialog) {
-    auto* found = Find<QAbstractButton>(dialog, button);
-    if (found != nullptr) found->click();
-    if (dialog.isVisible() && found == nullptr) dialog.close();
+    auto* found = dialog.findChild<QAbstractButton*>(QString::fromLatin1(button));
+    if (found != nullptr) {
+      found->click();
+    } else {
+      ADD_FAILURE() << "no " << button << " on \"" << dialog.windowTitle().toStdString()
+                    << "\": " << TextOf(dialog);
+      dialog.close();
+    }
   });
 }
 
@@ -78,6 +93,8 @@ void AtTheTable::Roll(int die1, int die2) {
 
 void AtTheTable::Type(int key, Qt::KeyboardModifiers held) {
   QWidget* focus = QApplication::focusWidget();
+  // Without a window manager the table is not made active again when a dialog closes.
+  if (focus == nullptr) focus = window_->focusWidget();
   QTest::keyClick(focus != nullptr ? focus : window_.get(), static_cast<Qt::Key>(key), held);
 }
 
