@@ -50,6 +50,14 @@ class Within {
   int& depth_;
 };
 
+// Lets events through for so many milliseconds, a frame at most.
+void Pause(qint64 milliseconds, QEventLoop::ProcessEventsFlags events = QEventLoop::AllEvents) {
+  QEventLoop pause;
+  const auto time = static_cast<int>(std::min<qint64>(milliseconds, kFrame));
+  QTimer::singleShot(time, Qt::PreciseTimer, &pause, &QEventLoop::quit);
+  pause.exec(events);
+}
+
 constexpr Pixel kShowerFrom = {50, 19};
 constexpr Pixel kShowerTo = {620, 386};
 constexpr int kShowerChips = 1000;
@@ -92,15 +100,8 @@ void DesktopSurface::Wait(double seconds, const bool& goes_on) {
   QElapsedTimer waited;
   waited.start();
   const auto whole = static_cast<qint64>(seconds * 1000);
-  while (goes_on && waited.elapsed() < whole) {
-    const qint64 left = std::min<qint64>(whole - waited.elapsed(), kFrame);
-    QApplication::processEvents(QEventLoop::AllEvents, static_cast<int>(left));
-    if (waited.elapsed() < whole) {
-      QEventLoop pause;
-      QTimer::singleShot(static_cast<int>(left), &pause, &QEventLoop::quit);
-      pause.exec();
-    }
-  }
+  QApplication::processEvents();  // also when there is no time to wait
+  while (goes_on && waited.elapsed() < whole) Pause(whole - waited.elapsed());
 }
 
 // The setting is looked at again and again: the player may push the throttle during a long wait.
@@ -111,10 +112,7 @@ void DesktopSurface::Throttle(int) {
   while (!settings_.Unlimited() && game_.KeepRolling) {
     const qint64 left = (10LL << std::clamp(game_.ThrottleSetting, 0, 10)) - waited.elapsed();
     if (left <= 0) return;
-    QEventLoop pause;
-    QTimer::singleShot(static_cast<int>(std::min<qint64>(left, kFrame)), Qt::PreciseTimer, &pause,
-                       &QEventLoop::quit);
-    pause.exec();
+    Pause(left);
   }
 }
 
@@ -258,9 +256,7 @@ void DesktopSurface::AnimateDice() {
         from = dice;
         break;
       }
-      QEventLoop pause;
-      QTimer::singleShot(kFrame, Qt::PreciseTimer, &pause, &QEventLoop::quit);
-      pause.exec(QEventLoop::ExcludeUserInputEvents);
+      Pause(kFrame, QEventLoop::ExcludeUserInputEvents);
     }
   }
   canvas_->DiceLie();
@@ -277,9 +273,7 @@ void DesktopSurface::ShowerOfChips() {
       const Pixel at = {between(kShowerFrom.x, kShowerTo.x), between(kShowerFrom.y, kShowerTo.y)};
       canvas_->AddShowerChip(at, 1 + between(0, kChipCount));
     }
-    QEventLoop pause;
-    QTimer::singleShot(kFrame, Qt::PreciseTimer, &pause, &QEventLoop::quit);
-    pause.exec(QEventLoop::ExcludeUserInputEvents);
+    Pause(kFrame, QEventLoop::ExcludeUserInputEvents);
   }
   sounds_.Stop();
 }
