@@ -287,11 +287,12 @@ void DesktopSurface::ShowerOfChips() {
 // ---- Screens ----------------------------------------------------------------------------------
 
 void DesktopSurface::RefreshOpenScreens() {
-  if (screens_ == nullptr) return;
+  // Called once a roll, which is shorter than a look at the clock.
+  if (screens_ == nullptr || stale_screens_.isActive()) return;
   const qint64 since = since_screens_.elapsed();
   if (since >= kFrame) {
     RefreshScreensNow();
-  } else if (!stale_screens_.isActive()) {
+  } else {
     stale_screens_.start(static_cast<int>(kFrame - since));
   }
 }

@@ -69,8 +69,7 @@ class PrintPreview : public GameDialog {
     rows->addWidget(desk_, 1);
     rows->addLayout(Buttons());
     resize(Letters(*this, 78), Letters(*this, 100));
-    CentreOver(*this, parent);
-    KeepOnScreen(*this);
+    CentreOverTable(*this, parent);
     ShowPage(0);
   }
 

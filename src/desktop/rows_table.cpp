@@ -8,10 +8,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/ink.h"
 #include "desktop/paint_tools.h"
 #include "desktop/picture_export.h"
 #include "desktop/qt_text.h"
-#include "view/palette.h"
 
 namespace feltmaster {
 
@@ -25,8 +25,7 @@ constexpr double kFainter = 0.35;
 QColor ToneColor(Tone tone, const QPalette& palette) {
   const QColor text = palette.color(QPalette::Text);
   if (tone == Tone::kNeutral) return text;
-  const Rgb ink = PaletteRgb(PaletteColor(tone));
-  const QColor pure(ink.red, ink.green, ink.blue);
+  const QColor pure = InkColor(PaletteColor(tone));
   QColor color = pure;
   for (double part = 0; Contrast(color, palette.color(QPalette::Base)) < kLegible && part < 1;) {
     color = Mix(pure, text, part += 0.1);
