@@ -3,6 +3,8 @@
 #include <QEventLoop>
 #include <array>
 
+#include "desktop/frm_configure.h"
+
 namespace feltmaster {
 
 namespace {
@@ -22,7 +24,9 @@ constexpr ScreenKind Kind(WindowCommand command, bool modal = false) {
 
 // In the order in which they are reopened. A screen is a class over ScreenWindow with its
 // ScreenTraits as kTraits.
-constexpr std::array<ScreenKind, 0> kKinds = {};
+constexpr auto kKinds = std::to_array<ScreenKind>({
+    Kind<ConfigureScreen>(WindowCommand::kConfigure, true),
+});
 
 const ScreenKind* KindOf(WindowCommand command) {
   for (const ScreenKind& kind : kKinds) {
