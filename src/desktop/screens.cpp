@@ -8,6 +8,7 @@
 #include "desktop/frm_bankroll.h"
 #include "desktop/frm_bet_results.h"
 #include "desktop/frm_bet_trends.h"
+#include "desktop/frm_configure.h"
 #include "desktop/frm_roll_freqs.h"
 #include "desktop/frm_roll_totals.h"
 #include "desktop/frm_ryon.h"
@@ -41,6 +42,7 @@ constexpr auto kKinds = std::to_array<ScreenKind>({
     Kind<RollFrequenciesScreen>(WindowCommand::kRollFreqs),
     Kind<BetResultsScreen>(WindowCommand::kBetResults),
     Kind<BetTrendsScreen>(WindowCommand::kBetTrends),
+    Kind<ConfigureScreen>(WindowCommand::kConfigure, true),
 });
 
 const ScreenKind* KindOf(WindowCommand command) {
