@@ -1,8 +1,10 @@
 #include "desktop/screens.h"
 
 #include <QEventLoop>
+#include <algorithm>
 #include <array>
 
+#include "desktop/frm_autobet.h"
 #include "desktop/frm_bankroll.h"
 #include "desktop/frm_bet_results.h"
 #include "desktop/frm_bet_trends.h"
@@ -31,6 +33,7 @@ constexpr ScreenKind Kind(WindowCommand command, bool modal = false) {
 // In the order in which they are reopened. A screen is a class over ScreenWindow with its
 // ScreenTraits as kTraits.
 constexpr auto kKinds = std::to_array<ScreenKind>({
+    Kind<AutoBetScreen>(WindowCommand::kAutoBet, true),
     Kind<RyonScreen>(WindowCommand::kRollYourOwn),
     Kind<SummaryScreen>(WindowCommand::kSummary),
     Kind<BankrollScreen>(WindowCommand::kBankrollGraph),
@@ -80,6 +83,12 @@ void Screens::Open(WindowCommand which) {
 
 void Screens::Close(WindowCommand which) {
   if (ScreenWindow* open = Find(which)) open->close();
+}
+
+int Screens::OpenCount() const {
+  return static_cast<int>(std::count_if(open_.begin(), open_.end(), [](const auto& entry) {
+    return entry.second && entry.second->isVisible();
+  }));
 }
 
 void Screens::Refresh() {

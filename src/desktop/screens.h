@@ -31,6 +31,7 @@ class Screens {
   // Null when it is not open.
   ScreenWindow* Find(WindowCommand which) const;
   void Close(WindowCommand which);
+  int OpenCount() const;
 
   // The open screens show what the models say now.
   void Refresh();
