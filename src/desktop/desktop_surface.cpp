@@ -28,9 +28,10 @@ namespace {
 
 using std::chrono::system_clock;
 
-constexpr int kFrame = 16;           // milliseconds between two pictures of what moves
-constexpr qint64 kEventsEvery = 12;  // milliseconds, in Hyper-Drive without a throttle
-constexpr int kRollsPerLook = 32;    // a look at the clock costs a good part of a roll
+constexpr int kFrame = 16;            // milliseconds between two pictures of what moves
+constexpr qint64 kEventsEvery = 12;   // milliseconds, in Hyper-Drive without a throttle
+constexpr qint64 kRestOfDrawing = 4;  // times what drawing took pass from one refresh to the next
+constexpr int kRollsPerLook = 32;     // a look at the clock costs a good part of a roll
 
 // The dice as they are thrown: five throws of a tenth of a second, each from place to place.
 constexpr int kThrows = 5;
@@ -71,7 +72,7 @@ DesktopSurface::DesktopSurface(Game& game, const std::string& data_folder)
   since_events_.start();
   since_screens_.start();
   stale_screens_.setSingleShot(true);
-  QObject::connect(&stale_screens_, &QTimer::timeout, [this] { RefreshScreensNow(); });
+  QObject::connect(&stale_screens_, &QTimer::timeout, [this] { RefreshScreensRested(); });
 }
 
 DesktopSurface::~DesktopSurface() = default;
@@ -91,8 +92,9 @@ void DesktopSurface::LetEventsThrough() {
     if (since_events_.elapsed() < kEventsEvery) return;
   }
   const Within within(letting_through_);
-  QApplication::processEvents();
   since_events_.restart();
+  QApplication::processEvents();
+  drawing_ += since_events_.restart();
 }
 
 void DesktopSurface::Wait(double seconds, const bool& goes_on) {
@@ -291,10 +293,20 @@ void DesktopSurface::RefreshOpenScreens() {
   }
 }
 
+void DesktopSurface::RefreshScreensRested() {
+  const qint64 rest = kRestOfDrawing * drawing_ - since_screens_.elapsed();
+  if (game_.HyperDriveActive && rest > 0) {
+    stale_screens_.start(static_cast<int>(rest));
+  } else {
+    RefreshScreensNow();
+  }
+}
+
 void DesktopSurface::RefreshScreensNow() {
   stale_screens_.stop();
   if (screens_ != nullptr) screens_->Refresh();
   since_screens_.restart();
+  drawing_ = 0;
 }
 
 // A report for which nobody is asked goes to the printer that the person has chosen for everything,
