@@ -8,7 +8,7 @@
 using namespace feltmaster;
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  fuzz::ScratchFolder();
+  fuzz::EmptyScratchFolder();
   Console console(1);
   StartUp(console.Table, {.data_dir = "", .seed = 1});
   int pumps = 0;

@@ -7,6 +7,7 @@
 using namespace feltmaster;
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  fuzz::EmptyScratchFolder();
   const std::string path = fuzz::FileWith("game.crp", fuzz::TextOf(data, size));
   fuzz::Table table;
   const std::uint64_t before = StateHash(table.Play);

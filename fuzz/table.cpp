@@ -51,6 +51,12 @@ const fs::path& ScratchFolder() {
   return folder.path;
 }
 
+void EmptyScratchFolder() {
+  for (const fs::directory_entry& entry : fs::directory_iterator(ScratchFolder())) {
+    fs::remove_all(entry);
+  }
+}
+
 std::string FileWith(std::string_view name, std::string_view bytes) {
   const fs::path path = ScratchFolder() / name;
   std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;

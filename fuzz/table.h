@@ -26,6 +26,8 @@ void Require(bool holds, const char* what);
 // In memory where the system has such a place; removed at the end. The folder one is in, too, so
 // that a relative name that an input holds stays inside.
 const std::filesystem::path& ScratchFolder();
+// What one input left there is not found by the next.
+void EmptyScratchFolder();
 
 // The path of a scratch file with these bytes.
 std::string FileWith(std::string_view name, std::string_view bytes);

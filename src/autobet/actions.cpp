@@ -422,7 +422,7 @@ void ExecuteAction(Game& game, const CompiledLine& line, ScriptRun& run) {
   switch (line.code) {
     case kActionStop:
       game.KeepRolling = false;
-      if (game.HyperDriveActive) game.HyperDriveStopText = "Stopped by Auto-Bet command.";
+      if (game.HyperDriveActive) game.HyperDriveStopText = kStoppedByScript;
       break;
     case kActionGosub:
       run.Returns.Push(game.CurrentLine);

@@ -125,6 +125,9 @@ void LoadHotKeys(Game& game) {
     game.HotKeys.push_back({record.Bytes()[kAtKey], record.Text(kAtFile, kHotKeyTextSize),
                             record.Text(kAtDescription, kHotKeyTextSize)});
   }
+  if (const std::optional<FileError> error = file.Fault()) {
+    game.LastErrorText = error->At("Load Hot-Keys");
+  }
 }
 
 bool SaveHotKeys(Game& game) {
@@ -133,8 +136,7 @@ bool SaveHotKeys(Game& game) {
   const std::optional<FileError> error = WriteOverStart(path, ListBytes(game));
   if (!error) return true;
   game.LastErrorText = error->At("Save Hot-Keys");
-  Tell(game, "Unable to Save Hot-Keys", path + "\ncould not be saved: " + game.LastErrorText + '.',
-       kButtonOk | kPictureStop);
+  TellNotSaved(game, "Hot-Keys", path);
   return false;
 }
 

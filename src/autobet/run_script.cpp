@@ -290,7 +290,7 @@ void Abort(Game& game, const ScriptFailure& failure) {
   const std::string error = failure.description + ", Error #" + std::to_string(failure.number);
   game.LastErrorText = error + " occurred, at: Run Auto-Bet";
   game.KeepRolling = false;
-  if (game.HyperDriveActive) game.HyperDriveStopText = "Auto-Bet error.";
+  if (game.HyperDriveActive) game.HyperDriveStopText = kStoppedByScriptError;
   FlushScriptOutput(game);
   Tell(game, "Auto-Bet Abort",
        "The following error has caused Auto-Betting to abort at line #" +

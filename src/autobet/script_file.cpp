@@ -130,21 +130,22 @@ void SetScript(Game& game, std::vector<ScriptLine> lines, const std::string& fil
 }
 
 bool LoadScript(Game& game, const std::string& path) {
-  RecordReader file;
-  if (const std::optional<FileError> error = file.Open(path)) {
-    game.LastErrorText = error->At("Load Auto-Bet File");
+  const auto failed = [&](const FileError& error) {
+    game.LastErrorText = error.At("Load Auto-Bet File");
     game.FileStatus = -1;
     return false;
-  }
+  };
+  RecordReader file;
+  if (const std::optional<FileError> error = file.Open(path)) return failed(*error);
   Record record;
   if (!file.Read(record)) record = Record();
+  if (const std::optional<FileError> error = file.Fault()) return failed(*error);
   game.FileStatus = 0;
   if (IsSiblingScript(record)) {
     std::string converted = path;
     return OfferConversion(game, converted) && LoadScript(game, converted);
   }
   if (!AcceptHeader(game, path, record)) return false;
-  game.FileStatus = 1;
 
   // The count is a promise; the file may hold less.
   const std::int64_t count = record.Money(kAtAmount).RoundWhole();
@@ -152,6 +153,8 @@ bool LoadScript(Game& game, const std::string& path) {
   for (std::int64_t i = 0; i < count && file.Read(record); ++i) {
     lines.push_back(RecordedLine(record));
   }
+  if (const std::optional<FileError> error = file.Fault()) return failed(*error);
+  game.FileStatus = 1;
   if (game.ScriptFileMode) {
     PasteLines(game, std::move(lines));
   } else if (game.HotKeyRunning) {

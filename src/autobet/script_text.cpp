@@ -143,7 +143,7 @@ class Suggestions {
   std::vector<Choice> choices_;
 };
 
-enum class Quotes { kPlain, kSemicolonOutside, kOptional };
+enum class Quotes { kPlain, kMayBeEmpty, kSemicolonOutside, kOptional };
 
 // The two ways of walking over a line. Both take the fields one after the other: the printer writes
 // what the record holds, the reader fills the record and writes the text as it should be.
@@ -160,6 +160,8 @@ class LineText {
 
 class LinePrinter : public LineText {
  public:
+  explicit LinePrinter(const ComparisonRow* comparison = nullptr) : comparison_(comparison) {}
+
   bool Words(std::string_view words) {
     Append(words);
     return true;
@@ -176,7 +178,8 @@ class LinePrinter : public LineText {
     return Unknown<Row>(code, noun);
   }
   const ComparisonRow* PickComparison(const ConditionRow& condition, std::int32_t& code) {
-    const ComparisonRow* row = FindComparison(condition, code);
+    const bool chosen = comparison_ != nullptr && comparison_->code == code;
+    const ComparisonRow* row = chosen ? comparison_ : FindComparison(condition, code);
     return row != nullptr ? Found(*row) : Unknown<ComparisonRow>(code, "a comparison");
   }
   bool Amount(MoneyAmount& amount, bool /*may_be_negative*/) { return Words(PlainNumber(amount)); }
@@ -211,6 +214,8 @@ class LinePrinter : public LineText {
     Append("(no name: " + std::string(noun) + ' ' + std::to_string(code) + ')');
     return nullptr;
   }
+
+  const ComparisonRow* comparison_;
 };
 
 class LineReader : public LineText {
@@ -365,7 +370,7 @@ class LineReader : public LineText {
       return Fail(std::string(noun) + " in double quotes");
     }
     name = quotes == Quotes::kSemicolonOutside ? TrimRight(name) : Trim(name);
-    if (name.empty() && quotes != Quotes::kSemicolonOutside) {
+    if (name.empty() && (quotes == Quotes::kPlain || quotes == Quotes::kOptional)) {
       return FailAt(start, std::string(noun) + " that is not blank");
     }
     if (name.size() > kLineNameSize) {
@@ -466,7 +471,7 @@ bool WalkField(Line& line, Field field, ScriptLine& record) {
     case Field::kLabel:
       return line.Name(record.LineName, Quotes::kOptional, "a label");
     case Field::kName:
-      return line.Name(record.LineName, Quotes::kPlain, "a name");
+      return line.Name(record.LineName, Quotes::kMayBeEmpty, "a name");
     case Field::kText:
       return line.Name(record.LineName, Quotes::kSemicolonOutside, "a text");
     case Field::kIsTrue:
@@ -741,9 +746,9 @@ std::variant<std::vector<ScriptLine>, ScriptTextFault> ComposeScript(std::string
   return script;
 }
 
-std::string LineTextOf(const ScriptLine& line) {
+std::string LineTextOf(const ScriptLine& line, const ComparisonRow* comparison) {
   ScriptLine record = line;  // the walk is shared with the reader, which fills it
-  LinePrinter printer;
+  LinePrinter printer(comparison);
   int indentation = kLineIndentation;
   if (const StartRow* start = FindStart(line.LineKind)) {
     printer.text = start->caption;
@@ -764,6 +769,11 @@ std::string LineTextOf(const ScriptLine& line) {
   }
   const std::string text = Indented(indentation, printer.text);
   return std::string(CutAtCharacter(text, kLineTextSize));
+}
+
+void FinishLine(ScriptLine& line, const ComparisonRow* comparison) {
+  if (line.LineKind == kActionLine) NameGroupValue(line);
+  line.LineText = LineTextOf(line, comparison);
 }
 
 bool LooksLikeScriptFile(std::string_view bytes) {

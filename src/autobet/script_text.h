@@ -7,6 +7,7 @@
 #include <variant>
 #include <vector>
 
+#include "autobet/vocabulary.h"
 #include "game/script.h"
 
 namespace feltmaster {
@@ -33,8 +34,12 @@ std::variant<ScriptLine, ScriptTextFault> ComposeLine(std::string_view text,
 // A whole script; blank lines are passed over.
 std::variant<std::vector<ScriptLine>, ScriptTextFault> ComposeScript(std::string_view text);
 
-// The printable text of a line from its codes and operands, as the editor composes it.
-std::string LineTextOf(const ScriptLine& line);
+// The printable text of a line from its codes and operands, as the editor composes it. The row of
+// the comparison is needed where two rows share a code; without it the first one is printed.
+std::string LineTextOf(const ScriptLine& line, const ComparisonRow* comparison = nullptr);
+// Finishes a record whose codes and operands are set: its text, and the name that a group verb
+// keeps.
+void FinishLine(ScriptLine& line, const ComparisonRow* comparison = nullptr);
 
 // Whether the bytes are those of a .bet file (of this program or its sibling) rather than text.
 bool LooksLikeScriptFile(std::string_view bytes);

@@ -99,6 +99,10 @@ std::string FileError::At(std::string_view place) const {
          " occurred, at: " + std::string(place);
 }
 
+std::string DescriptionIn(std::string_view error_text) {
+  return std::string(error_text.substr(0, error_text.find(", Error #")));
+}
+
 FileError SystemError(int number) {
   return {number, std::generic_category().message(number)};
 }
@@ -121,6 +125,11 @@ std::optional<FileError> RecordReader::Open(const std::string& path) {
 
 bool RecordReader::Read(Record& record) {
   return static_cast<bool>(file_.read(record.Data(), kRecordSize));
+}
+
+std::optional<FileError> RecordReader::Fault() const {
+  if (!file_.bad()) return std::nullopt;
+  return SystemError(EIO);
 }
 
 void RecordReader::Seek(std::int64_t number) {

@@ -51,6 +51,8 @@ struct FileError {
   std::string At(std::string_view place) const;
 };
 FileError SystemError(int number);
+// The description alone, out of a text that At has made.
+std::string DescriptionIn(std::string_view error_text);
 
 // Why a path cannot be read as a file of records, if it cannot: it is not there, or it is a folder,
 // or a pipe or a device, which would be waited for.
@@ -63,6 +65,8 @@ class RecordReader {
   // The error, or nothing when the file is open at its first record.
   std::optional<FileError> Open(const std::string& path);
   bool Read(Record& record);
+  // Why reading ended before the end of the file, if it did.
+  std::optional<FileError> Fault() const;
   // Goes on with this record, counted from 1.
   void Seek(std::int64_t number);
 

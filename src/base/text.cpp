@@ -135,4 +135,27 @@ std::string AsUtf8(std::string_view text) {
   return utf8;
 }
 
+std::string XmlText(std::string_view text) {
+  std::string xml;
+  for (const char c : AsUtf8(text)) {
+    switch (c) {
+      case '&':
+        xml += "&amp;";
+        break;
+      case '<':
+        xml += "&lt;";
+        break;
+      case '>':
+        xml += "&gt;";
+        break;
+      case '"':
+        xml += "&quot;";
+        break;
+      default:
+        xml += c;
+    }
+  }
+  return xml;
+}
+
 }  // namespace feltmaster

@@ -28,5 +28,7 @@ std::size_t CharacterCount(std::string_view text);
 void AddCharacter(std::string& text, char32_t character);
 // The same text in proper UTF-8, control characters as blanks.
 std::string AsUtf8(std::string_view text);
+// The same with the signs of XML escaped, for its texts and attributes.
+std::string XmlText(std::string_view text);
 
 }  // namespace feltmaster

@@ -11,11 +11,6 @@ namespace {
 
 constexpr std::int32_t kTellEvery = 1024;  // rolls
 
-// Why Hyper-Drive stopped by itself, as the table tells it.
-constexpr std::string_view kStoppedByScript = "Stopped by Auto-Bet command.";
-constexpr std::string_view kStoppedByRollCount = "Stopped by roll count on Auto-Play screen.";
-constexpr std::string_view kStoppedByError = "Auto-Bet error.";
-
 }  // namespace
 
 std::int64_t NetOf(const Game& game) {
@@ -152,7 +147,7 @@ GameEnd BatchSurface::EndSession() {
   const std::string_view why = game_.HyperDriveStopText;
   if (why == kStoppedByScript) return GameEnd::kStrategy;
   if (why == kStoppedByRollCount) return GameEnd::kRollCount;
-  if (why == kStoppedByError || (why.empty() && !game_.LastErrorText.empty())) {
+  if (why == kStoppedByScriptError || (why.empty() && !game_.LastErrorText.empty())) {
     script_fault_ = game_.LastErrorText;
     return GameEnd::kAborted;
   }

@@ -42,8 +42,8 @@ std::string Play([[maybe_unused]] const TableOptions& options, [[maybe_unused]] 
                           .game_file = game_file});
   return {};
 #else
-  return "this program was built without its desktop; with the packages qt6-base-dev and "
-         "qt6-multimedia-dev installed, ./run builds it. \"feltmaster console\" plays the table in "
+  return "this program was built without its desktop; with the packages qt6-base-dev, "
+         "qt6-multimedia-dev and qt6-svg-dev installed, ./run builds it. \"feltmaster console\" plays the table in "
          "this terminal.";
 #endif
 }

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "base/number_format.h"
+#include "base/text.h"
 
 namespace feltmaster {
 
@@ -43,30 +44,6 @@ std::string Attribute(std::string_view name, double value) {
   return Attribute(name, Number(value));
 }
 
-std::string Escaped(std::string_view text) {
-  std::string escaped;
-  for (const char c : text) {
-    switch (c) {
-      case '&':
-        escaped += "&amp;";
-        break;
-      case '<':
-        escaped += "&lt;";
-        break;
-      case '>':
-        escaped += "&gt;";
-        break;
-      case '"':
-        escaped += "&quot;";
-        break;
-      default:
-        // Control characters, and bytes that may be no UTF-8, cannot stand in a document.
-        escaped += c >= ' ' && c < 0x7F ? c : '?';
-    }
-  }
-  return escaped;
-}
-
 std::string LineElement(std::string_view style, double x1, double y1, double x2, double y2) {
   return "  <line" + Attribute("class", style) + Attribute("x1", x1) + Attribute("y1", y1) +
          Attribute("x2", x2) + Attribute("y2", y2) + "/>\n";
@@ -104,7 +81,7 @@ double SvgChart::PlaceY(double value) const {
 
 void SvgChart::Text(double x, double y, std::string_view style, std::string_view text) {
   body_ += "  <text" + Attribute("class", style) + Attribute("x", x) + Attribute("y", y) + ">" +
-           Escaped(text) + "</text>\n";
+           XmlText(text) + "</text>\n";
 }
 
 void SvgChart::Title(std::string_view title, std::string_view subtitle) {
@@ -135,7 +112,7 @@ void SvgChart::Panel(const Frame& frame, std::string_view title, const Axis& x, 
   Text(frame.left + frame.width / 2, bottom + 38, "label", x.label);
   body_ += "  <text" + Attribute("class", "label") + " transform=\"translate(" +
            Number(frame.left - 72) + " " + Number(frame.top + frame.height / 2) +
-           ") rotate(-90)\">" + Escaped(y.label) + "</text>\n";
+           ") rotate(-90)\">" + XmlText(y.label) + "</text>\n";
 }
 
 void SvgChart::Bars(const std::vector<Bar>& bars) {

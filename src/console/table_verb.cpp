@@ -42,9 +42,7 @@ std::string SetTable(Game& table, SetUpSurface& surface, const TableOptions& opt
   table.surface = &surface;
   if (!options.game_file.empty()) {
     if (!OpenGame(table, options.game_file, true)) {
-      return OneLine(table.FileStatus < 0
-                         ? options.game_file + " cannot be opened: " + table.LastErrorText
-                         : table.MsgText);
+      return WhyNotOpened(table, options.game_file);
     }
     HouseSettings settings;  // of the game just opened, too
     for (const std::string& text : options.settings) ReadHouseSetting(text, settings);
@@ -84,8 +82,8 @@ std::string RunTable(const TableOptions& options) {
 #else
 
 std::string RunTable(const TableOptions&) {
-  return "this program was built without its desktop; with the packages qt6-base-dev and "
-         "qt6-multimedia-dev installed, ./run builds it.";
+  return "this program was built without its desktop; with the packages qt6-base-dev, "
+         "qt6-multimedia-dev and qt6-svg-dev installed, ./run builds it.";
 }
 
 #endif

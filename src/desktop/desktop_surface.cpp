@@ -11,12 +11,15 @@
 #include "base/calendar.h"
 #include "desktop/file_window.h"
 #include "desktop/message_dialog.h"
+#include "desktop/print_document.h"
+#include "desktop/print_preview.h"
 #include "desktop/qt_text.h"
 #include "desktop/settle_dialog.h"
 #include "desktop/step_dialog.h"
 #include "desktop/table_canvas.h"
 #include "engine/entry_box.h"
 #include "engine/sounds.h"
+#include "reports/report_pages.h"
 #include "table/scene.h"
 
 namespace feltmaster {
@@ -35,6 +38,17 @@ constexpr int kThrowTime = 100;  // milliseconds
 constexpr Pixel kThrowFrom = {35, 50};
 constexpr int kThrowWidth = 405;
 constexpr int kThrowHeight = 320;
+
+class Within {
+ public:
+  explicit Within(int& depth) : depth_(depth) { ++depth_; }
+  ~Within() { --depth_; }
+  Within(const Within&) = delete;
+  Within& operator=(const Within&) = delete;
+
+ private:
+  int& depth_;
+};
 
 constexpr Pixel kShowerFrom = {50, 19};
 constexpr Pixel kShowerTo = {620, 386};
@@ -68,11 +82,13 @@ void DesktopSurface::LetEventsThrough() {
     rolls_since_look_ = 0;
     if (since_events_.elapsed() < kEventsEvery) return;
   }
+  const Within within(letting_through_);
   QApplication::processEvents();
   since_events_.restart();
 }
 
 void DesktopSurface::Wait(double seconds, const bool& goes_on) {
+  const Within within(letting_through_);
   QElapsedTimer waited;
   waited.start();
   const auto whole = static_cast<qint64>(seconds * 1000);
@@ -89,6 +105,7 @@ void DesktopSurface::Wait(double seconds, const bool& goes_on) {
 
 // The setting is looked at again and again: the player may push the throttle during a long wait.
 void DesktopSurface::Throttle(int) {
+  const Within within(letting_through_);
   QElapsedTimer waited;
   waited.start();
   while (!settings_.Unlimited() && game_.KeepRolling) {
@@ -270,11 +287,12 @@ void DesktopSurface::ShowerOfChips() {
 // ---- Screens ----------------------------------------------------------------------------------
 
 void DesktopSurface::RefreshOpenScreens() {
-  if (screens_ == nullptr) return;
+  // Called once a roll, which is shorter than a look at the clock.
+  if (screens_ == nullptr || stale_screens_.isActive()) return;
   const qint64 since = since_screens_.elapsed();
   if (since >= kFrame) {
     RefreshScreensNow();
-  } else if (!stale_screens_.isActive()) {
+  } else {
     stale_screens_.start(static_cast<int>(kFrame - since));
   }
 }
@@ -285,12 +303,15 @@ void DesktopSurface::RefreshScreensNow() {
   since_screens_.restart();
 }
 
-bool DesktopSurface::HasPrinter() {
-  return false;
-}
-
-std::optional<FileError> DesktopSurface::Print(const Document&) {
-  return FileError{0, "There is no printer"};
+// A report for which nobody is asked goes to the printer that the person has chosen for everything,
+// or without one into a file.
+std::optional<FileError> DesktopSurface::Print(const Document& document) {
+  if (!document.unattended) return ShowPrintPreview(ReadyForDialog(), game_, document);
+  if (ThereIsAPrinter()) {
+    QPrinter printer(QPrinter::HighResolution);
+    return SendTo(printer, document);
+  }
+  return WritePdf(document, FreeReportName(game_.AppPath));
 }
 
 void DesktopSurface::SetClipboard(std::string_view text) {

@@ -25,6 +25,10 @@ class DesktopSurface : public Surface {
 
   UserSettings& Settings() { return settings_; }
 
+  // Whether the logic is in the middle of something and lets events through: a chain of rolls or a
+  // script that goes on when they are done.
+  bool LogicGoesOn() const { return letting_through_ > 0; }
+
   void LetEventsThrough() override;
   void Wait(double seconds, const bool& goes_on) override;
   void Throttle(int setting) override;
@@ -46,7 +50,7 @@ class DesktopSurface : public Surface {
   void AnimateDice() override;
   void ShowerOfChips() override;
   void RefreshOpenScreens() override;
-  bool HasPrinter() override;
+  bool HasPrinter() override { return true; }  // if need be, a file
   std::optional<FileError> Print(const Document& document) override;
   void SetClipboard(std::string_view text) override;
   std::string Clipboard() override;
@@ -67,6 +71,7 @@ class DesktopSurface : public Surface {
   Screens* screens_ = nullptr;
   std::mt19937_64 plain_;
 
+  int letting_through_ = 0;      // how deep
   QElapsedTimer since_events_;   // events were let through
   int rolls_since_look_ = 0;     // at the clock, in Hyper-Drive without a throttle
   QElapsedTimer since_screens_;  // the open screens were refreshed

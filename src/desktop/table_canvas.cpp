@@ -1,9 +1,12 @@
 #include "desktop/table_canvas.h"
 
+#include <QAccessible>
 #include <QGuiApplication>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 #include <algorithm>
 #include <cmath>
 
@@ -151,6 +154,13 @@ void TableCanvas::ShowNow() {
     }
   }
   update(ToUpdate(picture_.Update(game_, view_)));
+  if (QAccessible::isActive()) {
+    std::string status;
+    for (const Row& row : StatusRows(game_, BetOfStatus(game_))) {
+      for (const std::string& text : row) status += text + ' ';
+    }
+    setAccessibleDescription(ToQt(status));
+  }
   ShowPointer(QGuiApplication::keyboardModifiers());
 }
 
@@ -253,6 +263,18 @@ void TableCanvas::mouseMoveEvent(QMouseEvent* event) {
 
 void TableCanvas::leaveEvent(QEvent*) {
   if (game_.DragAmount.Raw() == 0) PointerLeaves(game_);
+}
+
+bool TableCanvas::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+  const auto* help = static_cast<QHelpEvent*>(event);
+  const std::string pays = QuickStats(game_, HitTest(game_, ToPixel(help->pos())).bet);
+  if (pays.empty() || game_.HyperDriveActive) {
+    QToolTip::hideText();
+  } else {
+    QToolTip::showText(help->globalPos(), ToQt(pays), this);
+  }
+  return true;
 }
 
 void TableCanvas::ShowPointer(Qt::KeyboardModifiers held) {

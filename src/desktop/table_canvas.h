@@ -49,6 +49,7 @@ class TableCanvas : public QWidget {
   void leaveEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
+  bool event(QEvent* event) override;  // what a bet pays, when the pointer rests on it
   bool eventFilter(QObject* watched, QEvent* event) override;  // the keys of the entry box
 
  private:

@@ -36,7 +36,7 @@ QString DroppedGame(const QMimeData& data) {
 }  // namespace
 
 TableWindow::TableWindow(Game& game, DesktopSurface& surface)
-    : game_(game), surface_(surface), canvas_(game, this), screens_(game, this) {
+    : game_(game), surface_(surface), canvas_(game, this), screens_(game, this, surface.Settings()) {
   setObjectName(QStringLiteral("frmTable"));
   setCentralWidget(&canvas_);
   setAcceptDrops(true);
@@ -89,7 +89,8 @@ void TableWindow::CarryOut(const MenuCommand& command) {
     ShowChecks();
     canvas_.ShowNow();
   };
-  if (command.ends_chain) {
+  const bool ending = game_.HyperDriveActive && !game_.KeepRolling;
+  if (command.ends_chain || (command.interrupts && ending)) {
     AtRest(choose);
   } else {
     choose();
@@ -97,21 +98,22 @@ void TableWindow::CarryOut(const MenuCommand& command) {
 }
 
 void TableWindow::AtRest(std::function<void()> work) {
-  if (!game_.RollInProgress && !game_.AutoBetRunning) {
+  if (!surface_.LogicGoesOn()) {
     work();
     return;
   }
-  if (game_.AutoBetRunning || game_.HyperDriveActive) {
-    TableIsFree(game_);  // asks whether to end it
-    if (game_.AutoBetRunning || (game_.HyperDriveActive && game_.KeepRolling)) return;
-  }
+  const auto busy = [this] {
+    return game_.AutoBetRunning || (game_.HyperDriveActive && game_.KeepRolling);
+  };
+  if (busy()) TableIsFree(game_);  // asks whether to end it
+  if (busy()) return;
   game_.KeepRolling = false;
   waiting_.push_back(std::move(work));
   look_.start();
 }
 
 void TableWindow::DoWhatWaits() {
-  if (game_.RollInProgress || game_.AutoBetRunning) return;
+  if (surface_.LogicGoesOn()) return;
   look_.stop();
   while (!waiting_.empty()) {
     const std::function<void()> work = std::move(waiting_.front());
@@ -207,7 +209,7 @@ void TableWindow::changeEvent(QEvent* event) {
 }
 
 void TableWindow::closeEvent(QCloseEvent* event) {
-  if (game_.RollInProgress || game_.AutoBetRunning) {
+  if (surface_.LogicGoesOn()) {
     event->ignore();
     AtRest([this] { close(); });
     return;

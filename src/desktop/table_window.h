@@ -43,7 +43,8 @@ class TableWindow : public QMainWindow {
   void KeepPlace();
   void OpenWindow(WindowCommand which);
   void ShowAbout();
-  // Carries out now, or when nothing rolls any more.
+  // Does it now, or when the chain of rolls or the script has ended, which the player is asked to
+  // agree to.
   void AtRest(std::function<void()> work);
   void DoWhatWaits();
 

@@ -393,14 +393,16 @@ void ComputeAxisDice(Game& game, const DieControl& first, const DieControl& seco
 }
 
 bool LoadProbabilityFile(Game& game, const std::string& path) {
-  RecordReader file;
-  if (const std::optional<FileError> error = file.Open(path)) {
+  const auto failed = [&](const FileError& error) {
     game.FileStatus = -1;
-    game.LastErrorText = error->At("Open Probability File");
+    game.LastErrorText = error.At("Open Probability File");
     return false;
-  }
+  };
+  RecordReader file;
+  if (const std::optional<FileError> error = file.Open(path)) return failed(*error);
   Record record;
   file.Read(record);
+  if (const std::optional<FileError> error = file.Fault()) return failed(*error);
   if (Trim(record.Bytes().substr(0, kTitleSize)) != kProbabilityTitle) {
     game.FileStatus = 0;
     game.LastErrorText = path +
@@ -409,7 +411,8 @@ bool LoadProbabilityFile(Game& game, const std::string& path) {
     return false;
   }
   std::size_t number = 0;
-  for (Layer& layer : game.DiceProbability) {
+  auto cells = game.DiceProbability;
+  for (Layer& layer : cells) {
     for (Layer::value_type& row : layer) {
       for (std::int32_t& cell : row) {
         const std::size_t place = number++ % kNumbersPerRecord;
@@ -421,6 +424,8 @@ bool LoadProbabilityFile(Game& game, const std::string& path) {
       }
     }
   }
+  if (const std::optional<FileError> error = file.Fault()) return failed(*error);
+  game.DiceProbability = cells;
   BringIntoRange(game);
   game.ProbabilityFileName = path;
   game.ProbabilityChanged = false;

@@ -239,11 +239,11 @@ std::string_view HyperDriveCaption(const Game& game) {
   return game.HyperDriveActive ? "Stop Hyper-&Drive" : "Start Hyper-&Drive";
 }
 
-std::vector<PanelCell> PanelCells(const Game& game, const RollPanel& panel,
+std::vector<RollCell> RollCells(const Game& game, const RollPanel& panel,
                                   const PanelLayout& layout) {
   constexpr std::int32_t kInsetBefore = 2;
   constexpr std::int32_t kInsetBehind = 3;
-  std::vector<PanelCell> cells;
+  std::vector<RollCell> cells;
   const Grid grid = GridOf(panel.Display, layout.Shape);
   for (std::int32_t row = 1; row <= grid.rows; ++row) {
     for (std::int32_t column = 1; column <= grid.columns; ++column) {
@@ -251,7 +251,7 @@ std::vector<PanelCell> PanelCells(const Game& game, const RollPanel& panel,
       if (meaning.total == 0 && meaning.face == 0 && !meaning.dice.AreGood()) continue;
       // The 7 of the block of totals has a row of its own.
       const bool whole_row = meaning.total == 7 && layout.Shape == PanelShape::kBlock;
-      PanelCell cell;
+      RollCell cell;
       cell.Left = (column - 1) * layout.RyonCellWidth + kInsetBefore;
       cell.Top = layout.RyonTopMargin + (row - 1) * layout.RyonCellHeight + kInsetBefore;
       cell.Width =

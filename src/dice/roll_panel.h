@@ -74,7 +74,7 @@ std::string_view HyperDriveCaption(const Game& game);
 
 // A cell as it is painted: the fill, its label in the middle, and a border two pixels wide when it
 // shows the last roll or a face chosen.
-struct PanelCell {
+struct RollCell {
   std::int32_t Left = 0;
   std::int32_t Top = 0;
   std::int32_t Width = 0;
@@ -83,7 +83,7 @@ struct PanelCell {
   std::int32_t Color = 0;  // 0xBBGGRR
   bool IsMarked = false;
 };
-std::vector<PanelCell> PanelCells(const Game& game, const RollPanel& panel,
+std::vector<RollCell> RollCells(const Game& game, const RollPanel& panel,
                                   const PanelLayout& layout);
 // The label by which the size of the font is found: it starts at the cell's height less 6, is at
 // least 4, and falls until this is narrower than the cell's width less 6.

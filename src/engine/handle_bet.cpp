@@ -183,16 +183,6 @@ std::int64_t UnitsOf(const Game& game, int option) {
   return game.HandleUnits[Cell(option)].FloorWhole();
 }
 
-// One unit in chips of a colour: what the denominator of the bet's row takes of them. Only the
-// slots of the chips hold a denomination.
-MoneyAmount ChipUnit(const Game& game, std::int64_t units) {
-  constexpr std::int64_t kFirstChipUnit = 2;
-  const std::int64_t chip = units - kFirstChipUnit;
-  if (chip < 0 || chip >= kChipCount) return MoneyAmount();
-  const PayRow& row = game.PayTable[static_cast<std::size_t>(game.CurrentBet)];
-  return Product(game.BetAmount[kFirstChip + static_cast<int>(chip)], row.PayDenominator);
-}
-
 // The change that a "Same Bet:" option asks for, of a bet that was `bet` when the roll began.
 MoneyAmount ChangeOfSameBet(const Game& game, int option, MoneyAmount bet) {
   const MoneyAmount amount = game.HandleAmount[Cell(option)];
@@ -275,6 +265,15 @@ void ComputePressUnit(Game& game, int bet) {
       return;
     }
   }
+}
+
+// Only the slots of the chips hold a denomination.
+MoneyAmount ChipUnit(const Game& game, std::int64_t units) {
+  constexpr std::int64_t kFirstChipUnit = 2;
+  const std::int64_t chip = units - kFirstChipUnit;
+  if (chip < 0 || chip >= kChipCount) return MoneyAmount();
+  const PayRow& row = game.PayTable[static_cast<std::size_t>(game.CurrentBet)];
+  return Product(game.BetAmount[kFirstChip + static_cast<int>(chip)], row.PayDenominator);
 }
 
 void TakeDownBet(Game& game) {

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstdint>
+
+#include "base/money.h"
 #include "game/game.h"
 
 namespace feltmaster {
@@ -20,5 +23,9 @@ void PressDouble(Game& game);
 void ParlayBet(Game& game);
 void ModifySameBet(Game& game, int option);  // HandleOption
 void SetBetAmount(Game& game, int option);
+
+// One unit of the bet in CurrentBet in chips of a colour, by HandleUnits from 2 on: what the
+// denominator of its payoff row takes of them. 0 for other units.
+MoneyAmount ChipUnit(const Game& game, std::int64_t units);
 
 }  // namespace feltmaster

@@ -144,7 +144,7 @@ void CountAutoRolls(Game& game) {
   if (game.AutoRollsRemaining <= 0 || --game.AutoRollsRemaining > 0) return;
   game.KeepRolling = false;
   if (game.HyperDriveActive && game.HyperDriveStopText.empty()) {
-    game.HyperDriveStopText = "Stopped by roll count on Auto-Play screen.";
+    game.HyperDriveStopText = kStoppedByRollCount;
   }
   game.AutoRollsRemaining = game.NumAutoRolls;
 }
@@ -211,6 +211,7 @@ void PlayRoll(Game& game) {
 
 void EndHyperDrive(Game& game) {
   game.HyperDriveActive = false;
+  game.surface->RefreshOpenScreens();
   SettleScriptOutput(game);
   game.surface->ShowBanner("");
   if (!game.HyperDriveStopText.empty()) {

@@ -19,6 +19,7 @@
 #include "files/probability_commands.h"
 #include "files/roll_editor.h"
 #include "files/roll_recorder.h"
+#include "files/script_commands.h"
 #include "reports/graph_print.h"
 #include "surface/surface.h"
 
@@ -36,13 +37,7 @@ bool AskToSave(Game& game, std::string title, std::string text, bool (*save)(Gam
 }
 
 bool SaveAutoBets(Game& game) {
-  const std::string path = game.ScriptFileName;
-  if (path.empty() || IsNamed(path, kDefaultScript)) {
-    return ShowFileDialog(game, "Save Auto-Bet File As").has_value();
-  }
-  if (SaveScript(game, path)) return true;
-  TellNotSaved(game, "Auto-Bet File", path);
-  return false;
+  return SaveScriptCommand(game, "*.bet");
 }
 
 bool AskAboutAutoBets(Game& game) {

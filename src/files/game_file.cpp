@@ -5,6 +5,7 @@
 #include <exception>
 #include <filesystem>
 #include <limits>
+#include <memory>
 #include <optional>
 #include <system_error>
 #include <utility>
@@ -217,6 +218,7 @@ std::vector<Companion> CompanionsOf(const Game& game, const std::string& game_pa
 
 // What the player is told of a companion that is missing or altered.
 struct CompanionWords {
+  std::string_view unable;  // title where it cannot be read
   std::string_view title;
   std::string_view text;
   std::string_view missing;
@@ -224,14 +226,26 @@ struct CompanionWords {
   bool with_path;
 };
 constexpr CompanionWords kScriptWords = {
-    "Auto-Bet File", "The following Auto-Bet file (that was in use when this game was saved)",
-    " was not found:", " has been changed:", true};
+    "Unable to Open Auto-Bet File",
+    "Auto-Bet File",
+    "The following Auto-Bet file (that was in use when this game was saved)",
+    " was not found:",
+    " has been changed:",
+    true};
 constexpr CompanionWords kDiceRollWords = {
-    "Dice Roll File", "The Dice Roll file that was open when this game\nwas saved,",
-    " was not found.", " has been changed.", false};
+    "",
+    "Dice Roll File",
+    "The Dice Roll file that was open when this game\nwas saved,",
+    " was not found.",
+    " has been changed.",
+    false};
 constexpr CompanionWords kProbabilityWords = {
-    "Probability File", "The following Probability file (that was in use when this game was saved)",
-    " was not found:", " has been changed:", true};
+    "Unable to Open Feltmaster Probability File",
+    "Probability File",
+    "The following Probability file (that was in use when this game was saved)",
+    " was not found:",
+    " has been changed:",
+    true};
 
 void TellCompanion(Game& game, const CompanionWords& words, const Companion& companion) {
   const bool exists = companion.found != CompanionFound::kMissing;
@@ -239,6 +253,10 @@ void TellCompanion(Game& game, const CompanionWords& words, const Companion& com
   text += exists ? words.altered : words.missing;
   if (words.with_path) text += "\n\n" + companion.path;
   Tell(game, (exists ? "Altered " : "Missing ") + std::string(words.title), std::move(text));
+}
+
+void TellUnread(Game& game, std::string_view title, const std::string& path) {
+  Tell(game, std::string(title), path + "\n" + game.LastErrorText, kButtonOk | kPictureStop);
 }
 
 // Loads a companion, or clears what it would have brought; what is missing or altered is told.
@@ -249,6 +267,8 @@ void OpenCompanion(Game& game, const Companion& companion, const CompanionWords&
   if (!loaded) clear(game);
   if (missing ? !companion.path.empty() : loaded && companion.found == CompanionFound::kAltered) {
     TellCompanion(game, words, companion);
+  } else if (!missing && !loaded && game.FileStatus < 0) {
+    TellUnread(game, words.unable, companion.path);
   }
 }
 
@@ -274,8 +294,10 @@ void OpenOutput(Game& game, const std::string& path) {
   EndScriptOutput(game);
   game.ScriptOutputFile = path;
   std::error_code ignored;
-  // Opening a pipe would wait for somebody at its other end.
+  // Opening a pipe would wait for somebody at its other end, and lines of text among its games
+  // would be the end of a log.
   if (path.empty() || fs::is_fifo(path, ignored)) return;
+  if (Absolute(path) == Absolute(game.GamesLogFile)) return;
   if (const std::error_code error = OpenScriptOutput(game, path, OutputMode::kAppend)) {
     game.LastErrorText =
         FileError{error.value(), error.message()}.At("Open Output File of Auto-Bet");
@@ -286,8 +308,8 @@ void OpenOutput(Game& game, const std::string& path) {
 void TakeGamesLog(Game& game, const Companion& log) {
   if (log.found == CompanionFound::kMissing) {
     game.GamesLogFile = log.path;
-  } else {
-    OpenGamesLog(game, log.path);
+  } else if (!OpenGamesLog(game, log.path) && game.FileStatus < 0) {
+    TellUnread(game, "Games Log", log.path);
   }
 }
 
@@ -336,25 +358,30 @@ void CompleteState(Game& game, bool recorder_goes_on) {
 // The places of `companions` in the order of kCompanionKinds.
 enum { kScriptFile, kDiceRollFile, kProbabilityFile, kOutputFile, kLogFile };
 
+// The new game is put together beside the one in play, which stays on the table, whole, while the
+// player is told and asked about files that were in use.
 void Adopt(Game& game, const std::string& path, const GameRecords& records) {
   const bool is_default = IsNamed(path, kDefaultGame);
   const std::vector<Companion> companions = CompanionsOf(game, path, records);
+  const auto next = std::make_unique<Game>(game);
   if (is_default) {
     const GameHeader header = HeaderOf(records, kScriptHeader);
-    game.TablePlacement.left = header.left;
-    game.TablePlacement.top = header.top;
+    next->TablePlacement.left = header.left;
+    next->TablePlacement.top = header.top;
   }
-  OpenScript(game, companions[kScriptFile]);
-  WriteActiveScript(game);
-  const bool recorder_goes_on = OpenDiceRolls(game, companions[kDiceRollFile]);
-  OpenProbabilities(game, companions[kProbabilityFile]);
-  OpenOutput(game, companions[kOutputFile].path);
-  TakeGamesLog(game, companions[kLogFile]);
+  OpenScript(*next, companions[kScriptFile]);
+  const bool recorder_goes_on = OpenDiceRolls(*next, companions[kDiceRollFile]);
+  OpenProbabilities(*next, companions[kProbabilityFile]);
+  TakeGamesLog(*next, companions[kLogFile]);
 
-  ClearForFields(game);
-  ReadGameFields(game, records, is_default);
-  CompleteState(game, recorder_goes_on);
-  TakeFileName(game, path);
+  ClearForFields(*next);
+  ReadGameFields(*next, records, is_default);
+  CompleteState(*next, recorder_goes_on);
+  TakeFileName(*next, path);
+
+  game = std::move(*next);
+  WriteActiveScript(game);
+  OpenOutput(game, companions[kOutputFile].path);
 }
 
 // The records of a game file. False with FileStatus, and LastErrorText after a file error.
@@ -464,6 +491,11 @@ bool OpenGame(Game& game, const std::string& path, bool chosen_by_player) {
   game.surface->RefreshOpenScreens();
   game.FileStatus = 1;
   return true;
+}
+
+std::string WhyNotOpened(const Game& game, const std::string& path) {
+  if (game.FileStatus >= 0) return OneLine(game.MsgText);
+  return path + " cannot be opened: " + DescriptionIn(game.LastErrorText) + '.';
 }
 
 bool ReadGame(Game& game, const std::string& path, std::vector<Companion>& companions) {

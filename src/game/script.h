@@ -69,6 +69,7 @@ struct ScriptState {
   std::int32_t ScriptCursorLine = 1;
   bool AnyFlagChanged = false;  // some FlagChanged may be set
   std::shared_ptr<const CompiledScript> Compiled;
+  std::vector<ScriptLine> ClipLines;  // the lines last cut or copied in the editor
 
   // One run of the interpreter.
   bool AutoBetRunning = false;

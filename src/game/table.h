@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/money.h"
@@ -95,6 +96,12 @@ struct TableChip {
   std::int32_t y = 0;
 };
 inline constexpr std::size_t kMaxTableChips = 1000;
+
+// Ends of Hyper-Drive that more than one place has to know, as HyperDriveStopText tells them.
+inline constexpr std::string_view kStoppedByScript = "Stopped by Auto-Bet command.";
+inline constexpr std::string_view kStoppedByRollCount =
+    "Stopped by roll count on Auto-Play screen.";
+inline constexpr std::string_view kStoppedByScriptError = "Auto-Bet error.";
 
 struct TableState {
   BetAmounts BetAmount;

@@ -28,26 +28,6 @@ std::string Color(int ink) {
   return color;
 }
 
-std::string Escaped(std::string_view text) {
-  std::string escaped;
-  for (const char c : text) {
-    switch (c) {
-      case '&':
-        escaped += "&amp;";
-        break;
-      case '<':
-        escaped += "&lt;";
-        break;
-      case '>':
-        escaped += "&gt;";
-        break;
-      default:
-        escaped += c;
-    }
-  }
-  return escaped;
-}
-
 // name="value" for each.
 std::string Attribute(std::string_view name, double value) {
   return ' ' + std::string(name) + "=\"" + Number(value) + '"';
@@ -66,7 +46,7 @@ std::string Element(const PlacedText& text) {
   return "<text" + Attribute("x", text.x) + Attribute("y", text.y) +
          Attribute("font-size", text.size) + (text.bold ? " font-weight=\"bold\"" : "") +
          (text.ink == 0 ? "" : " fill=\"" + Color(text.ink) + '"') +
-         Attribute("textLength", text.width) + '>' + Escaped(text.text) + "</text>\n";
+         Attribute("textLength", text.width) + '>' + XmlText(text.text) + "</text>\n";
 }
 
 }  // namespace
@@ -77,7 +57,7 @@ std::string SvgOf(const Document& document, std::size_t page) {
                     "pt\" height=\"" + Number(kPageHeight) + "pt\" viewBox=\"0 0 " + size +
                     "\" font-family=\"Arial, 'Liberation Sans', Helvetica, sans-serif\" "
                     "stroke-linecap=\"square\">\n<title>" +
-                    Escaped(AsUtf8(document.title)) +
+                    XmlText(document.title) +
                     "</title>\n<rect width=\"100%\" height=\"100%\" fill=\"#ffffff\"/>\n";
   const PlacedPage placed = LayOut(document.pages[page]);
   for (const PrintedBox& box : placed.boxes) svg += Element(box);

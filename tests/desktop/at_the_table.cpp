@@ -1,5 +1,6 @@
 #include "desktop/at_the_table.h"
 
+#include <QLabel>
 #include <cstdlib>
 
 #include "desktop/offscreen.h"
@@ -35,31 +36,57 @@ AtTheTable::~AtTheTable() {
   std::filesystem::remove_all(folder_, ignored);
 }
 
+namespace {
+
+constexpr int kLongestDialog = 10'000;  // milliseconds
+
+std::string TextOf(QWidget& dialog) {
+  const auto* text = dialog.findChild<QLabel*>(QStringLiteral("lblMsg"));
+  return text == nullptr ? std::string() : text->text().toStdString();
+}
+
+}  // namespace
+
 void AtTheTable::LookForDialog() {
   QWidget* dialog = QApplication::activeModalWidget();
-  if (dialog == nullptr || dialog == answered_ || !dialog->isVisible()) {
-    if (dialog == nullptr) answered_ = nullptr;
+  if (dialog == nullptr || !dialog->isVisible()) return;
+  if (dialog == answered_) {
+    if (since_answer_.elapsed() < kLongestDialog) return;
+    ADD_FAILURE() << '"' << Titles.back() << "\" does not close";
+    dialog->close();
     return;
   }
+  if (!dialog->isActiveWindow()) dialog->activateWindow();  // there is no window manager
   answered_ = dialog;
+  since_answer_.start();
+  dialog->installEventFilter(&hidden_);
   Titles.push_back(dialog->windowTitle().toStdString());
   if (answers_.empty()) {
-    ADD_FAILURE() << "nobody expected the dialog \"" << Titles.back() << '"';
+    ADD_FAILURE() << "nobody expected the dialog \"" << Titles.back() << "\": " << TextOf(*dialog);
     dialog->close();
     return;
   }
   const std::function<void(QWidget&)> answer = std::move(answers_.front());
   answers_.pop_front();
   answer(*dialog);
-  // The same window may come up again, for the next question.
-  if (answered_ == dialog) answered_ = nullptr;
+}
+
+// The same window may come up again, for the next question.
+bool AtTheTable::Hidden::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Hide && watched == table_.answered_) table_.answered_ = nullptr;
+  return false;
 }
 
 void AtTheTable::ExpectPress(const char* button) {
   Expect([button](QWidget& dialog) {
-    auto* found = Find<QAbstractButton>(dialog, button);
-    if (found != nullptr) found->click();
-    if (dialog.isVisible() && found == nullptr) dialog.close();
+    auto* found = dialog.findChild<QAbstractButton*>(QString::fromLatin1(button));
+    if (found != nullptr) {
+      found->click();
+    } else {
+      ADD_FAILURE() << "no " << button << " on \"" << dialog.windowTitle().toStdString()
+                    << "\": " << TextOf(dialog);
+      dialog.close();
+    }
   });
 }
 
@@ -78,6 +105,8 @@ void AtTheTable::Roll(int die1, int die2) {
 
 void AtTheTable::Type(int key, Qt::KeyboardModifiers held) {
   QWidget* focus = QApplication::focusWidget();
+  // Without a window manager the table is not made active again when a dialog closes.
+  if (focus == nullptr) focus = window_->focusWidget();
   QTest::keyClick(focus != nullptr ? focus : window_.get(), static_cast<Qt::Key>(key), held);
 }
 

@@ -28,12 +28,12 @@ class RollPanelTest : public testing::Test {
   std::map<std::string, std::set<int>> PressAll(RollPanel panel, const PanelSize& size) {
     std::map<std::string, std::set<int>> picked;
     const PanelLayout layout = LayOutPanel(panel, size);
-    for (const PanelCell& cell : PanelCells(*game_, panel, layout)) {
+    for (const RollCell& cell : RollCells(*game_, panel, layout)) {
       for (int times = 0; times < 60; ++times) {
         if (!PickOnPanel(*game_, panel, layout, cell.Left + 1, cell.Top + 1)) continue;
         picked[cell.Label].insert(game_->Die1 * 10 + game_->Die2);
         bool marked = false;
-        for (const PanelCell& after : PanelCells(*game_, panel, layout)) {
+        for (const RollCell& after : RollCells(*game_, panel, layout)) {
           if (after.Label == cell.Label) marked = after.IsMarked;
         }
         EXPECT_TRUE(marked) << cell.Label;
@@ -88,7 +88,7 @@ TEST_F(RollPanelTest, PlacesOnThePanel) {
   // Totals in a block: 2 to 6, a wide 7, 8 to 12. In a line the strip beside it counts as the line.
   panel = {.Display = PanelDisplay::kTotals};
   layout = LayOutPanel(panel, {300, 300, 299, 299});
-  EXPECT_EQ(PanelCells(*game_, panel, layout)[5].Width, 5 * 59 - 5);
+  EXPECT_EQ(RollCells(*game_, panel, layout)[5].Width, 5 * 59 - 5);
   pick(3 * 59, 0);
   EXPECT_EQ(game_->Die1 + game_->Die2, 5);
   pick(290, 120);
@@ -164,7 +164,7 @@ TEST_F(RollPanelTest, ColoursByTotalAndByFace) {
     RollPanel panel = {.Display = display};
     game_->RyonButtonColor = scheme;
     std::map<std::string, std::set<std::int32_t>> found;
-    for (const PanelCell& cell : PanelCells(*game_, panel, LayOutPanel(panel, kSizes[0]))) {
+    for (const RollCell& cell : RollCells(*game_, panel, LayOutPanel(panel, kSizes[0]))) {
       found[cell.Label].insert(cell.Color);
     }
     return found;

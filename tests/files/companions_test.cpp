@@ -8,6 +8,7 @@
 #include <deque>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,6 +21,7 @@
 #include "files/game_file.h"
 #include "files/probability_commands.h"
 #include "support/recording_surface.h"
+#include "view/state_hash.h"
 
 namespace feltmaster {
 namespace {
@@ -37,6 +39,10 @@ class ChoosingSurface : public RecordingSurface {
     names.pop_front();
     return name;
   }
+  MessageReply ShowMessage(const MessageRequest& request) override {
+    if (during_message) during_message();
+    return RecordingSurface::ShowMessage(request);
+  }
   std::vector<std::string> Titles() const {
     std::vector<std::string> titles;
     for (const Message& message : messages) titles.push_back(message.title);
@@ -45,6 +51,7 @@ class ChoosingSurface : public RecordingSurface {
 
   std::deque<std::string> names;
   std::vector<std::string> asked;
+  std::function<void()> during_message;
 };
 
 class Companions : public testing::Test {
@@ -149,6 +156,27 @@ TEST_F(Companions, FoundAgainMissingAltered) {
   EXPECT_FALSE(game->ProbabilityChanged);
 }
 
+// A dialog lets a window's events through: whatever looks at the table meanwhile finds a whole
+// game.
+TEST_F(Companions, TheGameInPlayStaysWholeUntilEverythingIsTold) {
+  SaveWithCompanions(Path("in use/"));
+  fs::remove_all(Path("in use"));
+  SetLines(*game_, 2);
+  game_->Point = 8;
+  const std::uint64_t before = StateHash(*game_);
+  int told = 0;
+  surface_.during_message = [&] {
+    ++told;
+    EXPECT_EQ(StateHash(*game_), before);
+    EXPECT_EQ(game_->ScriptLines.size(), 2u);
+  };
+  EXPECT_TRUE(OpenGame(*game_, Path("a.crp"), true));
+  surface_.during_message = {};
+  EXPECT_EQ(told, 3);
+  EXPECT_EQ(game_->Point, 0);
+  EXPECT_THAT(game_->ScriptLines, IsEmpty());
+}
+
 TEST_F(Companions, WhatTheyAreNowIsToldWhenTheyAreNone) {
   SaveWithCompanions(Path("in use/"));
   for (const char* name : {"in use/s.bet", "in use/d.prb"}) std::ofstream(Path(name)) << "none";
@@ -238,6 +266,12 @@ TEST_F(Companions, TheOutputFileGoesOnAtItsEnd) {
   ASSERT_FALSE(CloseScriptOutput(*game));
   std::ifstream file(Path("out.txt"));
   EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), "one\ntwo\n");
+
+  // Not among the games of the log.
+  game_->ScriptOutputFile = game_->GamesLogFile = Path("both");
+  ASSERT_TRUE(SaveGame(*game_, Path("a.crp")));
+  EXPECT_EQ(Opened()->GamesLogFile, Path("both"));
+  EXPECT_FALSE(fs::exists(Path("both")));
 }
 
 // --- The questions -------------------------------------------------------------------------------

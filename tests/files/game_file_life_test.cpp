@@ -84,11 +84,9 @@ void ForgetTheMoment(Game& game) {
   game.HyperDriveStopText.clear();
   for (ScriptFlag& flag : game.ScriptFlags) flag.FlagChanged = false;
   game.AnyFlagChanged = false;
-  game.PayTable[0] = {};               // the row of the bet decided last
-  for (std::size_t option : {6, 7}) {  // the rows of the dialog of decided bets
-    game.HandleAmount[option] = {};
-    game.HandleUnits[option] = {};
-  }
+  game.PayTable[0] = {};  // the row of the bet decided last
+  // Of the dialog of decided bets; a file has room for the units of six options.
+  game.HandleUnits[6] = game.HandleUnits[7] = {};
   game.StackPileName = {};  // opening writes the number without a blank before it
 }
 

@@ -11,9 +11,11 @@
 #include <memory>
 #include <string>
 
+#include "autobet/hot_keys.h"
 #include "autobet/output_file.h"
 #include "autobet/script_conversion.h"
 #include "autobet/script_file.h"
+#include "console/result_file.h"
 #include "dice/probability.h"
 #include "engine/start_up.h"
 #include "files/game_file.h"
@@ -21,6 +23,7 @@
 #include "files/glg_file.h"
 #include "support/failing_calls.h"
 #include "support/recording_surface.h"
+#include "view/state_hash.h"
 
 namespace feltmaster {
 namespace {
@@ -111,6 +114,26 @@ TEST_F(WriteFaults, GameScriptAndProbabilityFiles) {
       [&](const std::string& path) { return SaveProbabilityFile(*game_, path); });
 }
 
+// Results of the command line, among them charts, CSV and exported logs.
+TEST_F(WriteFaults, AFileOfResults) {
+  int lines = 20'000;  // more than is written at once
+  CheckWholeOrOld(
+      "games.csv", [&] { lines = 30'000; },
+      [&](const std::string& path) {
+        ResultFile file;
+        game_->LastErrorText = file.Open(path);
+        if (!game_->LastErrorText.empty()) return false;
+        for (int i = 0; i < lines; ++i) file.Stream() << i << '\n';
+        game_->LastErrorText = file.Finish();
+        if (game_->LastErrorText.empty()) game_->LastErrorText = file.PutInPlace();
+        return game_->LastErrorText.empty();
+      });
+  ResultFile full;
+  ASSERT_EQ(full.Open("/dev/full"), "");
+  full.Stream() << "lost";
+  EXPECT_EQ(full.Finish(), "cannot write /dev/full: No space left on device.");
+}
+
 // default.crp takes the script and the dice along in files of their own: each of the three is whole
 // after any failure, and what could not be kept is still known as unsaved.
 TEST_F(WriteFaults, TheDefaultGameAndItsCompanions) {
@@ -143,6 +166,81 @@ TEST_F(WriteFaults, TheDefaultGameAndItsCompanions) {
         EXPECT_EQ(surface_.messages.empty(), all);
       });
   EXPECT_TRUE(saved);
+}
+
+// The list of Hot-Keys goes over the start of its file; what stands behind it stays.
+TEST_F(WriteFaults, HotKeys) {
+  const std::string list = game_->AppPath + "HotKeys.dta";
+  game_->HotKeys = {{'1', "one.bet", "first"}, {'2', "two.bet", "second"}};
+  ASSERT_TRUE(SaveHotKeys(*game_));
+  const std::string old_bytes = Bytes(list) + std::string(256, 'x');
+  game_->HotKeys = {{'Z', "last.bet", ""}};
+  bool saved = false;
+  const int calls = FailEachCall(
+      [&] {
+        std::ofstream(list, std::ios::binary) << old_bytes;
+        surface_.messages.clear();
+      },
+      [&] { saved = SaveHotKeys(*game_); },
+      [&](const FailedCall&) {
+        const std::string now = Bytes(list);
+        ASSERT_EQ(now == old_bytes, !saved);
+        ASSERT_EQ(now.substr(512), old_bytes.substr(512));
+        ASSERT_EQ(surface_.messages.empty(), saved);
+        if (!saved) {
+          ASSERT_EQ(surface_.messages[0].text,
+                    list + "\ncould not be saved: No space left on device.");
+        }
+      });
+  EXPECT_GE(calls, 8);  // the old list is read first
+  EXPECT_TRUE(saved);
+}
+
+// A disk that does not read is no short file: what was on the table stays there.
+TEST_F(WriteFaults, AFileThatCannotBeRead) {
+  SetLines(200);
+  SetProbabilityCell(*game_, 1, 6, 40'000, true);
+  ASSERT_TRUE(SaveScript(*game_, Path("s.bet")));
+  ASSERT_TRUE(SaveProbabilityFile(*game_, Path("d.prb")));
+  ASSERT_TRUE(SaveGame(*game_, Path("g.crp")));
+  const auto read_dice = game_->DiceProbability;
+  std::unique_ptr<Game> table;
+  const auto has_script = [&] { return table->ScriptLines.size() == 200; };
+  const auto has_dice = [&] { return table->DiceProbability == read_dice; };
+  struct Load {
+    std::function<bool()> load;
+    std::function<bool()> all_there;
+  };
+  const Load loads[] = {
+      {[&] { return LoadScript(*table, Path("s.bet")); }, has_script},
+      {[&] { return LoadProbabilityFile(*table, Path("d.prb")); }, has_dice},
+      {[&] { return OpenGame(*table, Path("g.crp"), true); },
+       [&] { return !surface_.messages.empty() || (has_script() && has_dice()); }},
+  };
+  for (const auto& [load, all_there] : loads) {
+    bool loaded = false;
+    std::uint64_t before = 0;
+    const int calls = FailEachCall(
+        [&] {
+          table = std::make_unique<Game>();
+          table->surface = &surface_;
+          StartUp(*table, {.data_dir = "", .seed = 1});
+          before = StateHash(*table);
+          surface_.messages.clear();
+        },
+        [&] { loaded = load(); },
+        [&](const FailedCall&) {
+          if (loaded) {
+            ASSERT_TRUE(all_there());
+          } else {
+            ASSERT_EQ(table->FileStatus, -1);
+            ASSERT_EQ(StateHash(*table), before);
+            ASSERT_TRUE(table->ScriptLines.empty());
+          }
+        });
+    EXPECT_GE(calls, 1);
+    EXPECT_TRUE(loaded);
+  }
 }
 
 TEST_F(WriteFaults, OutputFileOfAScript) {

@@ -166,6 +166,19 @@ TEST_F(GamesAnalysisTest, AgreesWithAPlainComputation) {
               included.size() % 2 == 0 && plain.values[half - 1] != plain.values[half]);
     ASSERT_NEAR(a.variance, plain.variance, 1e-8 + 1e-9 * plain.variance);
     ASSERT_NEAR(a.deviation.ToDouble(), std::sqrt(plain.variance), 0.0001);
+    double cubes = 0;
+    double fourths = 0;
+    for (const std::int64_t x : included) {
+      const double distance = static_cast<double>(x - a.mean.Raw());
+      const double z =
+          a.deviation.Raw() > 0 ? distance / static_cast<double>(a.deviation.Raw()) : 0;
+      cubes += z * z * z;
+      fourths += z * z * z * z;
+    }
+    const auto games_included = static_cast<double>(included.size());
+    const bool spreads = a.deviation.Raw() > 0;
+    ASSERT_NEAR(a.skew.ToDouble(), cubes / games_included, 0.00011);
+    ASSERT_NEAR(a.kurtosis.ToDouble(), spreads ? fourths / games_included - 3 : 0, 0.00011);
     if (plain.variance > 100) {  // with less, the four places of Mean and Std Dev tell
       ASSERT_NEAR(a.skew.ToDouble(), plain.skew, 0.001 + 0.001 * std::fabs(plain.skew));
       ASSERT_NEAR(a.kurtosis.ToDouble(), plain.kurtosis, 0.001 * (5 + plain.kurtosis));

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <vector>
+
+#include "desktop/figure_grid.h"
+#include "desktop/screen_window.h"
+
+namespace feltmaster {
+
+// A digest of the game on one page.
+class SummaryScreen : public ScreenWindow {
+ public:
+  static constexpr ScreenTraits kTraits = {"frmSummary", "Summary", 0, kSummaryScreen};
+  explicit SummaryScreen(Screens& screens);
+
+  void Refresh() override;
+
+ private:
+  std::vector<FigureGrid*> groups_;
+};
+
+}  // namespace feltmaster
