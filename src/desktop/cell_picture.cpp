@@ -6,6 +6,7 @@
 #include <numeric>
 #include <utility>
 
+#include "desktop/dialog_tools.h"
 #include "desktop/paint_tools.h"
 #include "desktop/qt_text.h"
 
@@ -26,6 +27,11 @@ void PaintLock(QPainter& painter, const QRectF& box, const QColor& color) {
 }
 
 }  // namespace
+
+QColor InkOfNumber(const std::string& text, const QPalette& palette) {
+  const bool zero = text.find_first_of("123456789") == std::string::npos;
+  return MoneyColor(zero ? 0 : text.starts_with('-') ? -1 : 1, palette);
+}
 
 CellPicture::CellPicture(int rows, std::vector<double> columns,
                          std::function<DrawnCell(CellPlace)> drawn)

@@ -24,6 +24,9 @@ struct DrawnCell {
   bool blank = false;  // nothing is drawn, not even the cell
 };
 
+// Blue above 0, red below, as the text of a cell says it.
+QColor InkOfNumber(const std::string& text, const QPalette& palette);
+
 struct CellPlace {
   int row = 0;
   int column = 0;

@@ -6,11 +6,11 @@
 #include <algorithm>
 #include <array>
 
-#include "base/number_format.h"
 #include "config/payoffs.h"
 #include "desktop/cell_picture.h"
 #include "desktop/configure_page.h"
 #include "desktop/qt_text.h"
+#include "desktop/rows_table.h"
 #include "view/rules_rows.h"
 
 // The tabs Payoffs and Advantage: tables of which 21 rows are seen.
@@ -153,8 +153,8 @@ class PayoffsPage : public ConfigurePage {
     const PayoffCell cell = CellOf(place);
     const std::string& text = TextOf(place);
     DrawnCell drawn{.text = ToQt(text), .at_left = cell.part == 0};
-    if (cell.part == 1 || cell.part == 3) drawn.ink = AmountInk(ParseMoney(text), palette());
-    if (text == "for") drawn.ink = InkOf(kForInk, palette().color(QPalette::Base));
+    if (cell.part == 1 || cell.part == 3) drawn.ink = InkOfNumber(text, palette());
+    if (text == "for") drawn.ink = InkOn(kForInk, palette());
     return drawn;
   }
 
@@ -220,7 +220,7 @@ class AdvantagePage : public ConfigurePage {
     const std::string& text = rows_[row][static_cast<std::size_t>(place.column)];
     DrawnCell drawn{.text = ToQt(text), .heading = row == 0, .at_left = place.column == 0};
     if (row > 0 && place.column > 0 && text.starts_with('-')) {
-      drawn.ink = AmountInk(MoneyAmount(-1), palette());
+      drawn.ink = InkOfNumber(text, palette());
     }
     return drawn;
   }

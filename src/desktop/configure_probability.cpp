@@ -117,7 +117,7 @@ class ProbabilityPage : public ConfigurePage {
     DrawnCell drawn{.text = ToQt(cell.text), .locked = cell.locked};
     if (place.row != kTotalRow) drawn.name = ToQt(cell.name);
     if (ShowsDifferences()) {
-      drawn.ink = AmountInk(MoneyAmount::FromDouble(cell.value), palette());
+      drawn.ink = InkOfNumber(cell.text, palette());
     }
     return drawn;
   }

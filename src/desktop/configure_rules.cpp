@@ -5,7 +5,7 @@
 #include <QPushButton>
 
 #include "desktop/configure_page.h"
-#include "desktop/figure_labels.h"
+#include "desktop/figure_grid.h"
 #include "desktop/number_field.h"
 #include "desktop/qt_text.h"
 #include "engine/place_bet.h"
@@ -35,6 +35,9 @@ class BetsPage : public ConfigurePage {
     columns->addWidget(vigorish);
   }
 };
+
+constexpr FigureNames kBankrollNames[] = {
+    {"lblCurrentBankroll"}, {"lblInvestedBankroll"}, {"lblNet", "lblWonLost"}};
 
 class BankrollPage : public ConfigurePage {
  public:
@@ -82,7 +85,7 @@ class BankrollPage : public ConfigurePage {
     row->addWidget(button);
   }
 
-  FigureLabels figures_{{"lblCurrentBankroll", "lblInvestedBankroll", "lblNet"}};
+  FigureGrid figures_{kBankrollNames, 1, this};
 };
 
 class MiscPage : public ConfigurePage {

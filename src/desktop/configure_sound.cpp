@@ -7,7 +7,7 @@
 
 #include "config/comps.h"
 #include "desktop/configure_page.h"
-#include "desktop/figure_labels.h"
+#include "desktop/figure_grid.h"
 #include "desktop/qt_text.h"
 #include "engine/sounds.h"
 #include "engine/table_effects.h"
@@ -107,6 +107,10 @@ constexpr std::array<MarkButton, 3> kMarkButtons = {{{"cmdYes", "Yes", BetMark::
                                                      {"cmdNo", "No", BetMark::kNo},
                                                      {"cmdDefault", "Default", BetMark::kDefault}}};
 
+constexpr FigureNames kCompNames[] = {{"lblCompdata0"}, {"lblCompdata1"}, {"lblCompdata2"},
+                                      {"lblCompdata3"}, {"lblCompdata4"}, {"lblCompdata5"},
+                                      {"lblCompdata6"}};
+
 class CompsPage : public ConfigurePage {
  public:
   explicit CompsPage(const ConfigureHost& host) : ConfigurePage(host) {
@@ -180,8 +184,7 @@ class CompsPage : public ConfigurePage {
   }
 
   QListWidget* bets_ = new QListWidget;
-  FigureLabels figures_{{"lblCompdata0", "lblCompdata1", "lblCompdata2", "lblCompdata3",
-                         "lblCompdata4", "lblCompdata5", "lblCompdata6"}};
+  FigureGrid figures_{kCompNames, 1, this};
 };
 
 }  // namespace

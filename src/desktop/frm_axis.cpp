@@ -1,7 +1,6 @@
 #include "desktop/frm_axis.h"
 
 #include <QButtonGroup>
-#include <QDialog>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -12,6 +11,7 @@
 #include <array>
 
 #include "base/number_format.h"
+#include "desktop/dialog_tools.h"
 #include "desktop/die_picture.h"
 #include "desktop/number_field.h"
 #include "desktop/paint_tools.h"
@@ -102,8 +102,7 @@ class DieGroup : public QGroupBox {
 }  // namespace
 
 bool ShowAxisScreen(QWidget* parent, Game& game) {
-  QDialog screen(parent);
-  screen.setObjectName(QStringLiteral("frmAxis"));
+  GameDialog screen(parent, game, "frmAxis", 0);
   screen.setWindowTitle(QStringLiteral("Percentage dice about an axis"));
   auto* rows = new QVBoxLayout(&screen);
   auto* dice = new QHBoxLayout;

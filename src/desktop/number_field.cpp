@@ -1,53 +1,20 @@
 #include "desktop/number_field.h"
 
+#include <QApplication>
 #include <QEvent>
-#include <QPalette>
-#include <QValidator>
 
 #include "base/number_format.h"
-#include "desktop/paint_tools.h"
+#include "desktop/dialog_tools.h"
 #include "desktop/qt_text.h"
-#include "view/palette.h"
 
 namespace feltmaster {
 
-namespace {
-
-class KeyValidator : public QValidator {
- public:
-  KeyValidator(const NumberRule& rule, QObject* parent) : QValidator(parent), rule_(rule) {}
-  State validate(QString& input, int&) const override {
-    return KeysPass(FromQt(input), rule_) ? Acceptable : Invalid;
-  }
-
- private:
-  NumberRule rule_;
-};
-
-}  // namespace
-
-QColor InkOf(int palette_number, const QColor& ground) {
-  const Rgb color = PaletteRgb(palette_number);
-  return Legible(QColor(color.red, color.green, color.blue), ground);
-}
-
-QColor AmountInk(MoneyAmount amount, const QPalette& palette) {
-  if (amount.Raw() == 0) return palette.color(QPalette::Text);
-  return InkOf(amount.Raw() > 0 ? kBlueInk : kRedInk, palette.color(QPalette::Base));
-}
-
-NumberField::NumberField(const NumberRule& rule, QWidget* parent) : QLineEdit(parent) {
+NumberField::NumberField(const NumberRule& rule, QWidget* parent)
+    : AmountField(parent, rule.decimals, rule.negative) {
   constexpr int kDigits = 14;
-  setMinimumWidth(fontMetrics().averageCharWidth() * kDigits);
-  setMaximumWidth(fontMetrics().averageCharWidth() * kDigits * 2);
-  SetRule(rule);
+  setMinimumWidth(Letters(*this, kDigits));
+  setMaximumWidth(Letters(*this, kDigits * 2));
   connect(this, &QLineEdit::textChanged, this, [this] { Color(); });
-}
-
-void NumberField::SetRule(const NumberRule& rule) {
-  const QValidator* before = validator();
-  setValidator(new KeyValidator(rule, this));
-  delete before;
 }
 
 std::string NumberField::Typed() const {
@@ -62,18 +29,21 @@ void NumberField::ShowNumber(const std::string& number) {
 }
 
 void NumberField::Color() {
+  const MoneyAmount amount = ParseMoney(FromQt(text()));
+  const int sign = amount.Raw() > 0 ? 1 : amount.Raw() < 0 ? -1 : 0;
+  // The ink is reckoned from the application's colours: the field's own hold the last one.
+  const QColor ink = MoneyColor(sign, QApplication::palette());
   QPalette colored = palette();
-  QPalette plain;  // of the application: what is at 0 must not keep an ink
-  const QColor ink = AmountInk(ParseMoney(FromQt(text())), plain);
   if (colored.color(QPalette::Active, QPalette::Text) == ink) return;
-  colored.setColor(QPalette::Active, QPalette::Text, ink);
-  colored.setColor(QPalette::Inactive, QPalette::Text, ink);
+  for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+    colored.setColor(group, QPalette::Text, ink);
+  }
   setPalette(colored);
 }
 
 void NumberField::changeEvent(QEvent* event) {
-  QLineEdit::changeEvent(event);
-  if (event->type() == QEvent::EnabledChange) Color();
+  AmountField::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) Color();
 }
 
 }  // namespace feltmaster

@@ -80,17 +80,6 @@ double Contrast(const QColor& a, const QColor& b) {
   return std::max(first, second) / std::min(first, second);
 }
 
-QColor Legible(const QColor& ink, const QColor& ground) {
-  constexpr double kReadable = 3.9;  // bright red on white passes
-  const QColor away = Contrast(ground, Qt::white) > Contrast(ground, Qt::black) ? Qt::white
-                                                                                : Qt::black;
-  QColor seen = ink;
-  for (double part = 0; part < 1 && Contrast(seen, ground) < kReadable; part += 0.1) {
-    seen = Mix(ink, away, part);
-  }
-  return seen;
-}
-
 QRectF SquareAround(QPointF middle, double half) {
   return QRectF(middle.x() - half, middle.y() - half, 2 * half, 2 * half);
 }

@@ -24,8 +24,6 @@ QColor Mix(const QColor& from, const QColor& to, double part);
 QColor WithAlpha(QColor color, int alpha);
 // How well one colour is read on another: 1 for the same, 21 for black on white.
 double Contrast(const QColor& a, const QColor& b);
-// An ink, made lighter or darker until it is read on the ground.
-QColor Legible(const QColor& ink, const QColor& ground);
 
 inline QRectF RectOf(const Box& box) {
   return QRectF(box.left, box.top, box.Width(), box.Height());

@@ -32,8 +32,18 @@ QColor ToneColor(Tone tone, const QPalette& palette) {
       return MoneyColor(-1, palette);
     case Tone::kVig:
       break;
+QColor InkOn(int number, const QPalette& palette) {
+  const QColor pure = InkColor(number);
+  QColor color = pure;
+  for (double part = 0; Contrast(color, palette.color(QPalette::Base)) < kLegible && part < 1;) {
+    color = Mix(pure, palette.color(QPalette::Text), part += 0.1);
   }
   return Mix(MoneyColor(1, palette), palette.color(QPalette::Text), kDarker);
+}
+
+QColor ToneColor(Tone tone, const QPalette& palette) {
+  return tone == Tone::kNeutral ? palette.color(QPalette::Text)
+                                : InkOn(PaletteColor(tone), palette);
 }
 
 // ---- The model --------------------------------------------------------------------------------

@@ -35,6 +35,7 @@ constexpr ScreenKind Kind(WindowCommand command, bool modal = false) {
 // In the order in which they are reopened. A screen is a class over ScreenWindow with its
 // ScreenTraits as kTraits.
 constexpr auto kKinds = std::to_array<ScreenKind>({
+    Kind<ConfigureScreen>(WindowCommand::kConfigure, true),
     Kind<AutoBetScreen>(WindowCommand::kAutoBet, true),
     Kind<RyonScreen>(WindowCommand::kRollYourOwn),
     Kind<SummaryScreen>(WindowCommand::kSummary),
