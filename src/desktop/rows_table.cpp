@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "desktop/dialog_tools.h"
+#include "desktop/ink.h"
 #include "desktop/paint_tools.h"
 #include "desktop/picture_export.h"
 #include "desktop/qt_text.h"
@@ -18,27 +19,17 @@ namespace feltmaster {
 namespace {
 
 constexpr double kFainter = 0.35;
-constexpr double kDarker = 0.4;
+constexpr double kLegible = 4.5;  // contrast of small letters
 
 }  // namespace
 
-QColor ToneColor(Tone tone, const QPalette& palette) {
-  switch (tone) {
-    case Tone::kNeutral:
-      return MoneyColor(0, palette);
-    case Tone::kWin:
-      return MoneyColor(1, palette);
-    case Tone::kLoss:
-      return MoneyColor(-1, palette);
-    case Tone::kVig:
-      break;
 QColor InkOn(int number, const QPalette& palette) {
   const QColor pure = InkColor(number);
   QColor color = pure;
   for (double part = 0; Contrast(color, palette.color(QPalette::Base)) < kLegible && part < 1;) {
     color = Mix(pure, palette.color(QPalette::Text), part += 0.1);
   }
-  return Mix(MoneyColor(1, palette), palette.color(QPalette::Text), kDarker);
+  return color;
 }
 
 QColor ToneColor(Tone tone, const QPalette& palette) {

@@ -44,7 +44,6 @@ constexpr auto kKinds = std::to_array<ScreenKind>({
     Kind<RollFrequenciesScreen>(WindowCommand::kRollFreqs),
     Kind<BetResultsScreen>(WindowCommand::kBetResults),
     Kind<BetTrendsScreen>(WindowCommand::kBetTrends),
-    Kind<ConfigureScreen>(WindowCommand::kConfigure, true),
 });
 
 const ScreenKind* KindOf(WindowCommand command) {

@@ -72,7 +72,7 @@ TEST_F(TheScriptEditor, ComposesEveryRowOfItsListsAsTheTextDoes) {
       const std::size_t before = game_->ScriptLines.size();
       PressButton(button);
       Type(Qt::Key_Return);
-      ASSERT_EQ(game_->ScriptLines.size(), before + 1) << row;
+      EXPECT_EQ(game_->ScriptLines.size(), before + 1) << row;
       const auto composed = ComposeLine(game_->ScriptLines.front().LineText);
       const auto* line = std::get_if<ScriptLine>(&composed);
       EXPECT_TRUE(line != nullptr && SameLine(*line, game_->ScriptLines.front()))
