@@ -178,7 +178,12 @@ bool DesktopSurface::ShowStep(const StepRequest& request) {
 }
 
 std::string DesktopSurface::AskFile(const FileRequest& request) {
-  return AskFileName(ReadyForDialog(), game_, request);
+  const std::string name = AskFileName(ReadyForDialog(), game_, request);
+  if (!name.empty()) {  // until what is done with the file lets events through again
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    QTimer::singleShot(0, [] { QApplication::restoreOverrideCursor(); });
+  }
+  return name;
 }
 
 // ---- Sound ------------------------------------------------------------------------------------
