@@ -53,6 +53,13 @@ if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
 endif()
 
+# Large headers of libraries, read once. A compiler cache does better and does not go with it.
+function(precompile_headers target)
+  if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+  endif()
+endfunction()
+
 function(forgive_leaks_of_libraries target)
   if(FELTMASTER_SANITIZE)
     target_sources(${target} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/leaks_of_libraries.cpp)

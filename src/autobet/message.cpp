@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/number_format.h"
+#include "base/record_file.h"
 #include "surface/surface.h"
 
 namespace feltmaster {
@@ -104,8 +105,8 @@ bool AskYesNo(Game& game, std::string title, std::string text, std::int32_t opti
 }
 
 void TellNotSaved(Game& game, std::string_view what, const std::string& path) {
-  const std::string reason = game.LastErrorText.substr(0, game.LastErrorText.find(", Error #"));
-  Tell(game, "Unable to Save " + std::string(what), path + "\ncould not be saved: " + reason + '.',
+  Tell(game, "Unable to Save " + std::string(what),
+       path + "\ncould not be saved: " + DescriptionIn(game.LastErrorText) + '.',
        kButtonOk | kPictureStop);
 }
 

@@ -18,6 +18,7 @@ void ToggleHyperDrive(Game& game) {
   }
   game.HyperDriveActive = true;
   game.KeepRolling = true;
+  game.surface->RefreshOpenScreens();
   if (!game.surface->TableMinimised()) game.surface->TableChanged(kChangedAll);
   RollCycle(game);
 }

@@ -62,6 +62,11 @@ std::optional<FileError> DraftFile::WriteAt(std::uint64_t place, std::string_vie
   return std::nullopt;
 }
 
+std::optional<FileError> DraftFile::Flush() {
+  if (::fsync(file_.Number()) != 0) return SystemError(errno);
+  return std::nullopt;
+}
+
 std::optional<FileError> DraftFile::PutInPlace() {
   const bool done = (mode_ < 0 || ::fchmod(file_.Number(), static_cast<mode_t>(mode_)) == 0) &&
                     ::fsync(file_.Number()) == 0 && file_.Close() == 0 &&

@@ -23,6 +23,7 @@ class DraftFile {
   std::optional<FileError> Open(const std::string& path);
   std::optional<FileError> Write(std::string_view bytes);  // behind what was written
   std::optional<FileError> WriteAt(std::uint64_t place, std::string_view bytes);
+  std::optional<FileError> Flush();  // to the disk, as PutInPlace does it
   std::optional<FileError> PutInPlace();
 
  private:

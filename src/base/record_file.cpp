@@ -99,6 +99,10 @@ std::string FileError::At(std::string_view place) const {
          " occurred, at: " + std::string(place);
 }
 
+std::string DescriptionIn(std::string_view error_text) {
+  return std::string(error_text.substr(0, error_text.find(", Error #")));
+}
+
 FileError SystemError(int number) {
   return {number, std::generic_category().message(number)};
 }

@@ -51,6 +51,8 @@ struct FileError {
   std::string At(std::string_view place) const;
 };
 FileError SystemError(int number);
+// The description alone, out of a text that At has made.
+std::string DescriptionIn(std::string_view error_text);
 
 // Why a path cannot be read as a file of records, if it cannot: it is not there, or it is a folder,
 // or a pipe or a device, which would be waited for.

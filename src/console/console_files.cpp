@@ -27,7 +27,8 @@ Reply Open(Console& console, Arguments& args) {
     return Done({}, file + " is open. " + BankrollInWords(game, game.BetAmount[kBankroll]));
   }
   if (game.FileStatus < 0) {
-    return Refused("FILE " + Quoted(file) + " cannot be opened: " + OneLine(game.LastErrorText));
+    return Refused("FILE " + Quoted(file) +
+                   " cannot be opened: " + DescriptionIn(game.LastErrorText));
   }
   return Done({}, "The game goes on.\n");
 }
@@ -55,7 +56,8 @@ Reply PrbOpen(Console& console, Arguments& args) {
                                                    : "; prb on brings them to the table.\n"));
   }
   if (game.FileStatus < 0) {
-    return Refused("FILE " + Quoted(file) + " cannot be read: " + game.LastErrorText + '.');
+    return Refused("FILE " + Quoted(file) +
+                   " cannot be read: " + DescriptionIn(game.LastErrorText));
   }
   return Done();
 }
@@ -63,7 +65,8 @@ Reply PrbSave(Console& console, Arguments& args) {
   const std::string file = args.Rest("FILE");
   if (args.Failed()) return Refused(args);
   if (!SaveProbabilityFile(console.Table, file)) {
-    return Refused("FILE " + Quoted(file) + " cannot be written: " + console.Table.LastErrorText);
+    return Refused("FILE " + Quoted(file) +
+                   " cannot be written: " + DescriptionIn(console.Table.LastErrorText));
   }
   return Done();
 }
@@ -107,7 +110,8 @@ Reply UseRolls(Console& console, Arguments& args, DiceRollMode mode) {
   game.FileStatus = 1;
   if (!OpenDiceRollFile(game, file)) {
     if (game.FileStatus >= 0) return Done();
-    return Refused("FILE " + Quoted(file) + " cannot be opened: " + OneLine(game.LastErrorText));
+    return Refused("FILE " + Quoted(file) +
+                   " cannot be opened: " + DescriptionIn(game.LastErrorText));
   }
   return Done({}, SetDiceRollMode(game, mode) ? RecorderInWords(game) : std::string());
 }
@@ -196,7 +200,8 @@ Reply Log(Console& console, Arguments& args) {
   if (!std::filesystem::exists(file, ignored)) fault = MakeEmptyLog(file);
   if (fault) game.LastErrorText = fault->error.At("Open Games File");
   if (fault || (!OpenGamesLog(game, file) && game.FileStatus < 0)) {
-    return Refused("FILE " + Quoted(file) + " cannot be used: " + OneLine(game.LastErrorText));
+    return Refused("FILE " + Quoted(file) +
+                   " cannot be used: " + DescriptionIn(game.LastErrorText));
   }
   return GamesReply(game);
 }

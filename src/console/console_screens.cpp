@@ -125,19 +125,12 @@ Reply ShowFrequencies(Console& console, Arguments& args) {
   args.End();
   if (args.Failed()) return Refused(args);
   const FrequencyEntry& chosen = kFrequencyEntry[static_cast<std::size_t>(entry)];
-  Rows rows = {{"Display frequencies for:", std::string(chosen.caption)}};
-  const Rows figures = RowsOf(FrequencyFigures(game, chosen.event, skewed));
-  rows.insert(rows.end(), figures.begin(), figures.end());
+  Rows rows = FrequencyRows(game, chosen, skewed);
   std::string words = TextTable(rows) + '\n';
 
   const Rows gaps = GapRows(game, chosen.event);
-  Rows columns(kGapRowsShown);
-  for (std::size_t gap = 0; gap < gaps.size(); ++gap) {
-    Row& line = columns[gap % kGapRowsShown];
-    line.insert(line.end(), gaps[gap].begin(), gaps[gap].end());
-  }
   rows.insert(rows.end(), gaps.begin(), gaps.end());
-  return RowsReply(rows, words + TextTable(columns));
+  return RowsReply(rows, words + TextTable(InColumns(gaps, kGapRowsShown)));
 }
 
 // What the arguments choose, or else the screen's own choice, or else all bets.

@@ -35,7 +35,7 @@ Reply ScriptLoad(Console& console, Arguments& args) {
   if (!is_bet) {
     fault = LoadScriptOrText(game, file);
   } else if (game.LastErrorText.clear(); !LoadScript(game, file)) {
-    fault = game.LastErrorText;
+    fault = DescriptionIn(game.LastErrorText);
   }
   if (!fault) return LinesReply(game);
   if (console.Surface.Messages.empty()) {
@@ -47,7 +47,8 @@ Reply ScriptSave(Console& console, Arguments& args) {
   const std::string file = args.Rest("FILE");
   if (args.Failed()) return Refused(args);
   if (!SaveScript(console.Table, file)) {
-    return Refused("FILE " + Quoted(file) + " cannot be written: " + console.Table.LastErrorText);
+    return Refused("FILE " + Quoted(file) +
+                   " cannot be written: " + DescriptionIn(console.Table.LastErrorText));
   }
   console.Table.ScriptUnsaved = false;
   return LinesReply(console.Table);

@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <ctime>
-#include <filesystem>
 #include <limits>
 #include <ostream>
 #include <random>
@@ -12,6 +11,7 @@
 #include "console/dealer_words.h"
 #include "console/document_file.h"
 #include "reports/document.h"
+#include "reports/report_pages.h"
 
 namespace feltmaster {
 
@@ -177,12 +177,7 @@ void ConsoleSurface::ShowNotice(std::string_view title, std::string_view text) {
 
 std::optional<FileError> ConsoleSurface::Print(const Document& document) {
   std::string path = PrintFile;
-  if (path.empty()) {
-    std::error_code ignored;
-    do {
-      path = table_.AppPath + "report-" + std::to_string(next_report_++) + ".pdf";
-    } while (std::filesystem::exists(path, ignored));
-  }
+  if (path.empty()) path = FreeReportName(table_.AppPath);
   const std::optional<FileError> error = WriteDocument(document, path);
   if (error) return error;
   PagesPrinted += document.pages.size();

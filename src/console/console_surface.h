@@ -85,7 +85,6 @@ class ConsoleSurface : public NullSurface {
 
   Game& table_;
   bool seeded_;
-  int next_report_ = 1;
   bool rolled_in_sight_ = false;  // dice were thrown, and what they did is still to be told
 };
 

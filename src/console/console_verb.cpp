@@ -158,12 +158,7 @@ int RunConsole(const ConsoleOptions& options) {
   std::error_code ignored;
   console->Table.FileDialogPath = (fs::current_path(ignored) / "").string();
   if (!options.GameFile.empty() && !OpenGame(console->Table, options.GameFile, true)) {
-    const Game& table = console->Table;
-    std::cerr << "feltmaster console: "
-              << OneLine(table.FileStatus < 0
-                             ? options.GameFile + " cannot be opened: " + table.LastErrorText
-                             : table.MsgText)
-              << '\n';
+    std::cerr << "feltmaster console: " << WhyNotOpened(console->Table, options.GameFile) << '\n';
     return 2;
   }
   if (options.Rng != 0) console->Table.RngSelected = options.Rng - 1;

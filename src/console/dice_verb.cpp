@@ -57,7 +57,7 @@ struct Desk {
     if (!(options.out_of > 0 && options.out_of <= 1e9)) return "--out-of is 1 to 1000000000.";
     if (file.empty() || LoadProbabilityFile(table, file)) return {};
     if (table.FileStatus == 0) return table.LastErrorText;
-    return file + " cannot be read: " + table.LastErrorText + '.';
+    return file + " cannot be read: " + DescriptionIn(table.LastErrorText) + '.';
   }
 
   Game table;
@@ -269,7 +269,8 @@ int SetDice(const DiceOptions& options) {
   }
   if (!fault.empty()) return Refuse("set", fault);
   if (!SaveProbabilityFile(desk->table, options.file)) {
-    return Refuse("set", options.file + " cannot be written: " + desk->table.LastErrorText + '.');
+    return Refuse("set", options.file + " cannot be written: " +
+                             DescriptionIn(desk->table.LastErrorText) + '.');
   }
   return Print(desk->table, options, "set");
 }

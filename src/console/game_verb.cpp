@@ -201,8 +201,7 @@ int ShowGame(const GameOptions& options) {
                     " is either from a different version, has been corrupted, or is not a true "
                     "Feltmaster game file.");
     }
-    return Refuse(options.file + " cannot be read: " +
-                  game.LastErrorText.substr(0, game.LastErrorText.find(", Error #")) + '.');
+    return Refuse(options.file + " cannot be read: " + DescriptionIn(game.LastErrorText) + '.');
   }
   std::cout << (options.json ? ShowJson(*shelf, options.file) : ShowText(*shelf, options.file))
             << std::flush;

@@ -17,8 +17,8 @@ std::string PrintInto(Console& console, const ReportOrder& order) {
   order.command->print(console.Table, order.confirm);
   surface.PrintFile.clear();
   if (surface.PagesPrinted > 0 || console.Table.LastErrorText.empty()) return {};
-  return "FILE \"" + order.file + "\" cannot be written: " + OneLine(console.Table.LastErrorText) +
-         '.';
+  return "FILE \"" + order.file +
+         "\" cannot be written: " + DescriptionIn(console.Table.LastErrorText) + '.';
 }
 
 }  // namespace feltmaster

@@ -56,8 +56,7 @@ std::string OpenTable(const ReportOptions& options, Console& console) {
   Game& table = console.Table;
   StartUp(table, {.data_dir = "", .seed = 1});
   if (!options.game.empty() && !OpenGame(table, options.game, true)) {
-    return OneLine(table.FileStatus < 0 ? options.game + " cannot be opened: " + table.LastErrorText
-                                        : table.MsgText);
+    return WhyNotOpened(table, options.game);
   }
   if (!options.data_dir.empty()) {
     table.AppPath = options.data_dir + (options.data_dir.ends_with('/') ? "" : "/");

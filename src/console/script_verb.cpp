@@ -169,7 +169,8 @@ int Compile(const ScriptOptions& options) {
   Desk desk;
   if (const int refused = desk.Load(options.file)) return refused;
   if (!SaveScript(desk.table, options.output)) {
-    return Refuse(options.output + " cannot be written: " + desk.table.LastErrorText + '.');
+    return Refuse(options.output +
+                  " cannot be written: " + DescriptionIn(desk.table.LastErrorText) + '.');
   }
   std::cout << options.output << ": " << desk.table.ScriptLines.size() << " lines.\n";
   return Printed(TellStructure(options.file, desk.table.ScriptLines));

@@ -42,9 +42,7 @@ std::string SetTable(Game& table, SetUpSurface& surface, const TableOptions& opt
   table.surface = &surface;
   if (!options.game_file.empty()) {
     if (!OpenGame(table, options.game_file, true)) {
-      return OneLine(table.FileStatus < 0
-                         ? options.game_file + " cannot be opened: " + table.LastErrorText
-                         : table.MsgText);
+      return WhyNotOpened(table, options.game_file);
     }
     HouseSettings settings;  // of the game just opened, too
     for (const std::string& text : options.settings) ReadHouseSetting(text, settings);

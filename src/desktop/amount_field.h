@@ -2,6 +2,8 @@
 
 #include <QLineEdit>
 
+#include "config/configure.h"
+
 namespace feltmaster {
 
 // A field that is typed over: getting the focus selects its whole text.
@@ -23,6 +25,7 @@ class AmountField : public WholeTextField {
  public:
   // `length` is the longest text, 0 for no limit of its own.
   AmountField(QWidget* parent, int decimals, bool allow_negative, int length = 0);
+  void SetRule(const NumberRule& rule);
 };
 
 }  // namespace feltmaster

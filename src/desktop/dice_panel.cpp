@@ -32,7 +32,7 @@ QColor InkOn(const QColor& color) {
 
 }  // namespace
 
-DicePanel::DicePanel(QWidget* parent, Game& game) : QWidget(parent), game_(game) {
+DicePanel::DicePanel(QWidget* parent, Game& game) : QWidget(parent), game_(game), menu_(this) {
   setObjectName("picCells");
   setAccessibleName("Next roll");
   setFocusPolicy(Qt::StrongFocus);
@@ -74,6 +74,7 @@ void DicePanel::BuildMenu() {
     displays_[i]->setCheckable(true);
     connect(displays_[i], &QAction::triggered, this, [this, i] {
       panel_.Display = static_cast<PanelDisplay>(i);
+      cell_ = 0;
       StateChanged();
     });
   }

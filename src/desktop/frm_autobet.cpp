@@ -195,10 +195,13 @@ AutoBetScreen::AutoBetScreen(Screens& screens)
   setCentralWidget(split);
   BuildMenus();
   list_->menu = menuBar()->findChild<QMenu*>("mnuEdit");
-  resize(fontMetrics().horizontalAdvance('n') * 160, fontMetrics().height() * 46);
   qApp->installEventFilter(this);
   list_->setFocus();
   ShowAll();
+}
+
+QSize AutoBetScreen::PreferredSize() const {
+  return QSize(fontMetrics().horizontalAdvance('n') * 165, fontMetrics().height() * 46);
 }
 
 AutoBetScreen::~AutoBetScreen() {

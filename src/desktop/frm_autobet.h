@@ -28,6 +28,7 @@ class AutoBetScreen : public ScreenWindow {
 
  protected:
   bool MayClose() override;
+  QSize PreferredSize() const override;
   std::int32_t HelpTopic() const override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;

@@ -206,11 +206,12 @@ MessageReply ShowMessageDialog(QWidget* parent, Game& game, const MessageRequest
 
 void ShowNoticeWindow(QWidget* parent, std::string_view title, std::string_view text) {
   constexpr const char* kName = "frmNotice";
+  QWidget* const table = TableOf(parent);  // the opener may be the notice before
   for (QWidget* const window : QApplication::topLevelWidgets()) {
     if (window->objectName() == kName) delete window;
   }
   if (text.empty()) return;
-  auto* const notice = new QDialog(parent);
+  auto* const notice = new QDialog(table);
   notice->setObjectName(kName);
   notice->setWindowTitle(ToQt(title));
   notice->setAccessibleDescription(ToQt(text));
@@ -219,7 +220,7 @@ void ShowNoticeWindow(QWidget* parent, std::string_view title, std::string_view 
   SetMargins(*column, *notice);
   column->addLayout(MessageRow(notice, text, MessagePicture::kProgram));
   notice->adjustSize();
-  CentreOverTable(*notice, parent);
+  CentreOverTable(*notice, table);
   notice->show();
   // The work that it tells of may let no events through for a while.
   QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);

@@ -8,30 +8,42 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/dialog_tools.h"
 #include "desktop/paint_tools.h"
 #include "desktop/picture_export.h"
 #include "desktop/qt_text.h"
-#include "view/palette.h"
 
 namespace feltmaster {
 
 namespace {
 
-constexpr double kLegible = 4.5;  // contrast of small letters
 constexpr double kFainter = 0.35;
+constexpr double kDarker = 0.4;
 
 }  // namespace
 
 QColor ToneColor(Tone tone, const QPalette& palette) {
-  const QColor text = palette.color(QPalette::Text);
-  if (tone == Tone::kNeutral) return text;
-  const Rgb ink = PaletteRgb(PaletteColor(tone));
-  const QColor pure(ink.red, ink.green, ink.blue);
+  switch (tone) {
+    case Tone::kNeutral:
+      return MoneyColor(0, palette);
+    case Tone::kWin:
+      return MoneyColor(1, palette);
+    case Tone::kLoss:
+      return MoneyColor(-1, palette);
+    case Tone::kVig:
+      break;
+QColor InkOn(int number, const QPalette& palette) {
+  const QColor pure = InkColor(number);
   QColor color = pure;
   for (double part = 0; Contrast(color, palette.color(QPalette::Base)) < kLegible && part < 1;) {
-    color = Mix(pure, text, part += 0.1);
+    color = Mix(pure, palette.color(QPalette::Text), part += 0.1);
   }
-  return color;
+  return Mix(MoneyColor(1, palette), palette.color(QPalette::Text), kDarker);
+}
+
+QColor ToneColor(Tone tone, const QPalette& palette) {
+  return tone == Tone::kNeutral ? palette.color(QPalette::Text)
+                                : InkOn(PaletteColor(tone), palette);
 }
 
 // ---- The model --------------------------------------------------------------------------------

@@ -26,8 +26,8 @@ void ScreenWindow::ShowInPlace() {
   Refresh();
   if (!isVisible()) {
     const ScreenPlacement* kept = traits_.place ? &TheGame().PlacementOf(*traits_.place) : nullptr;
-    const QSize wanted = sizeHint().expandedTo(size());
-    QRect place(screens_.Table()->frameGeometry().topLeft() + QPoint(40, 60), wanted);
+    const QPoint step = QPoint(28, 32) * screens_.OpenCount();
+    QRect place(screens_.Table()->geometry().topLeft() + QPoint(24, 24) + step, PreferredSize());
     if (kept != nullptr && kept->width > 0 && kept->height > 0) {
       place = QRect(kept->left, kept->top, kept->width, kept->height);
     }

@@ -39,6 +39,8 @@ class ScreenWindow : public QMainWindow {
 
   // Asked before the window closes; false keeps it open.
   virtual bool MayClose() { return true; }
+  // Of a screen that comes up for the first time.
+  virtual QSize PreferredSize() const { return sizeHint().expandedTo(size()); }
   // The help topic of what has the focus.
   virtual std::int32_t HelpTopic() const { return traits_.help_topic; }
 

@@ -2,9 +2,16 @@
 
 #include <QEventLoop>
 #include <QWindow>
+#include <algorithm>
 #include <array>
 
 #include "desktop/frm_autobet.h"
+#include "desktop/frm_bankroll.h"
+#include "desktop/frm_bet_results.h"
+#include "desktop/frm_bet_trends.h"
+#include "desktop/frm_configure.h"
+#include "desktop/frm_roll_freqs.h"
+#include "desktop/frm_roll_totals.h"
 #include "desktop/frm_ryon.h"
 #include "desktop/frm_summary.h"
 
@@ -28,9 +35,15 @@ constexpr ScreenKind Kind(WindowCommand command, bool modal = false) {
 // In the order in which they are reopened. A screen is a class over ScreenWindow with its
 // ScreenTraits as kTraits.
 constexpr auto kKinds = std::to_array<ScreenKind>({
+    Kind<ConfigureScreen>(WindowCommand::kConfigure, true),
     Kind<AutoBetScreen>(WindowCommand::kAutoBet, true),
     Kind<RyonScreen>(WindowCommand::kRollYourOwn),
     Kind<SummaryScreen>(WindowCommand::kSummary),
+    Kind<BankrollScreen>(WindowCommand::kBankrollGraph),
+    Kind<RollTotalsScreen>(WindowCommand::kRollTotals),
+    Kind<RollFrequenciesScreen>(WindowCommand::kRollFreqs),
+    Kind<BetResultsScreen>(WindowCommand::kBetResults),
+    Kind<BetTrendsScreen>(WindowCommand::kBetTrends),
 });
 
 const ScreenKind* KindOf(WindowCommand command) {
@@ -84,6 +97,12 @@ void Screens::BelongTo(ScreenWindow& window, QWidget& owner) {
 
 void Screens::Close(WindowCommand which) {
   if (ScreenWindow* open = Find(which)) open->close();
+}
+
+int Screens::OpenCount() const {
+  return static_cast<int>(std::count_if(open_.begin(), open_.end(), [](const auto& entry) {
+    return entry.second && entry.second->isVisible();
+  }));
 }
 
 void Screens::Refresh() {

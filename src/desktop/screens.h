@@ -9,24 +9,29 @@
 
 namespace feltmaster {
 
+class UserSettings;
+
 // The screens beside the table: what there is, and which are open. Adding a screen is a row of the
 // table in screens.cpp.
 class Screens {
  public:
   // The table's window is the parent of all; both must outlive this.
-  Screens(Game& game, QWidget* table) : game_(game), table_(table) {}
+  Screens(Game& game, QWidget* table, UserSettings& settings)
+      : game_(game), table_(table), settings_(settings) {}
   ~Screens();
   Screens(const Screens&) = delete;
   Screens& operator=(const Screens&) = delete;
 
   Game& TheGame() const { return game_; }
   QWidget* Table() const { return table_; }
+  UserSettings& Settings() const { return settings_; }
 
   // Brings up a screen, or to the front if it is open. A modal one has closed when this returns.
   void Open(WindowCommand which);
   // Null when it is not open.
   ScreenWindow* Find(WindowCommand which) const;
   void Close(WindowCommand which);
+  int OpenCount() const;
 
   // The open screens show what the models say now.
   void Refresh();
@@ -43,6 +48,7 @@ class Screens {
 
   Game& game_;
   QWidget* table_;
+  UserSettings& settings_;
   std::map<WindowCommand, QPointer<ScreenWindow>> open_;
   QPointer<ScreenWindow> modal_;  // the modal one that is up
   bool closing_ = false;

@@ -43,6 +43,7 @@ class StepDialog : public GameDialog {
   StepDialog(QWidget* parent, Game& game, const std::function<void(WindowCommand)>& open_screen)
       : GameDialog(parent, game, kName, kHelp) {
     setWindowTitle("Auto-Bet Step-Through");
+    setModal(true);  // when it is shown, before it waits
     auto* const column = new QVBoxLayout(this);
     const int margin = Letters(*this, 3);
     column->setContentsMargins(margin, margin, margin, margin);

@@ -36,7 +36,7 @@ QString DroppedGame(const QMimeData& data) {
 }  // namespace
 
 TableWindow::TableWindow(Game& game, DesktopSurface& surface)
-    : game_(game), surface_(surface), canvas_(game, this), screens_(game, this) {
+    : game_(game), surface_(surface), canvas_(game, this), screens_(game, this, surface.Settings()) {
   setObjectName(QStringLiteral("frmTable"));
   setCentralWidget(&canvas_);
   setAcceptDrops(true);

@@ -134,6 +134,7 @@ constexpr auto kCommands = std::to_array<FileCommand>({
      .overwrite = "Copy to Auto-Bet File",
      .ending = ".bet"},
     {"Copy To Text File", "*.txt", nullptr, "Copy To Text File"},
+    {"Save Report As", "*.pdf", nullptr, "Save Report As"},
     {"Save Picture As", "*.svg;*.png", nullptr, "Save Picture As"},
     {"Select Wave File", "*.wav"},
     {"Select Probability File", "*.prb"},

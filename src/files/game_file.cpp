@@ -493,6 +493,11 @@ bool OpenGame(Game& game, const std::string& path, bool chosen_by_player) {
   return true;
 }
 
+std::string WhyNotOpened(const Game& game, const std::string& path) {
+  if (game.FileStatus >= 0) return OneLine(game.MsgText);
+  return path + " cannot be opened: " + DescriptionIn(game.LastErrorText) + '.';
+}
+
 bool ReadGame(Game& game, const std::string& path, std::vector<Companion>& companions) {
   GameRecords records;
   if (!ReadRecords(game, path, records)) return false;

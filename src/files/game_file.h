@@ -30,6 +30,8 @@ bool SaveGame(Game& game, const std::string& path);
 // file error (LastErrorText). A file that was in use then and is missing or altered now is told and
 // does not stop the load; nor does a file that is too short, whose missing values are 0.
 bool OpenGame(Game& game, const std::string& path, bool chosen_by_player);
+// Why a file that the player chose did not open, as a sentence of one line.
+std::string WhyNotOpened(const Game& game, const std::string& path);
 
 // A file that was in use when a game was saved, as it is found now.
 enum class CompanionFound { kMissing, kThere, kAltered };

@@ -105,6 +105,7 @@ using Page = std::vector<Block>;
 struct Document {
   std::string title;
   CalendarTime made;
+  bool unattended = false;  // printed on the way: not to be shown to anybody first
   std::vector<Page> pages;
 };
 

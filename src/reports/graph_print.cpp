@@ -24,6 +24,14 @@ bool RolledSincePrinted(const Game& game) {
   return RollCounts(game, 0) != game.LastPrintedRoll;
 }
 
+bool AtRest(Game& game) {
+  if (!game.HyperDriveActive) return true;
+  if (AskYesNo(game, "Hyper-Drive Active", "Do you want to stop Hyper-Drive?")) {
+    game.KeepRolling = false;
+  }
+  return false;
+}
+
 }  // namespace
 
 void PrintGraph(Game& game) {
@@ -48,11 +56,11 @@ void PrintGraph(Game& game) {
 }
 
 void PrintGraphNow(Game& game) {
-  if (!game.HyperDriveActive) {
-    PrintGraph(game);
-  } else if (AskYesNo(game, "Hyper-Drive Active", "Do you want to stop Hyper-Drive?")) {
-    game.KeepRolling = false;
-  }
+  if (AtRest(game)) PrintGraph(game);
+}
+
+void SetGraphAutoPrint(Game& game, bool on) {
+  if (AtRest(game)) game.GraphAutoPrint = on;
 }
 
 bool SendGraphPage(Game& game) {

@@ -9,9 +9,10 @@ namespace feltmaster {
 
 // Puts the graph on the page; without a printer nothing happens.
 void PrintGraph(Game& game);
-// The same as the command of the Bankroll screen, which during Hyper-Drive asks whether to stop it
-// instead.
+// The commands of the Bankroll screen, which during Hyper-Drive ask whether to stop it instead:
+// the graph as it stands, and whether every page of it is printed when it is full.
 void PrintGraphNow(Game& game);
+void SetGraphAutoPrint(Game& game, bool on);
 
 // Sends the page that is open, if there is one. False when it could not be printed.
 bool SendGraphPage(Game& game);

@@ -173,6 +173,7 @@ Document EmptyGraphPage(Game& game) {
   pages.EndHeading();
   Document document = pages.Finish();
   document.title = "Feltmaster Bankroll Graph";
+  document.unattended = true;
   return document;
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <utility>
 
 #include "base/text.h"
@@ -147,6 +148,14 @@ Document ReportPages::Finish() {
 std::string NameOrUntitled(std::string_view path, std::string_view untitled) {
   const std::string_view name = path.substr(path.rfind('/') + 1);  // npos + 1 is 0
   return std::string(name.empty() ? untitled : name);
+}
+
+std::string FreeReportName(const std::string& folder) {
+  std::error_code ignored;
+  for (int number = 1;; ++number) {
+    std::string path = folder + "report-" + std::to_string(number) + ".pdf";
+    if (!std::filesystem::exists(path, ignored)) return path;
+  }
 }
 
 std::string DateAndTime(const CalendarTime& time) {

@@ -55,6 +55,9 @@ class ReportPages {
 // The name of a file without its folder, or "untitled".
 std::string NameOrUntitled(std::string_view path, std::string_view untitled = "untitled");
 
+// "report-1.pdf" in a folder, or the next number of which there is no file.
+std::string FreeReportName(const std::string& folder);
+
 // "05-Nov-26, 08:04:09".
 std::string DateAndTime(const CalendarTime& time);
 

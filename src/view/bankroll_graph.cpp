@@ -181,11 +181,14 @@ BankrollGraph PaintBankrollGraph(Game& game) {
 std::optional<GraphColumn> ExtendGraph(Game& game) {
   const int last = RollsOnPage(game);
   if (last == 0) return {};
-  const GraphColumn column = ColumnAt(game, last);
-  if (game.GraphAdjustType > 0 && !IsOnGraph(column.line.y2)) {
+  // The extremes are on the scale as long as all rolls were; some may not have been looked at.
+  const bool on_scale = IsOnGraph(GraphHeightOf(game, game.GraphHigh)) &&
+                        IsOnGraph(GraphHeightOf(game, game.GraphLow));
+  if (game.GraphAdjustType > 0 && !on_scale) {
     DrawGraph(game, true);
     return {};
   }
+  const GraphColumn column = ColumnAt(game, last);
   if (last == 1) return {};  // the page before is still on the screen
   return column;
 }

@@ -9,11 +9,15 @@ namespace feltmaster {
 // The 16 colours that stored colour numbers mean.
 enum PaletteColors : int {
   kBlackInk = 0,
+  kBrownInk = 6,
   kWhiteInk = 7,
   kGrayInk = 8,
   kBlueInk = 9,
   kGreenInk = 10,
+  kCyanInk = 11,
   kRedInk = 12,
+  kMagentaInk = 13,
+  kYellowInk = 14,
   kBrightWhiteInk = 15,
 };
 

@@ -134,6 +134,12 @@ Figures FrequencyFigures(const Game& game, int event, bool skewed) {
   };
 }
 
+Rows FrequencyRows(const Game& game, const FrequencyEntry& entry, bool skewed) {
+  Rows rows = RowsOf(FrequencyFigures(game, entry.event, skewed));
+  rows.insert(rows.begin(), {"Display frequencies for:", std::string(entry.caption)});
+  return rows;
+}
+
 Rows GapRows(const Game& game, int event) {
   const auto& gaps = GapsOf(game, event);
   Rows rows;

@@ -21,6 +21,9 @@ extern const std::array<FrequencyEntry, kFrequencyEntries> kFrequencyEntry;
 // and skewed dice are in force; its caption says which.
 Figures FrequencyFigures(const Game& game, int event, bool skewed);
 
+// The entry's name and its figures.
+Rows FrequencyRows(const Game& game, const FrequencyEntry& entry, bool skewed);
+
 // Rolls from one appearance to the next, on average over all gaps; 0 while there was none.
 double AverageGap(const Game& game, int event);
 

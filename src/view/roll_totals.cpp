@@ -8,10 +8,35 @@
 #include "stats/roll_events.h"
 #include "stats/roll_statistics.h"
 #include "view/figure.h"
+#include "view/palette.h"
 
 namespace feltmaster {
 
+constexpr std::array<RollTotalsBack, 4> kRollTotalsBacks = {{
+    {"Cyan", kCyanInk},
+    {"Black", kBlackInk},
+    {"White", kBrightWhiteInk},
+    {"Gray", kGrayInk},
+}};
+
+constexpr std::array<RollTotalsColors, kRollTotalsColorings> kRollTotalsColors = {{
+    {"Black", kBlackInk, kBlackInk},
+    {"White", kBrightWhiteInk, kBrightWhiteInk},
+    {"Red", kRedInk, kRedInk},
+    {"Blue", kBlueInk, kBlueInk},
+    {"Yellow", kYellowInk, kYellowInk},
+    {"Black and Blue", kBlackInk, kBlueInk},
+    {"Black and Red", kBlackInk, kRedInk},
+    {"Red and Blue", kRedInk, kBlueInk},
+    {"Yellow and Blue", kYellowInk, kBlueInk},
+    {"Multi-Color", kBlackInk, kBlackInk, true},
+}};
+
 namespace {
+
+// The colours that follow each other where every bar has its own: none of the backgrounds.
+constexpr std::array<int, 6> kManyColors = {kBlueInk,    kRedInk,   kYellowInk,
+                                            kMagentaInk, kGreenInk, kBrownInk};
 
 struct BarName {
   std::string label;
@@ -121,6 +146,14 @@ RollTotals RollTotalsOf(const Game& game) {
     }
   }
   return totals;
+}
+
+RollTotalsColors RollTotalsColorsOf(const Game& game, std::size_t bar) {
+  const std::int32_t chosen = game.RollTotalsGraphColor;
+  const bool known = chosen >= 0 && chosen < kRollTotalsColorings;
+  RollTotalsColors colors = kRollTotalsColors[known ? static_cast<std::size_t>(chosen) : 0];
+  if (colors.many) colors.probable = colors.actual = kManyColors[bar % kManyColors.size()];
+  return colors;
 }
 
 std::string ProbableText(double percent) {

@@ -45,6 +45,33 @@ RollTotals RollTotalsOf(const Game& game);
 // most that rounds to such a multiple without being one takes the multiple after it.
 double RollScaleTop(double most);
 
+// The names of RollTotalsDisplay.
+inline constexpr std::array<std::string_view, 4> kRollTotalsDisplays = {
+    "11 Standard Numbers",
+    "21 Distinguishable Combos",
+    "36 Unique Combos",
+    "Dice Faces",
+};
+
+// The backgrounds that the screen offers, as palette numbers.
+struct RollTotalsBack {
+  std::string_view caption;
+  int color;
+};
+extern const std::array<RollTotalsBack, 4> kRollTotalsBacks;
+
+// What RollTotalsGraphColor means: the palette numbers of the probable and the actual bars.
+struct RollTotalsColors {
+  std::string_view caption;
+  int probable;
+  int actual;
+  bool many = false;  // each pair of bars has a colour of its own
+};
+inline constexpr int kRollTotalsColorings = 10;
+extern const std::array<RollTotalsColors, kRollTotalsColorings> kRollTotalsColors;
+// The colours of the bars at a place of the graph, from 0.
+RollTotalsColors RollTotalsColorsOf(const Game& game, std::size_t bar);
+
 // The table above the bars, a column for each: heading and labels, counts, rolls since, percents.
 Rows RollTotalRows(const Game& game);
 

@@ -9,4 +9,7 @@ namespace feltmaster {
 using Row = std::vector<std::string>;
 using Rows = std::vector<Row>;
 
+// The same rows in columns of `lines`, one beside the other.
+Rows InColumns(const Rows& rows, std::size_t lines);
+
 }  // namespace feltmaster

@@ -38,6 +38,9 @@ AtTheTable::~AtTheTable() {
 
 namespace {
 
+constexpr int kLongestDialog = 10'000;  // milliseconds
+constexpr int kLongestFocus = 2'000;
+
 std::string TextOf(QWidget& dialog) {
   const auto* text = dialog.findChild<QLabel*>(QStringLiteral("lblMsg"));
   return text == nullptr ? std::string() : text->text().toStdString();
@@ -47,11 +50,26 @@ std::string TextOf(QWidget& dialog) {
 
 void AtTheTable::LookForDialog() {
   QWidget* dialog = QApplication::activeModalWidget();
-  if (dialog == nullptr || dialog == answered_ || !dialog->isVisible()) {
-    if (dialog == nullptr) answered_ = nullptr;
+  if (dialog == nullptr || !dialog->isVisible()) return;
+  if (dialog == answered_) {
+    if (since_answer_.elapsed() < kLongestDialog) return;
+    ADD_FAILURE() << '"' << Titles.back() << "\" does not close";
+    dialog->close();
     return;
   }
+  if (dialog != seen_) {
+    seen_ = dialog;
+    since_seen_.start();
+  }
+  // Without a window manager the focus follows in its own time.
+  const QWidget* focus = QApplication::focusWidget();
+  if (focus == nullptr || focus->window() != dialog) {
+    dialog->activateWindow();
+    if (since_seen_.elapsed() < kLongestFocus) return;
+  }
   answered_ = dialog;
+  since_answer_.start();
+  dialog->installEventFilter(&hidden_);
   Titles.push_back(dialog->windowTitle().toStdString());
   if (answers_.empty()) {
     ADD_FAILURE() << "nobody expected the dialog \"" << Titles.back() << "\": " << TextOf(*dialog);
@@ -61,8 +79,13 @@ void AtTheTable::LookForDialog() {
   const std::function<void(QWidget&)> answer = std::move(answers_.front());
   answers_.pop_front();
   answer(*dialog);
-  // The same window may come up again, for the next question.
-  if (answered_ == dialog) answered_ = nullptr;
+}
+
+// The same window may come up again, for the next question.
+bool AtTheTable::Hidden::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Hide && watched == table_.answered_) table_.answered_ = nullptr;
+  if (event->type() == QEvent::Hide && watched == table_.seen_) table_.seen_ = nullptr;
+  return false;
 }
 
 void AtTheTable::ExpectPress(const char* button) {

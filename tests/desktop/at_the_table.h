@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -60,7 +61,19 @@ class AtTheTable : public testing::Test {
 
   QTimer look_;
   std::deque<std::function<void(QWidget&)>> answers_;
-  QWidget* answered_ = nullptr;
+  class Hidden : public QObject {
+   public:
+    explicit Hidden(AtTheTable& table) : table_(table) {}
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+   private:
+    AtTheTable& table_;
+  };
+  Hidden hidden_{*this};
+  QWidget* answered_ = nullptr;  // while it is still to be seen
+  QElapsedTimer since_answer_;
+  QWidget* seen_ = nullptr;
+  QElapsedTimer since_seen_;
 };
 
 }  // namespace feltmaster

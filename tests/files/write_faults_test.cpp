@@ -15,6 +15,7 @@
 #include "autobet/output_file.h"
 #include "autobet/script_conversion.h"
 #include "autobet/script_file.h"
+#include "console/result_file.h"
 #include "dice/probability.h"
 #include "engine/start_up.h"
 #include "files/game_file.h"
@@ -111,6 +112,26 @@ TEST_F(WriteFaults, GameScriptAndProbabilityFiles) {
   CheckWholeOrOld(
       "dice.prb", [&] { SetProbabilityCell(*game_, 1, 6, 40'000, true); },
       [&](const std::string& path) { return SaveProbabilityFile(*game_, path); });
+}
+
+// Results of the command line, among them charts, CSV and exported logs.
+TEST_F(WriteFaults, AFileOfResults) {
+  int lines = 20'000;  // more than is written at once
+  CheckWholeOrOld(
+      "games.csv", [&] { lines = 30'000; },
+      [&](const std::string& path) {
+        ResultFile file;
+        game_->LastErrorText = file.Open(path);
+        if (!game_->LastErrorText.empty()) return false;
+        for (int i = 0; i < lines; ++i) file.Stream() << i << '\n';
+        game_->LastErrorText = file.Finish();
+        if (game_->LastErrorText.empty()) game_->LastErrorText = file.PutInPlace();
+        return game_->LastErrorText.empty();
+      });
+  ResultFile full;
+  ASSERT_EQ(full.Open("/dev/full"), "");
+  full.Stream() << "lost";
+  EXPECT_EQ(full.Finish(), "cannot write /dev/full: No space left on device.");
 }
 
 // default.crp takes the script and the dice along in files of their own: each of the three is whole
