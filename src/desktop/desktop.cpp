@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "desktop/desktop_surface.h"
+#include "desktop/program_icon.h"
 #include "desktop/qt_text.h"
 #include "desktop/table_window.h"
 #include "engine/start_up.h"
@@ -26,9 +27,10 @@ int RunDesktop(const DesktopOptions& options) {
   QApplication::setApplicationDisplayName({});  // titles are told to the letter
   QGuiApplication::setDesktopFileName(QStringLiteral("feltmaster"));
   QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setWindowIcon(ProgramIcon());
 
   const auto game = std::make_unique<Game>();
-  DesktopSurface surface(*game, options.data_dir);
+  DesktopSurface surface(*game, options.data_dir, options.guide_dir);
   game->surface = &surface;
   StartUp(*game, {.data_dir = options.data_dir, .seed = {}, .sound_dir = options.sound_dir});
   TableWindow table(*game, surface);
