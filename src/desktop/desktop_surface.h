@@ -62,6 +62,8 @@ class DesktopSurface : public Surface {
   // Before a dialog: the picture behind it shows how things stand.
   QWidget* ReadyForDialog();
   void RefreshScreensNow();
+  // Later when drawing them has taken long: the rolls of Hyper-Drive go first.
+  void RefreshScreensRested();
 
   Game& game_;
   UserSettings settings_;
@@ -75,6 +77,7 @@ class DesktopSurface : public Surface {
   QElapsedTimer since_events_;   // events were let through
   int rolls_since_look_ = 0;     // at the clock, in Hyper-Drive without a throttle
   QElapsedTimer since_screens_;  // the open screens were refreshed
+  qint64 drawing_ = 0;           // milliseconds for events since then, most of them for drawing
   QTimer stale_screens_;
 };
 

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/dialog_tools.h"
 #include "desktop/ink.h"
 #include "desktop/paint_tools.h"
 #include "desktop/picture_export.h"
@@ -17,8 +18,8 @@ namespace feltmaster {
 
 namespace {
 
-constexpr double kLegible = 4.5;  // contrast of small letters
 constexpr double kFainter = 0.35;
+constexpr double kLegible = 4.5;  // contrast of small letters
 
 }  // namespace
 

@@ -1,6 +1,7 @@
 #include "desktop/screens.h"
 
 #include <QEventLoop>
+#include <QWindow>
 #include <algorithm>
 #include <array>
 
@@ -64,23 +65,34 @@ ScreenWindow* Screens::Find(WindowCommand which) const {
 }
 
 void Screens::Open(WindowCommand which) {
-  if (ScreenWindow* open = Find(which)) {
-    open->ShowInPlace();
-    return;
-  }
+  ScreenWindow* window = Find(which);
   const ScreenKind* kind = KindOf(which);
   if (kind == nullptr) return;
-  ScreenWindow* window = kind->make(*this);
-  open_[which] = window;
-  if (!kind->modal) {
+  const bool is_new = window == nullptr;
+  if (is_new) {
+    window = kind->make(*this);
+    open_[which] = window;
+  }
+  if (modal_ && modal_ != window) BelongTo(*window, *modal_);
+  if (!kind->modal || !is_new) {
     window->ShowInPlace();
     return;
   }
+  modal_ = window;
   window->setWindowModality(Qt::ApplicationModal);
   QEventLoop until_closed;
   QObject::connect(window, &QObject::destroyed, &until_closed, &QEventLoop::quit);
   window->ShowInPlace();
   until_closed.exec();
+  for (auto& [command, other] : open_) {
+    if (other) BelongTo(*other, *table_);
+  }
+}
+
+void Screens::BelongTo(ScreenWindow& window, QWidget& owner) {
+  window.winId();  // makes the native window
+  owner.winId();
+  window.windowHandle()->setTransientParent(owner.window()->windowHandle());
 }
 
 void Screens::Close(WindowCommand which) {
