@@ -14,13 +14,6 @@ namespace {
 
 constexpr std::size_t kMostSteps = 500;  // that can be undone
 
-bool SameLine(const ScriptLine& a, const ScriptLine& b) {
-  return a.LineKind == b.LineKind && a.LineCode == b.LineCode && a.LineName == b.LineName &&
-         a.LineAmount == b.LineAmount && a.LineSubject == b.LineSubject &&
-         a.LineSubjectStack == b.LineSubjectStack && a.LineTarget == b.LineTarget &&
-         a.LineTargetStack == b.LineTargetStack && a.LineText == b.LineText;
-}
-
 // The lines in which two scripts differ.
 ScriptChange Difference(const std::vector<ScriptLine>& before,
                         const std::vector<ScriptLine>& after) {

@@ -2,6 +2,8 @@
 
 #include <QLineEdit>
 
+#include "config/configure.h"
+
 namespace feltmaster {
 
 // A field for a number. Whatever is typed, pasted or dropped passes the key filter of the number
@@ -10,6 +12,7 @@ class AmountField : public QLineEdit {
  public:
   // `length` is the longest text, 0 for no limit of its own.
   AmountField(QWidget* parent, int decimals, bool allow_negative, int length = 0);
+  void SetRule(const NumberRule& rule);
 
  protected:
   void focusInEvent(QFocusEvent* event) override;

@@ -29,9 +29,10 @@ namespace {
 
 using std::chrono::system_clock;
 
-constexpr int kFrame = 16;           // milliseconds between two pictures of what moves
-constexpr qint64 kEventsEvery = 12;  // milliseconds, in Hyper-Drive without a throttle
-constexpr int kRollsPerLook = 32;    // a look at the clock costs a good part of a roll
+constexpr int kFrame = 16;            // milliseconds between two pictures of what moves
+constexpr qint64 kEventsEvery = 12;   // milliseconds, in Hyper-Drive without a throttle
+constexpr qint64 kRestOfDrawing = 4;  // times what drawing took pass from one refresh to the next
+constexpr int kRollsPerLook = 32;     // a look at the clock costs a good part of a roll
 
 // The dice as they are thrown: five throws of a tenth of a second, each from place to place.
 constexpr int kThrows = 5;
@@ -51,6 +52,14 @@ class Within {
   int& depth_;
 };
 
+// Lets events through for so many milliseconds, a frame at most.
+void Pause(qint64 milliseconds, QEventLoop::ProcessEventsFlags events = QEventLoop::AllEvents) {
+  QEventLoop pause;
+  const auto time = static_cast<int>(std::min<qint64>(milliseconds, kFrame));
+  QTimer::singleShot(time, Qt::PreciseTimer, &pause, &QEventLoop::quit);
+  pause.exec(events);
+}
+
 constexpr Pixel kShowerFrom = {50, 19};
 constexpr Pixel kShowerTo = {620, 386};
 constexpr int kShowerChips = 1000;
@@ -67,7 +76,7 @@ DesktopSurface::DesktopSurface(Game& game, const std::string& data_folder, std::
   since_events_.start();
   since_screens_.start();
   stale_screens_.setSingleShot(true);
-  QObject::connect(&stale_screens_, &QTimer::timeout, [this] { RefreshScreensNow(); });
+  QObject::connect(&stale_screens_, &QTimer::timeout, [this] { RefreshScreensRested(); });
 }
 
 DesktopSurface::~DesktopSurface() = default;
@@ -87,8 +96,9 @@ void DesktopSurface::LetEventsThrough() {
     if (since_events_.elapsed() < kEventsEvery) return;
   }
   const Within within(letting_through_);
-  QApplication::processEvents();
   since_events_.restart();
+  QApplication::processEvents();
+  drawing_ += since_events_.restart();
 }
 
 void DesktopSurface::Wait(double seconds, const bool& goes_on) {
@@ -96,15 +106,8 @@ void DesktopSurface::Wait(double seconds, const bool& goes_on) {
   QElapsedTimer waited;
   waited.start();
   const auto whole = static_cast<qint64>(seconds * 1000);
-  while (goes_on && waited.elapsed() < whole) {
-    const qint64 left = std::min<qint64>(whole - waited.elapsed(), kFrame);
-    QApplication::processEvents(QEventLoop::AllEvents, static_cast<int>(left));
-    if (waited.elapsed() < whole) {
-      QEventLoop pause;
-      QTimer::singleShot(static_cast<int>(left), &pause, &QEventLoop::quit);
-      pause.exec();
-    }
-  }
+  QApplication::processEvents();  // also when there is no time to wait
+  while (goes_on && waited.elapsed() < whole) Pause(whole - waited.elapsed());
 }
 
 // The setting is looked at again and again: the player may push the throttle during a long wait.
@@ -115,10 +118,7 @@ void DesktopSurface::Throttle(int) {
   while (!settings_.Unlimited() && game_.KeepRolling) {
     const qint64 left = (10LL << std::clamp(game_.ThrottleSetting, 0, 10)) - waited.elapsed();
     if (left <= 0) return;
-    QEventLoop pause;
-    QTimer::singleShot(static_cast<int>(std::min<qint64>(left, kFrame)), Qt::PreciseTimer, &pause,
-                       &QEventLoop::quit);
-    pause.exec();
+    Pause(left);
   }
 }
 
@@ -182,7 +182,12 @@ bool DesktopSurface::ShowStep(const StepRequest& request) {
 }
 
 std::string DesktopSurface::AskFile(const FileRequest& request) {
-  return AskFileName(ReadyForDialog(), game_, request);
+  const std::string name = AskFileName(ReadyForDialog(), game_, request);
+  if (!name.empty()) {  // until what is done with the file lets events through again
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    QTimer::singleShot(0, [] { QApplication::restoreOverrideCursor(); });
+  }
+  return name;
 }
 
 // ---- Sound ------------------------------------------------------------------------------------
@@ -262,9 +267,7 @@ void DesktopSurface::AnimateDice() {
         from = dice;
         break;
       }
-      QEventLoop pause;
-      QTimer::singleShot(kFrame, Qt::PreciseTimer, &pause, &QEventLoop::quit);
-      pause.exec(QEventLoop::ExcludeUserInputEvents);
+      Pause(kFrame, QEventLoop::ExcludeUserInputEvents);
     }
   }
   canvas_->DiceLie();
@@ -281,9 +284,7 @@ void DesktopSurface::ShowerOfChips() {
       const Pixel at = {between(kShowerFrom.x, kShowerTo.x), between(kShowerFrom.y, kShowerTo.y)};
       canvas_->AddShowerChip(at, 1 + between(0, kChipCount));
     }
-    QEventLoop pause;
-    QTimer::singleShot(kFrame, Qt::PreciseTimer, &pause, &QEventLoop::quit);
-    pause.exec(QEventLoop::ExcludeUserInputEvents);
+    Pause(kFrame, QEventLoop::ExcludeUserInputEvents);
   }
   sounds_.Stop();
 }
@@ -301,10 +302,20 @@ void DesktopSurface::RefreshOpenScreens() {
   }
 }
 
+void DesktopSurface::RefreshScreensRested() {
+  const qint64 rest = kRestOfDrawing * drawing_ - since_screens_.elapsed();
+  if (game_.HyperDriveActive && rest > 0) {
+    stale_screens_.start(static_cast<int>(rest));
+  } else {
+    RefreshScreensNow();
+  }
+}
+
 void DesktopSurface::RefreshScreensNow() {
   stale_screens_.stop();
   if (screens_ != nullptr) screens_->Refresh();
   since_screens_.restart();
+  drawing_ = 0;
 }
 
 // A report for which nobody is asked goes to the printer that the person has chosen for everything,

@@ -68,6 +68,8 @@ class DesktopSurface : public Surface {
   void RefreshScreensNow();
   // Null while there is no table.
   HelpWindow* OpenGuide();
+  // Later when drawing them has taken long: the rolls of Hyper-Drive go first.
+  void RefreshScreensRested();
 
   Game& game_;
   UserSettings settings_;
@@ -82,6 +84,7 @@ class DesktopSurface : public Surface {
   QElapsedTimer since_events_;   // events were let through
   int rolls_since_look_ = 0;     // at the clock, in Hyper-Drive without a throttle
   QElapsedTimer since_screens_;  // the open screens were refreshed
+  qint64 drawing_ = 0;           // milliseconds for events since then, most of them for drawing
   QTimer stale_screens_;
 };
 

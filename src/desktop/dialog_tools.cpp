@@ -51,6 +51,12 @@ GameDialog::GameDialog(QWidget* parent, Game& game, const char* name, std::int32
   setWindowFlag(Qt::WindowStaysOnTopHint, game.RollYourOwnNumbers);
 }
 
+void GameDialog::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  // A dialog that comes up under a press on the table would not have the keys on every platform.
+  QTimer::singleShot(0, this, [this] { activateWindow(); });
+}
+
 void GameDialog::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_F1) {
     OpenHelp();

@@ -30,6 +30,7 @@ class GameDialog : public QDialog {
   GameDialog(QWidget* parent, Game& game, const char* name, std::int32_t help);
 
  protected:
+  void showEvent(QShowEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void OpenHelp();
   // The button takes the pointer to its middle when it gets the focus, where the player wants that.

@@ -53,9 +53,7 @@ std::vector<AutoBetScreen::MenuTable> AutoBetScreen::Menus() {
     return screen.FocusedField() != nullptr || screen.editor_.SelectedCount() > 0;
   };
   const auto has_lines = [](const Self& screen) { return !screen.game_.ScriptLines.empty(); };
-  const auto lines_selected = [](const Self& screen) {
-    return screen.editor_.SelectedCount() > 0;
-  };
+  const auto lines_selected = [](const Self& screen) { return screen.editor_.SelectedCount() > 0; };
   return {
       {"mnuFile",
        "&File",
@@ -89,8 +87,8 @@ std::vector<AutoBetScreen::MenuTable> AutoBetScreen::Menus() {
             }},
            {"mnuDelete", "&Delete", key("Del"), &Self::Delete, has_selection},
            {"mnuSelectAll", "Select &All", key("Ctrl+A"), &Self::SelectAll},
-           {"mnuEditAsText", "&Edit Line as Text", key("F2"), &Self::EditAsText, has_lines,
-            nullptr, true},
+           {"mnuEditAsText", "&Edit Line as Text", key("F2"), &Self::EditAsText, has_lines, nullptr,
+            true},
            {"mnuPasteText", "Pa&ste Text", key("Ctrl+Shift+V"), &Self::PasteText},
            {"mnuCopyToAutoBetFile",
             "Copy to Auto-&Bet File ...",
@@ -189,6 +187,7 @@ AutoBetScreen::AutoBetScreen(Screens& screens)
   split->setStretchFactor(0, 5);
   split->setStretchFactor(1, 4);
   split->setChildrenCollapsible(false);
+  split->setSizes({500, 400});
   setCentralWidget(split);
   BuildMenus();
   list_->menu = menuBar()->findChild<QMenu*>("mnuEdit");
@@ -336,6 +335,9 @@ QWidget* AutoBetScreen::BuildTypedLine() {
   connect(typed_, &QLineEdit::returnPressed, this, [this] { TakeTypedLine(); });
   typed_fault_ = new QLabel(area);
   typed_fault_->setObjectName("lblTypedFault");
+  QPalette fault_colors = typed_fault_->palette();
+  fault_colors.setColor(QPalette::WindowText, QColor(0xc0, 0x1c, 0x28));
+  typed_fault_->setPalette(fault_colors);
   typed_fault_->setWordWrap(true);
   typed_fault_->setTextFormat(Qt::PlainText);
   typed_fault_->hide();
@@ -347,6 +349,7 @@ QWidget* AutoBetScreen::BuildTypedLine() {
 // ---- Showing ----------------------------------------------------------------------------------
 
 void AutoBetScreen::Refresh() {
+  ShadeLines(game_);
   ShowAll();
 }
 
@@ -457,8 +460,17 @@ void AutoBetScreen::LoadLine(const ScriptLine& line) {
 // ---- Typing lines -----------------------------------------------------------------------------
 
 void AutoBetScreen::Suggest() {
-  suggestions_->setStringList({});
-  completer_->popup()->hide();
+  QStringList texts;
+  const std::string typed = FromQt(typed_->text());
+  if (!typed.empty()) {
+    for (const std::string& text : Completions(typed, game_)) texts.append(ToQt(text));
+  }
+  suggestions_->setStringList(texts);
+  if (texts.isEmpty()) {
+    completer_->popup()->hide();
+  } else {
+    completer_->complete();
+  }
 }
 
 void AutoBetScreen::ShowFault(const std::string& text) {
@@ -471,6 +483,7 @@ void AutoBetScreen::TakeTypedLine() {
   const auto fault = retypes_ ? editor_.RetypeLine(text) : editor_.TypeLine(text);
   if (fault) {
     ShowFault("Expected " + fault->expected + '.');
+    completer_->popup()->hide();
     typed_->setCursorPosition(
         static_cast<int>(QString::fromStdString(text.substr(0, fault->column - 1)).size()));
     return;

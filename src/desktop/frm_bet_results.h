@@ -14,7 +14,7 @@ namespace feltmaster {
 // What any set of bets has won and lost, combined: the player's own or the continuous $1 wagers.
 class BetResultsScreen : public ScreenWindow {
  public:
-  static constexpr ScreenTraits kTraits = {"frmBetResults", "Bet Results", 0, kBetResultsScreen};
+  static constexpr ScreenTraits kTraits = {"frmBetResults", "Bet Results", 740, kBetResultsScreen};
   explicit BetResultsScreen(Screens& screens);
 
   void Refresh() override;

@@ -159,7 +159,7 @@ LineComposer::LineComposer(Kind kind, Game& game, QWidget* parent)
     box->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     box->setTextElideMode(Qt::ElideRight);
     box->setMinimumWidth(Letters(*box, 14));
-    box->setMinimumHeight(box->fontMetrics().height() * 5);
+    box->setMinimumHeight(box->fontMetrics().height() * 4);
     connect(box, &QListWidget::currentRowChanged, this, [this, which = list.list](int chosen) {
       if (chosen < 0) return;
       Change([&] { ChooseRow(draft_, which, chosen, game_); });
@@ -175,6 +175,9 @@ LineComposer::LineComposer(Kind kind, Game& game, QWidget* parent)
   flow->setContentsMargins(0, 0, 0, 0);
   flow->setSpacing(Letters(*this, 1));
   for (const PartRow& part : PartRowsOf(kind)) parts_[part.part] = MakePart(part);
+  // Room for two rows, so that a longer sentence does not push the lists about.
+  const int row_height = parts_.at(DraftPart::kAmount)->sizeHint().height();
+  sentence_->setMinimumHeight(2 * row_height + flow->spacing());
   bottom->addWidget(sentence_, 1);
   button_ = is_condition ? new LogButton("cmdLogCondition", "Con&dition", this)
                          : new LogButton("cmdLogAction", "&Action", this);
@@ -207,7 +210,7 @@ QLineEdit* LineComposer::MakeField(const PartRow& row) {
   auto* const field = new PartField(sentence_);
   const DraftPart part = row.part;
   field->setValidator(new PartValidator(draft_, part, field));
-  field->setMinimumWidth(WidthOf(*field, part));
+  field->setFixedWidth(WidthOf(*field, part));
   connect(field, &QLineEdit::textEdited, this, [this, part](const QString& text) {
     Change([&] { TextOf(draft_, part) = FromQt(text); });
   });
@@ -317,6 +320,7 @@ void LineComposer::ShowSentence() {
     flow->addWidget(widget);
     widget->show();
   }
+  flow->update();
   // Tab goes through the sentence as it reads, whatever the order of the fields was before.
   QWidget* before = lists_.back().second;
   for (const ShownPart& part : shown) {

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "desktop/dialog_tools.h"
 #include "desktop/ink.h"
 #include "desktop/paint_tools.h"
 #include "desktop/picture_export.h"
@@ -17,20 +18,23 @@ namespace feltmaster {
 
 namespace {
 
-constexpr double kLegible = 4.5;  // contrast of small letters
 constexpr double kFainter = 0.35;
+constexpr double kLegible = 4.5;  // contrast of small letters
 
 }  // namespace
 
-QColor ToneColor(Tone tone, const QPalette& palette) {
-  const QColor text = palette.color(QPalette::Text);
-  if (tone == Tone::kNeutral) return text;
-  const QColor pure = InkColor(PaletteColor(tone));
+QColor InkOn(int number, const QPalette& palette) {
+  const QColor pure = InkColor(number);
   QColor color = pure;
   for (double part = 0; Contrast(color, palette.color(QPalette::Base)) < kLegible && part < 1;) {
-    color = Mix(pure, text, part += 0.1);
+    color = Mix(pure, palette.color(QPalette::Text), part += 0.1);
   }
   return color;
+}
+
+QColor ToneColor(Tone tone, const QPalette& palette) {
+  return tone == Tone::kNeutral ? palette.color(QPalette::Text)
+                                : InkOn(PaletteColor(tone), palette);
 }
 
 // ---- The model --------------------------------------------------------------------------------

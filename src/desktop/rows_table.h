@@ -12,6 +12,8 @@
 
 namespace feltmaster {
 
+// A colour of the 16, on this palette: made readable on a dark one as on a light one.
+QColor InkOn(int number, const QPalette& palette);
 // The colour of a tone on this palette, as well to be read on a dark one as on a light one.
 QColor ToneColor(Tone tone, const QPalette& palette);
 

@@ -50,11 +50,15 @@ class Screens {
   bool Closing() const { return closing_; }
 
  private:
+  // While a modal screen is up, those that it opens belong to it; otherwise it would block them.
+  void BelongTo(ScreenWindow& window, QWidget& owner);
+
   Game& game_;
   QWidget* table_;
   UserSettings& settings_;
   std::string guide_folder_;
   std::map<WindowCommand, QPointer<ScreenWindow>> open_;
+  QPointer<ScreenWindow> modal_;  // the modal one that is up
   bool closing_ = false;
 };
 

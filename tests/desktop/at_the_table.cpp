@@ -40,6 +40,7 @@ AtTheTable::~AtTheTable() {
 namespace {
 
 constexpr int kLongestDialog = 10'000;  // milliseconds
+constexpr int kLongestFocus = 2'000;
 
 std::string TextOf(QWidget& dialog) {
   const auto* text = dialog.findChild<QLabel*>(QStringLiteral("lblMsg"));
@@ -57,7 +58,16 @@ void AtTheTable::LookForDialog() {
     dialog->close();
     return;
   }
-  if (!dialog->isActiveWindow()) dialog->activateWindow();  // there is no window manager
+  if (dialog != seen_) {
+    seen_ = dialog;
+    since_seen_.start();
+  }
+  // Without a window manager the focus follows in its own time.
+  const QWidget* focus = QApplication::focusWidget();
+  if (focus == nullptr || focus->window() != dialog) {
+    dialog->activateWindow();
+    if (since_seen_.elapsed() < kLongestFocus) return;
+  }
   answered_ = dialog;
   since_answer_.start();
   dialog->installEventFilter(&hidden_);
@@ -75,6 +85,7 @@ void AtTheTable::LookForDialog() {
 // The same window may come up again, for the next question.
 bool AtTheTable::Hidden::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Hide && watched == table_.answered_) table_.answered_ = nullptr;
+  if (event->type() == QEvent::Hide && watched == table_.seen_) table_.seen_ = nullptr;
   return false;
 }
 

@@ -50,7 +50,7 @@ class Dialogs : public AtTheTable {
   }
   // The letter behind the '&' of a caption. A button pressed so stays down for a moment.
   static void Mnemonic(QWidget& dialog, Qt::Key key) {
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return dialog.isActiveWindow(); }));
     QTest::keyClick(&dialog, key, Qt::AltModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !dialog.isVisible(); }));
   }

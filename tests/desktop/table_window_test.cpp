@@ -228,6 +228,16 @@ TEST_F(ThePlayer, IsAskedBeforeHyperDriveIsDisturbed) {
   NothingExpected();
 }
 
+TEST_F(ThePlayer, StopsAnAutoRollThatDoesNotPause) {
+  game_->AutoRollDice = true;
+  game_->AutoRollDelay = 0;
+  game_->NumAutoRolls = 100;
+  Meanwhile([this] { Press(kRailAboveGrid, Qt::RightButton); }, 700);
+  Press(kRailAboveGrid, Qt::RightButton);
+  EXPECT_GE(RollCounts(*game_, 0), 1);
+  EXPECT_LT(RollCounts(*game_, 0), 10);
+}
+
 // The game is not taken from under the chain that is told to end.
 TEST_F(ThePlayer, StartsANewGameWhenTheChainHasEnded) {
   surface_->Settings().SetUnlimited(true);
