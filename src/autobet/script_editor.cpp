@@ -78,13 +78,6 @@ std::int32_t ScriptEditor::SelectedCount() const {
       std::ranges::count(game_.ScriptLines, true, &ScriptLine::LineSelected));
 }
 
-void ScriptEditor::Changed() {
-  game_.ScriptNeedsInit = true;
-  game_.ScriptUnsaved = true;
-  ScriptLinesChanged(game_);
-  ShadeLines(game_);
-}
-
 // ---- Placing and selecting --------------------------------------------------------------------
 
 void ScriptEditor::SetPending(ScriptLine line) {
@@ -242,13 +235,19 @@ bool ScriptEditor::Check() {
 
 // ---- Undo -------------------------------------------------------------------------------------
 
+void ScriptEditor::Touch() {
+  ScriptLinesChanged(game_);
+  ShadeLines(game_);
+}
+
 void ScriptEditor::Edit(const std::function<void()>& change) {
   const std::vector<ScriptLine> old = game_.ScriptLines;
   const std::int32_t cursor = game_.ScriptCursorLine;
   change();
-  Changed();
+  Touch();
   ScriptChange step = Difference(old, game_.ScriptLines);
   if (step.before.empty() && step.after.empty()) return;
+  game_.ScriptNeedsInit = game_.ScriptUnsaved = true;
   step.cursor_before = cursor;
   step.cursor_after = game_.ScriptCursorLine;
   history_.resize(done_);
@@ -289,7 +288,8 @@ void ScriptEditor::Replace(std::size_t at, std::size_t count, const std::vector<
   game_.ScriptCursorLine = Rows().Clamped(cursor);
   SelectAnchor = game_.ScriptCursorLine;
   TopLine = Rows().Clamped(TopLine);
-  Changed();
+  Touch();
+  game_.ScriptNeedsInit = true;
   game_.ScriptUnsaved = saved_ != static_cast<std::ptrdiff_t>(done_);
 }
 

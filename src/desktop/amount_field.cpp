@@ -28,7 +28,7 @@ class AmountValidator : public QValidator {
 }  // namespace
 
 AmountField::AmountField(QWidget* parent, int decimals, bool allow_negative, int length)
-    : QLineEdit(parent) {
+    : WholeTextField(parent) {
   SetRule({decimals, allow_negative});
   if (length > 0) setMaxLength(length);
   setAlignment(Qt::AlignRight);
@@ -41,13 +41,14 @@ void AmountField::SetRule(const NumberRule& rule) {
   delete before;
 }
 
-void AmountField::focusInEvent(QFocusEvent* event) {
+void WholeTextField::focusInEvent(QFocusEvent* event) {
   QLineEdit::focusInEvent(event);
+  if (event->reason() == Qt::PopupFocusReason) return;
   just_entered_ = event->reason() == Qt::MouseFocusReason;
   selectAll();
 }
 
-void AmountField::mousePressEvent(QMouseEvent* event) {
+void WholeTextField::mousePressEvent(QMouseEvent* event) {
   // It would put the cursor somewhere and drop the selection.
   if (!just_entered_) QLineEdit::mousePressEvent(event);
   just_entered_ = false;

@@ -215,7 +215,7 @@ TEST_F(TheScriptEditor, CarriesOutTheEntriesOfItsMenus) {
   ChooseEntry("mnuSave");
   EXPECT_EQ(screen_->windowTitle(), "Auto-Bet (mine.bet)");
   ChooseEntry("mnuUndo");
-  EXPECT_EQ(screen_->windowTitle(), "Auto-Bet (mine.bet) *");
+  EXPECT_EQ(Find<QLabel>(*screen_, "lblUnsaved")->text(), "Not saved");
   ExpectPress("cmdButton2");
   ChooseEntry("mnuNew");
   EXPECT_EQ(Titles.back(), "Save Auto-Bets?");
@@ -231,7 +231,6 @@ TEST_F(TheScriptEditor, TakesTypedLines) {
   typed->setFocus();
   for (const char* line : {"when . . .", "on each roll", "then . . .", "bet $ 5 on field"}) {
     QTest::keyClicks(typed, line);
-    Type(Qt::Key_Escape);  // the list of suggestions
     QTest::keyClick(typed, Qt::Key_Return);
   }
   EXPECT_EQ(Script(),
