@@ -66,10 +66,10 @@ class DesktopSurface : public Surface {
   // Before a dialog: the picture behind it shows how things stand.
   QWidget* ReadyForDialog();
   void RefreshScreensNow();
-  // Later when drawing them has taken long: the rolls of Hyper-Drive go first.
-  void RefreshScreensRested();
   // Null while there is no table.
   HelpWindow* OpenGuide();
+  // Later when drawing them has taken long: the rolls of Hyper-Drive go first.
+  void RefreshScreensRested();
 
   Game& game_;
   UserSettings settings_;

@@ -52,6 +52,7 @@ GuidePage::GuidePage(QWidget* parent) : QTextBrowser(parent) {
   setAccessibleName(QStringLiteral("Page of the guide"));
   setOpenLinks(false);
   document()->setDocumentMargin(Letters(*this, 3));
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // so that pictures know their room
   QObject::connect(this, &QTextBrowser::sourceChanged, this,
                    [this](const QUrl& place) { Arrive(place); });
   QObject::connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {
@@ -176,10 +177,10 @@ HelpWindow::HelpWindow(Screens& screens)
   page_ = new GuidePage(parts);
   page_->setSearchPaths({ToQt(guide_.folder)});
   parts->setStretchFactor(1, 1);
-  parts->setSizes({Letters(*this, 30), Letters(*this, 80)});
+  parts->setSizes({Letters(*this, 40), Letters(*this, 110)});
   parts->setChildrenCollapsible(false);
   setCentralWidget(parts);
-  resize(Letters(*this, 115), Letters(*this, 80));
+  resize(Letters(*this, 150), Letters(*this, 110));
 
   QObject::connect(search_, &QLineEdit::textChanged, this,
                    [this](const QString& text) { ShowHits(text); });

@@ -158,8 +158,10 @@ UserGuide ReadUserGuide(const std::string& folder) {
   };
   const std::vector<GuideSection> contents = guide.chapters[0].sections;
   for (const GuideSection& section : contents) {
-    for (const std::string& link : LinksOf(section.text)) {
-      const std::string file = link.substr(0, link.find('#'));
+    for (const Line& line : LinesOf(section.text)) {
+      const std::vector<std::string> links = LinksOf(line.text);
+      if (!line.text.starts_with("- [") || links.empty()) continue;
+      const std::string file = links[0].substr(0, links[0].find('#'));
       if (!file.ends_with(".md") || is_known(file)) continue;
       GuideChapter chapter = ReadChapter(folder, file);
       if (!chapter.sections.empty()) guide.chapters.push_back(std::move(chapter));

@@ -9,8 +9,8 @@
 
 namespace feltmaster {
 
-// The user's guide: a folder of chapters in Markdown. README.md is its first page, and the order of
-// the links there is the order of the chapters.
+// The user's guide: a folder of chapters in Markdown. README.md is its first page, and each line
+// there that begins with "- [" lists a chapter.
 
 // A heading and what stands below it, up to the next one.
 struct GuideSection {
