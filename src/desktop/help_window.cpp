@@ -328,7 +328,8 @@ void HelpWindow::MoveTo(QWidget* owner) {
 bool HelpWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Hide && watched == parentWidget()) {
     watched->removeEventFilter(this);
-    MoveTo(AllScreens().Table());
+    QWidget* const opener = parentWidget()->parentWidget();
+    MoveTo(opener != nullptr ? opener->window() : AllScreens().Table());
   }
   return ScreenWindow::eventFilter(watched, event);
 }
