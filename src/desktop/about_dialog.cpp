@@ -1,6 +1,7 @@
 #include "desktop/about_dialog.h"
 
 #include <QBoxLayout>
+#include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
 
@@ -13,7 +14,8 @@ namespace {
 
 class AboutDialog : public GameDialog {
  public:
-  AboutDialog(QWidget* parent, Game& game) : GameDialog(parent, game, "frmAbout", 0) {
+  AboutDialog(QWidget* parent, Game& game, UserSettings& settings)
+      : GameDialog(parent, game, "frmAbout", 0), settings_(settings) {
     setWindowTitle(QStringLiteral("About Feltmaster"));
     auto* const row = new QHBoxLayout(this);
     const int margin = Letters(*this, 4);
@@ -51,19 +53,29 @@ class AboutDialog : public GameDialog {
         "by the million. F1 opens the guide.",
         1);
     column->addStretch(1);
+    auto* const greets = new QCheckBox(QStringLiteral("Show this at the &start"), this);
+    greets->setObjectName(QStringLiteral("chkGreets"));
+    greets->setChecked(settings_.Greets());
+    QObject::connect(greets, &QCheckBox::toggled, this,
+                     [this](bool on) { settings_.SetGreets(on); });
     auto* const ok = new QPushButton(QStringLiteral("&OK"), this);
     ok->setObjectName(QStringLiteral("cmdOK"));
     ok->setDefault(true);
     QObject::connect(ok, &QPushButton::clicked, this, &QDialog::accept);
-    column->addWidget(ok, 0, Qt::AlignRight);
+    auto* const below = new QHBoxLayout;
+    below->addWidget(greets, 1);
+    below->addWidget(ok);
+    column->addLayout(below);
     return column;
   }
+
+  UserSettings& settings_;
 };
 
 }  // namespace
 
-void ShowAbout(QWidget* parent, Game& game) {
-  AboutDialog(parent, game).exec();
+void ShowAbout(QWidget* parent, Game& game, UserSettings& settings) {
+  AboutDialog(parent, game, settings).exec();
 }
 
 }  // namespace feltmaster

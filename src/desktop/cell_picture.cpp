@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 #include <numeric>
 #include <utility>
 
@@ -140,7 +141,7 @@ void EditedCells::Load() {
   if (!rule) editor_->setValidator(nullptr);
   if (editor_->text() != entry) editor_->setText(entry);
   editor_->setModified(false);
-  if (editor_->hasFocus()) editor_->selectAll();
+  editor_->selectAll();
   const QRect box = RectOf(current_).toRect().adjusted(2, 2, -2, -2);
   const int height = std::min(box.height(), editor_->fontMetrics().height() + 4);
   editor_->setGeometry(box.left(), box.bottom() + 1 - height, box.width(), height);

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPainter>
 
+#include "config/table_colors.h"
 #include "desktop/chip_picture.h"
 #include "desktop/configure_page.h"
 #include "desktop/die_picture.h"
@@ -111,8 +112,8 @@ class ChecksPage : public ConfigurePage {
     painter.translate(box.center());
     painter.scale(scale, scale);
     for (const int face : {3, 4}) {
-      PaintDie(painter, {(face - 3.5) * kRoom, 0}, design, {ColorOf(colors[6]), ColorOf(colors[7])},
-               {face, 0, 0});
+      PaintDie(painter, {(face - 3.5) * kRoom, 0}, design,
+               {ColorOf(colors[kColorDice]), ColorOf(colors[kColorPips])}, {face, 0, 0});
     }
   }
 
@@ -151,7 +152,8 @@ class ChecksPage : public ConfigurePage {
     // "<.0001" is no number that could be typed; it goes when one is.
     const bool too_small = rate.starts_with('<');
     rate_->setPlaceholderText(too_small ? ToQt(rate) : QString());
-    rate_->setText(too_small ? QString() : ToQt(rate));
+    const QString text = too_small ? QString() : ToQt(rate);
+    if (rate_->text() != text) rate_->setText(text);
     rate_->setModified(false);
   }
 

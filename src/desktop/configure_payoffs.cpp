@@ -1,4 +1,3 @@
-#include <QCoreApplication>
 #include <QLabel>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -21,21 +20,23 @@ namespace {
 
 constexpr int kRowsSeen = 21;
 
-// A bar for the rows of a table, by the number of the first one seen. `control` is its name and
-// `setting` that of what it stands for.
-QScrollBar* MakeBar(Game& game, const char* control, const char* setting, int last_first,
-                    QWidget* parent, std::function<void()> scrolled) {
+// A bar for the rows of a table, by the number of the first one seen.
+QScrollBar* MakeBar(const char* name, int rows, QWidget* parent,
+                    std::function<void(int)> scrolled) {
   auto* bar = new QScrollBar(Qt::Vertical, parent);
-  bar->setObjectName(QString::fromLatin1(control));
-  bar->setRange(1, last_first);
+  bar->setObjectName(QString::fromLatin1(name));
+  bar->setAccessibleName(QStringLiteral("Bets"));
+  bar->setRange(1, rows - kRowsSeen + 1);
   bar->setPageStep(kRowsSeen - 1);
   bar->setFocusPolicy(Qt::StrongFocus);
-  QObject::connect(bar, &QScrollBar::valueChanged, bar,
-                   [&game, setting, scrolled = std::move(scrolled)](int first) {
-                     Configure(game, setting, std::to_string(first));
-                     scrolled();
-                   });
+  QObject::connect(bar, &QScrollBar::valueChanged, bar, std::move(scrolled));
   return bar;
+}
+
+// A bar that got the event itself would hand it on to its parent at its ends.
+void ScrollByWheel(QScrollBar& bar, const QWheelEvent& event) {
+  constexpr int kPerRow = 40;  // three rows for a notch
+  bar.setValue(bar.value() - event.angleDelta().y() / kPerRow);
 }
 
 // ---- Payoffs ------------------------------------------------------------------------------------
@@ -43,7 +44,6 @@ QScrollBar* MakeBar(Game& game, const char* control, const char* setting, int la
 // The columns: label, number, word and denominator of the bets, the bar, and the same of the Field.
 constexpr int kBarColumn = 4;
 constexpr int kFieldColumns = 5;
-const std::vector<double> kPayoffColumns = {24, 10, 6, 10, 4, 12, 10, 6, 10};
 constexpr int kWordColumn = 2;
 
 struct PayoffCell {
@@ -58,7 +58,8 @@ class PayoffsPage : public ConfigurePage {
       : ConfigurePage(host),
         rows_(PayoffRows(host.game)),
         cells_(
-            kRowsSeen + 1, kPayoffColumns, [this](CellPlace place) { return Drawn(place); },
+            kRowsSeen + 1, {24, 10, 6, 10, 4, 12, 10, 6, 10},
+            [this](CellPlace place) { return Drawn(place); },
             {[](CellPlace place) {
                return place.row > 0 && place.column != kBarColumn && CellOf(place, 1).part != 0;
              },
@@ -68,12 +69,11 @@ class PayoffsPage : public ConfigurePage {
              [this](CellPlace place, const QString& key) { return WordKey(place, key); },
              [this](int rows) { bar_->setValue(bar_->value() + rows); }},
             "txtPayoffs") {
-    bar_ = MakeBar(host.game, "vsbPayoffs", "PayoffsScroll", kPayoffGridRows - kRowsSeen + 1,
-                   &cells_, [this] {
-                     cells_.Commit();
-                     cells_.ShowModel();
-                   });
-    bar_->setAccessibleName(QStringLiteral("Bets"));
+    bar_ = MakeBar("vsbPayoffs", kPayoffGridRows, &cells_, [this](int first) {
+      cells_.Commit();
+      Configure(TheGame(), "PayoffsScroll", std::to_string(first));
+      cells_.ShowModel();
+    });
     cells_.setObjectName(QStringLiteral("picPayoffs"));
     cells_.Editor().setAccessibleName(QStringLiteral("Payoff"));
     cells_.installEventFilter(this);
@@ -115,7 +115,8 @@ class PayoffsPage : public ConfigurePage {
       bar_->setGeometry(static_cast<int>(column.left()) + 2, 0, bar_->sizeHint().width(),
                         cells_.height());
     } else if (event->type() == QEvent::Wheel) {
-      QCoreApplication::sendEvent(bar_, event);
+      ScrollByWheel(*bar_, *static_cast<QWheelEvent*>(event));
+      return true;
     }
     return ConfigurePage::eventFilter(watched, event);
   }
@@ -190,9 +191,10 @@ class AdvantagePage : public ConfigurePage {
       : ConfigurePage(host),
         cells_(kRowsSeen + 1, {34, 13, 13, 13, 13, 15},
                [this](CellPlace place) { return Drawn(place); }) {
-    bar_ = MakeBar(host.game, "vsbAdvantage", "AdvantageScroll", kBetCount - kRowsSeen + 1, this,
-                   [this] { cells_.update(); });
-    bar_->setAccessibleName(QStringLiteral("Bets"));
+    bar_ = MakeBar("vsbAdvantage", kBetCount, this, [this](int first) {
+      Configure(TheGame(), "AdvantageScroll", std::to_string(first));
+      cells_.update();
+    });
     cells_.setObjectName(QStringLiteral("picAdvantage"));
     cells_.setAccessibleName(QStringLiteral("What each bet is worth"));
     auto* page = new QHBoxLayout(this);
@@ -210,7 +212,7 @@ class AdvantagePage : public ConfigurePage {
   }
 
  protected:
-  void wheelEvent(QWheelEvent* event) override { QCoreApplication::sendEvent(bar_, event); }
+  void wheelEvent(QWheelEvent* event) override { ScrollByWheel(*bar_, *event); }
 
  private:
   DrawnCell Drawn(CellPlace place) const {

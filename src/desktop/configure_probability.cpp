@@ -18,8 +18,6 @@ namespace {
 
 // The picture has a row of headings and a column of captions around the cells, which so keep their
 // numbers.
-const std::vector<double> kProbabilityColumns = {8,  10, 10, 10, 10, 10, 10,
-                                                 10, 10, 10, 10, 10, 10, 10};
 constexpr int kEditedDecimals = 3;
 
 class ProbabilityPage : public ConfigurePage {
@@ -27,7 +25,8 @@ class ProbabilityPage : public ConfigurePage {
   explicit ProbabilityPage(const ConfigureHost& host)
       : ConfigurePage(host),
         cells_(
-            kLastRollRow + 1, kProbabilityColumns, [this](CellPlace place) { return Drawn(place); },
+            kLastRollRow + 1, {7, 8, 8, 8, 8, 8, 8, 8, 8, 8, 8, 8, 8, 8},
+            [this](CellPlace place) { return Drawn(place); },
             {[](CellPlace place) { return IsProbabilityCell(place.row, place.column); },
              [this](CellPlace place) {
                return FormatNumber(CellAt(place).value, "0.000;-0.000;0.000");

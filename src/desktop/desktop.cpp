@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <memory>
 
+#include "desktop/about_dialog.h"
 #include "desktop/desktop_surface.h"
 #include "desktop/program_icon.h"
 #include "desktop/qt_text.h"
@@ -35,9 +36,10 @@ int RunDesktop(const DesktopOptions& options) {
   StartUp(*game, {.data_dir = options.data_dir, .seed = {}, .sound_dir = options.sound_dir});
   TableWindow table(*game, surface);
   table.ShowInPlace();
-  if (!options.game_file.empty()) {
-    QTimer::singleShot(0, &table, [&] { table.OpenGameFile(ToQt(options.game_file)); });
-  }
+  QTimer::singleShot(0, &table, [&] {
+    if (surface.Settings().Greets()) ShowAbout(&table, *game, surface.Settings());
+    if (!options.game_file.empty()) table.OpenGameFile(ToQt(options.game_file));
+  });
   return QApplication::exec();
 }
 

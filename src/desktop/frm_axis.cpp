@@ -11,6 +11,7 @@
 #include <array>
 
 #include "base/number_format.h"
+#include "config/table_colors.h"
 #include "desktop/dialog_tools.h"
 #include "desktop/die_picture.h"
 #include "desktop/number_field.h"
@@ -31,14 +32,14 @@ struct AxisOption {
 constexpr std::array<AxisOption, 3> kAxes = {
     {{" About the 1-6 axis", 1, 6}, {" About the 2-5 axis", 2, 5}, {" About the 3-4 axis", 3, 4}}};
 constexpr NumberRule kPercentRule = {2, false};
-const MoneyAmount kWhole = MoneyAmount(100);
+constexpr MoneyAmount kWhole = MoneyAmount(100);
 
 // One die: how well it is kept, and the axis about which it turns.
 class DieGroup : public QGroupBox {
  public:
   DieGroup(int die, const Game& game)
       : QGroupBox(QStringLiteral("Die %1").arg(die)),
-        colors_{ColorOf(game.TableColors[6]), ColorOf(game.TableColors[7])},
+        colors_{ColorOf(game.TableColors[kColorDice]), ColorOf(game.TableColors[kColorPips])},
         effectiveness_(new NumberField(kPercentRule)) {
     setObjectName(QStringLiteral("picAxisDie%1").arg(die));
     auto* rows = new QGridLayout(this);
@@ -107,9 +108,10 @@ bool ShowAxisScreen(QWidget* parent, Game& game) {
   auto* rows = new QVBoxLayout(&screen);
   auto* dice = new QHBoxLayout;
   rows->addLayout(dice);
-  const auto* first = new DieGroup(1, game);
-  const auto* second = new DieGroup(2, game);
-  for (const DieGroup* die : {first, second}) dice->addWidget(const_cast<DieGroup*>(die));
+  auto* first = new DieGroup(1, game);
+  auto* second = new DieGroup(2, game);
+  dice->addWidget(first);
+  dice->addWidget(second);
 
   auto* buttons = new QHBoxLayout;
   rows->addLayout(buttons);

@@ -115,6 +115,11 @@ ConfigureScreen::ConfigureScreen(Screens& screens) : ScreenWindow(screens, kTrai
   ShowMenus();
 }
 
+// What loses the focus commits, which needs all of this.
+ConfigureScreen::~ConfigureScreen() {
+  if (QWidget* focus = focusWidget()) focus->clearFocus();
+}
+
 void ConfigureScreen::BuildMenus() {
   for (const MenuTraits& traits : kMenus) {
     QMenu* menu = traits.within.empty() ? menuBar()->addMenu(ToQt(traits.caption))

@@ -20,6 +20,7 @@ class ConfigureScreen : public ScreenWindow {
  public:
   static constexpr ScreenTraits kTraits{"frmConfigure", "Configure"};
   explicit ConfigureScreen(Screens& screens);
+  ~ConfigureScreen() override;
 
   void Refresh() override;
 

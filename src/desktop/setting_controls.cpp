@@ -44,7 +44,7 @@ const SettingControl& SettingOfControl(std::string_view control) {
     }
   }
   assert(false);
-  static constexpr SettingControl kNone;
+  static constexpr SettingControl kNone{};
   return kNone;
 }
 

@@ -150,7 +150,7 @@ void TableWindow::OpenWindow(WindowCommand which) {
       surface_.SearchHelp();
       break;
     case WindowCommand::kAbout:
-      ShowAbout(this, game_);
+      ShowAbout(this, game_, surface_.Settings());
       break;
     default:
       screens_.Open(which);
