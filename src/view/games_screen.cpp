@@ -194,7 +194,7 @@ void StepGamesPointer(Game& game, GamesAnalysis& analysis, int step, bool by_bar
   MoveGamesPointer(game, analysis, pointer, column);
 }
 
-std::vector<GameLine> GamesRawData(Game& game, int value) {
+std::vector<GameLine> GamesRawData(Game& game, int value, std::size_t count) {
   std::vector<GameLine> lines;
   GamesLogReader log;
   if (const std::optional<LogFault> fault = log.Open(game.GamesLogFile)) {
@@ -204,7 +204,7 @@ std::vector<GameLine> GamesRawData(Game& game, int value) {
   std::int32_t number = std::max(game.GamesTopLine, 1);
   log.GoTo(number);
   Record record;
-  for (; lines.size() < kDataLines && log.Read(record); ++number) {
+  for (; lines.size() < count && log.Read(record); ++number) {
     if (!IsIncluded(game, OutcomeOf(game, ValueOfGame(record, kNetValue)))) continue;
     const MoneyAmount amount = ValueOfGame(record, value);
     lines.push_back({number, FormatMoney(amount), SignTone(amount)});
