@@ -58,6 +58,7 @@ struct ScriptOptions {
   std::string output;
   std::string words;
   bool json = false;
+  bool markdown = false;
 };
 
 int Refuse(std::string_view sentence) {
@@ -260,23 +261,40 @@ std::string_view PlaceOf(Field field) {
   }
 }
 
+constexpr std::string_view kVocabularyChapter =
+    R"(# The vocabulary of scripts
+
+Every condition and every action that a line can be made of, in the order of the editor's lists.
+Words in capitals stand for what you fill in: an AMOUNT of money or a plain number, a COUNT, a
+"TEXT" in quotation marks, or an entry of the list of that name at the end of this page. A bar
+parts words of which one is chosen. What the lines mean is told in
+[the script language](script_language.md).
+
+This page is written by `feltmaster script words --markdown`.
+)";
+
 // Prints the rows that hold the words asked for, under their heading.
 class WordList {
  public:
-  explicit WordList(const std::string& words) : words_(words) {}
+  WordList(const std::string& words, bool markdown) : words_(words), markdown_(markdown) {}
 
   void Head(std::string_view heading) { heading_ = heading; }
   void Row(std::string text) {
     if (!ContainsIgnoringCase(text, words_)) return;
-    if (!heading_.empty()) std::cout << (any_ ? "\n" : "") << heading_ << '\n';
+    if (!heading_.empty() && markdown_) {
+      std::cout << "\n## " << heading_ << "\n\n";
+    } else if (!heading_.empty()) {
+      std::cout << (any_ ? "\n" : "") << heading_ << '\n';
+    }
     heading_ = {};
     any_ = true;
-    std::cout << "  " << text << '\n';
+    std::cout << (markdown_ ? "- `" + text + '`' : "  " + text) << '\n';
   }
   bool Any() const { return any_; }
 
  private:
   const std::string& words_;
+  bool markdown_;
   std::string_view heading_;
   bool any_ = false;
 };
@@ -292,7 +310,8 @@ std::string WithFields(std::string_view caption, std::span<const Field> fields) 
 }
 
 int Words(const ScriptOptions& options) {
-  WordList list(options.words);
+  WordList list(options.words, options.markdown);
+  if (options.markdown) std::cout << kVocabularyChapter;
   list.Head("Lines that start conditions and actions");
   for (const StartRow& row : kStartRows) list.Row(std::string(row.caption));
   list.Head("Conditions");
@@ -387,6 +406,7 @@ void AddScriptVerb(CLI::App& app, int& exit_code) {
 
   CLI::App* words = add("words", "Prints what lines of a script can be made of", Words);
   words->add_option("TEXT", options->words, "Only rows that hold this text");
+  words->add_flag("--markdown", options->markdown, "As a chapter of the user's guide");
   words->footer(
       "Examples:\n"
       "  feltmaster script words\n"

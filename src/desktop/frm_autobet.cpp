@@ -211,9 +211,9 @@ AutoBetScreen::~AutoBetScreen() {
 QWidget* AutoBetScreen::BuildComposers() {
   auto* const area = new QWidget(this);
   auto* const column = new QVBoxLayout(area);
+  column->addWidget(BuildStartArea());
   condition_ = new LineComposer(LineComposer::Kind::kCondition, game_, area);
   action_ = new LineComposer(LineComposer::Kind::kAction, game_, area);
-  column->addWidget(BuildStartArea());
   column->addWidget(condition_, 1);
   column->addWidget(action_, 1);
   column->addWidget(BuildLabelArea());
@@ -329,14 +329,19 @@ QWidget* AutoBetScreen::BuildTypedLine() {
   suggestions_ = new QStringListModel(typed_);
   completer_ = new QCompleter(suggestions_, typed_);
   completer_->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
-  completer_->setWidget(typed_);
-  connect(completer_, qOverload<const QString&>(&QCompleter::activated), this,
-          [this](const QString& text) {
-            typed_->setText(text);
-            QMetaObject::invokeMethod(
-                this, [this] { Suggest(); }, Qt::QueuedConnection);
-          });
-  connect(typed_, &QLineEdit::textEdited, this, [this] {
+  completer_->setMaxVisibleItems(12);
+  completer_->popup()->setObjectName("listSuggestions");
+  completer_->popup()->setAccessibleName("What the line can go on with");
+  typed_->setCompleter(completer_);
+  // What can follow the chosen piece is offered at once.
+  const auto offer_more = [this] {
+    Suggest();
+    completer_->complete();
+  };
+  connect(completer_, qOverload<const QString&>(&QCompleter::activated), this, offer_more,
+          Qt::QueuedConnection);
+  connect(typed_, &QLineEdit::textEdited, this, [this](const QString& text) {
+    if (text.isEmpty()) retyped_row_ = 0;
     ShowFault({});
     Suggest();
   });
@@ -370,6 +375,8 @@ void AutoBetScreen::ShowAll() {
   const std::int32_t selected = editor_.SelectedCount();
   selected_count_->setText(selected == 0 ? QString() : QStringLiteral("%1 selected").arg(selected));
   if (!editor_.PendingLine()) StopWaiting();
+  if (game_.ScriptLabels.size() > labels_) action_->TakeLabel(game_.ScriptLabels.back());
+  labels_ = game_.ScriptLabels.size();
   condition_->ShowChoice();
   action_->ShowChoice();
   list_->ShowLines();

@@ -73,7 +73,7 @@ class AutoBetScreen : public ScreenWindow {
   void ShowFault(const std::string& text);
 
   // The text field in which the Edit commands work; null when they work on the lines.
-  class QLineEdit* FocusedField() const;
+  QLineEdit* FocusedField() const;
   void FindInField(bool forward);
   void TellNotFound();
 
@@ -120,7 +120,8 @@ class AutoBetScreen : public ScreenWindow {
   QStringListModel* suggestions_ = nullptr;
   QCompleter* completer_ = nullptr;
   std::int32_t retyped_row_ = 0;  // that the typed line takes the place of; 0 for none
-  std::vector<QWidget*> areas_;  // in which the fields of a waiting line are shown
+  std::size_t labels_ = 0;        // of the script, when it was last shown
+  std::vector<QWidget*> areas_;   // in which the fields of a waiting line are shown
   std::vector<std::pair<QAction*, Command>> commands_;
 };
 

@@ -271,6 +271,7 @@ void LineComposer::TakeLabel(const std::string& label) {
 }
 
 void LineComposer::ShowChoice() {
+  if (showing_) return;
   showing_ = true;
   ShowLists();
   ShowSentence();

@@ -14,6 +14,7 @@
 #include "desktop/frm_roll_totals.h"
 #include "desktop/frm_ryon.h"
 #include "desktop/frm_summary.h"
+#include "desktop/help_window.h"
 
 namespace feltmaster {
 
@@ -44,6 +45,7 @@ constexpr auto kKinds = std::to_array<ScreenKind>({
     Kind<RollFrequenciesScreen>(WindowCommand::kRollFreqs),
     Kind<BetResultsScreen>(WindowCommand::kBetResults),
     Kind<BetTrendsScreen>(WindowCommand::kBetTrends),
+    Kind<HelpWindow>(WindowCommand::kHelpContents),
 });
 
 const ScreenKind* KindOf(WindowCommand command) {
@@ -54,6 +56,12 @@ const ScreenKind* KindOf(WindowCommand command) {
 }
 
 }  // namespace
+
+std::vector<WindowCommand> Screens::All() {
+  std::vector<WindowCommand> all;
+  for (const ScreenKind& kind : kKinds) all.push_back(kind.command);
+  return all;
+}
 
 Screens::~Screens() {
   for (auto& [command, window] : open_) delete window;

@@ -15,7 +15,8 @@ AtTheTable::AtTheTable() {
   folder_ = name;
   game_ = std::make_unique<Game>();
   const std::string data_dir = (folder_ / "").string();
-  surface_ = std::make_unique<DesktopSurface>(*game_, data_dir);
+  surface_ =
+      std::make_unique<DesktopSurface>(*game_, data_dir, FELTMASTER_SOURCE_DIR "/docs/guide/");
   game_->surface = surface_.get();
   game_->AllSoundOff = true;
   game_->SnapMouse = false;
