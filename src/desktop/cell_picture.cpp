@@ -66,12 +66,23 @@ std::optional<CellPlace> CellPicture::PlaceAt(QPointF point) const {
   return {};
 }
 
+QFont CellPicture::SmallFont() const {
+  QFont small = font();
+  small.setPointSizeF(font().pointSizeF() * 0.75);
+  return small;
+}
+
+QRectF CellPicture::TextRectOf(CellPlace place) const {
+  QRectF box = RectOf(place);
+  if (!drawn_(place).name.isEmpty()) box.adjust(0, QFontMetricsF(SmallFont()).height(), 0, 0);
+  return box;
+}
+
 void CellPicture::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   const QPalette& colors = palette();
-  QFont small = font();
-  small.setPointSizeF(font().pointSizeF() * 0.75);
+  const QFont small = SmallFont();
   for (int row = 0; row < Rows(); ++row) {
     for (int column = 0; column < Columns(); ++column) {
       const CellPlace place{row, column};
@@ -85,13 +96,12 @@ void CellPicture::paintEvent(QPaintEvent*) {
       painter.fillRect(box, ground);
       painter.setPen(colors.color(QPalette::Midlight));
       painter.drawLine(box.bottomLeft(), box.bottomRight());
-      QRectF text_box = box.adjusted(kMargin, 0, -kMargin, 0);
       if (!cell.name.isEmpty()) {
         painter.setFont(small);
         painter.setPen(colors.color(QPalette::PlaceholderText));
-        painter.drawText(text_box.adjusted(0, 2, 0, 0), Qt::AlignLeft | Qt::AlignTop, cell.name);
-        text_box.setTop(text_box.top() + QFontMetricsF(small).height());
+        painter.drawText(box.adjusted(kMargin, 2, 0, 0), Qt::AlignLeft | Qt::AlignTop, cell.name);
       }
+      const QRectF text_box = TextRectOf(place).adjusted(kMargin, 0, -kMargin, 0);
       if (cell.locked) {
         const double side = QFontMetricsF(small).ascent();
         PaintLock(painter, QRectF(box.right() - kMargin - side, box.top() + kMargin, side, side),
@@ -142,9 +152,7 @@ void EditedCells::Load() {
   if (editor_->text() != entry) editor_->setText(entry);
   editor_->setModified(false);
   editor_->selectAll();
-  const QRect box = RectOf(current_).toRect().adjusted(2, 2, -2, -2);
-  const int height = std::min(box.height(), editor_->fontMetrics().height() + 4);
-  editor_->setGeometry(box.left(), box.bottom() + 1 - height, box.width(), height);
+  editor_->setGeometry(TextRectOf(current_).toRect().adjusted(2, 2, -2, -2));
   update();
 }
 

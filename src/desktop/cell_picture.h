@@ -42,6 +42,8 @@ class CellPicture : public QWidget {
   int Rows() const { return rows_; }
   int Columns() const { return static_cast<int>(columns_.size()); }
   QRectF RectOf(CellPlace place) const;
+  // Of what stands in it, below its name.
+  QRectF TextRectOf(CellPlace place) const;
   QSize sizeHint() const override;
 
  protected:
@@ -51,6 +53,8 @@ class CellPicture : public QWidget {
   virtual bool IsCurrent(CellPlace) const { return false; }
 
  private:
+  QFont SmallFont() const;
+
   int rows_;
   std::vector<double> columns_;
   double weight_ = 0;

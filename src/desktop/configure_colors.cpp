@@ -10,7 +10,6 @@
 
 #include "config/table_colors.h"
 #include "desktop/configure_page.h"
-#include "desktop/die_picture.h"
 #include "desktop/felt.h"
 #include "desktop/layout_picture.h"
 #include "desktop/paint_tools.h"
@@ -60,7 +59,7 @@ int PaletteCellOf(std::int32_t color) {
 
 // ---- The samples --------------------------------------------------------------------------------
 
-// The empty table in its colours, with a pair of dice.
+// The empty table in its colours.
 class TablePreview : public QWidget {
  public:
   explicit TablePreview(Game& game) : game_(game) {
@@ -87,11 +86,6 @@ class TablePreview : public QWidget {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate((width() - kTableWidth * scale) / 2, (height() - kTableHeight * scale) / 2);
     painter.drawImage(QPointF(), layout_);
-    painter.scale(scale, scale);
-    const DieColors colors{ColorOf(game_.TableColors[kColorDice]),
-                           ColorOf(game_.TableColors[kColorPips])};
-    PaintDie(painter, {300, 300}, game_.DicePicture, colors, {3, 0, 0});
-    PaintDie(painter, {345, 300}, game_.DicePicture, colors, {4, 0, 0});
   }
 
  private:

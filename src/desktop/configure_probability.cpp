@@ -1,6 +1,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
 
 #include "base/number_format.h"
@@ -19,6 +20,19 @@ namespace {
 // The picture has a row of headings and a column of captions around the cells, which so keep their
 // numbers.
 constexpr int kEditedDecimals = 3;
+
+// The path of a file; its middle gives way where there is no room for it.
+class FileLabel : public QLabel {
+ public:
+  FileLabel() { setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.drawText(rect(), Qt::AlignRight | Qt::AlignVCenter,
+                     fontMetrics().elidedText(text(), Qt::ElideMiddle, width()));
+  }
+};
 
 class ProbabilityPage : public ConfigurePage {
  public:
@@ -65,9 +79,11 @@ class ProbabilityPage : public ConfigurePage {
         new QLabel(QStringLiteral("Note:  If this box is UNchecked the\n"
                                   "true probabilities will be used."));
     head->addWidget(note, 1, 0);
-    QWidget* file = Controls().Make("lblPrbFileName");
-    static_cast<QLabel*>(file)->setAlignment(Qt::AlignRight);
-    file->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    auto* file = new FileLabel;
+    Controls().Add("lblPrbFileName", file, [this, file] {
+      file->setText(ToQt(ProbabilityFileLabel(TheGame())));
+      file->setToolTip(file->text());
+    });
     kind_->setObjectName(QStringLiteral("lblDiceKind"));
     kind_->setAlignment(Qt::AlignRight);
     head->addWidget(file, 0, 1);

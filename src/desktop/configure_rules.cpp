@@ -45,9 +45,12 @@ class BankrollPage : public ConfigurePage {
     auto* new_game =
         Controls().Group(QStringLiteral("For every new game:"), {"optBankrollInitType"});
     // The amount stands beside the option that uses it.
-    QWidget* options = Controls().ControlOf("BankrollInitType");
-    QWidget* amount = Controls().Make("txtBankrollInitAmount");
-    OptionRows(options)->addWidget(amount, 0, 1);
+    QGridLayout* options = OptionRows(Controls().ControlOf("BankrollInitType"));
+    auto* first = new QHBoxLayout;
+    first->addItem(options->takeAt(0));
+    first->addWidget(Controls().Make("txtBankrollInitAmount"));
+    first->addStretch();
+    options->addLayout(first, 0, 0, 1, 3);
 
     auto* atm = new QGroupBox(QStringLiteral("ATM"));
     auto* row = new QHBoxLayout(atm);
@@ -58,7 +61,7 @@ class BankrollPage : public ConfigurePage {
 
     auto* now = new QGroupBox(QStringLiteral("Bankroll"));
     auto* rows = new QVBoxLayout(now);
-    rows->addWidget(&figures_);
+    rows->addWidget(&figures_, 0, Qt::AlignLeft);
     rows->addWidget(Controls().Make("chkAllowNegBankroll"));
 
     auto* page = new QVBoxLayout(this);

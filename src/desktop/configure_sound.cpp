@@ -93,7 +93,7 @@ class SoundPage : public ConfigurePage {
     rows->addWidget(volume_, row, 1, 1, 2);
   }
 
-  QWidget* heard_ = new QWidget;
+  QWidget* heard_ = new QGroupBox(QStringLiteral("Sounds"));
   QSlider* volume_ = new QSlider(Qt::Horizontal);
 };
 

@@ -11,6 +11,7 @@
 #include "config/table_colors.h"
 #include "desktop/frm_axis.h"
 #include "desktop/qt_text.h"
+#include "desktop/screen_menus.h"
 #include "engine/table_effects.h"
 #include "files/probability_commands.h"
 #include "reports/print_commands.h"
@@ -108,7 +109,7 @@ ConfigureScreen::ConfigureScreen(Screens& screens) : ScreenWindow(screens, kTrai
   }
   setCentralWidget(tabs_);
   BuildMenus();
-  menuBar()->setMinimumHeight(menuBar()->sizeHint().height());
+  AddHelpMenu(*this, TheGame());
   shown_ = TheGame().ConfigureTab;
   tabs_->setCurrentIndex(shown_);
   connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) { TabChosen(tab); });

@@ -246,7 +246,7 @@ constexpr SettingControl kBetsTab[] = {
      {},
      [](Game& game) { return Percent(game.BuyVigPct); }},
     {"Buy vig", "optBuyVig", "BuyVigAllBets", -1, kBuyVigChoices},
-    {"Buy vig", "cmbRoundBuyVig", "BuyVigRounding", -1, kRoundingChoices},
+    {"Buy vig rounding", "cmbRoundBuyVig", "BuyVigRounding", -1, kRoundingChoices},
     {"Lay vig",
      "txtLayVigPct",
      "LayVigPct",
@@ -254,7 +254,7 @@ constexpr SettingControl kBetsTab[] = {
      {},
      [](Game& game) { return Percent(game.LayVigPct); }},
     {"Lay vig", "optLayVig", "LayVigAllBets", -1, kLayVigChoices},
-    {"Lay vig", "cmbRoundLayVig", "LayVigRounding", -1, kRoundingChoices},
+    {"Lay vig rounding", "cmbRoundLayVig", "LayVigRounding", -1, kRoundingChoices},
 };
 constexpr SettingControl kProbabilityTab[] = {
     {" Use the probabilities depicted here.", "chkUseSkewedProbability", "UseSkewedProbability"},
@@ -402,7 +402,8 @@ std::int64_t ChosenValue(Game& game, const SettingControl& control) {
   if (const bool* on = std::get_if<bool>(&value)) return *on ? 1 : 0;
   const std::int64_t* whole = std::get_if<std::int64_t>(&value);
   if (whole == nullptr) return 0;
-  return control.bit == 0 ? *whole : (*whole & control.bit) != 0 ? 1 : 0;
+  if (control.bit != 0) return (*whole & control.bit) != 0 ? 1 : 0;
+  return control.control.starts_with("chk") ? *whole != 0 : *whole;
 }
 
 std::string ShownSetting(Game& game, const SettingControl& control) {
