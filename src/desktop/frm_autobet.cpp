@@ -53,9 +53,7 @@ std::vector<AutoBetScreen::MenuTable> AutoBetScreen::Menus() {
     return screen.FocusedField() != nullptr || screen.editor_.SelectedCount() > 0;
   };
   const auto has_lines = [](const Self& screen) { return !screen.game_.ScriptLines.empty(); };
-  const auto lines_selected = [](const Self& screen) {
-    return screen.editor_.SelectedCount() > 0;
-  };
+  const auto lines_selected = [](const Self& screen) { return screen.editor_.SelectedCount() > 0; };
   return {
       {"mnuFile",
        "&File",
@@ -89,8 +87,8 @@ std::vector<AutoBetScreen::MenuTable> AutoBetScreen::Menus() {
             }},
            {"mnuDelete", "&Delete", key("Del"), &Self::Delete, has_selection},
            {"mnuSelectAll", "Select &All", key("Ctrl+A"), &Self::SelectAll},
-           {"mnuEditAsText", "&Edit Line as Text", key("F2"), &Self::EditAsText, has_lines,
-            nullptr, true},
+           {"mnuEditAsText", "&Edit Line as Text", key("F2"), &Self::EditAsText, has_lines, nullptr,
+            true},
            {"mnuPasteText", "Pa&ste Text", key("Ctrl+Shift+V"), &Self::PasteText},
            {"mnuCopyToAutoBetFile",
             "Copy to Auto-&Bet File ...",
