@@ -94,20 +94,19 @@ struct DecisionTally {
 };
 
 // The phantom one-dollar wagers that have not been written into the tables yet. While the payoffs
-// stand, what a roll does to a phantom bet depends only on the dice and on the set of working bets,
-// so it is enough to count rolls by those two. Come bets (which stand or not) and the Pass Line
-// (paid by its point) are tallied by themselves.
+// stand, what a roll does to a phantom bet depends only on the dice, the point and the set of
+// working bets, so it is enough to count rolls by those three. Come bets, which stand or not, are
+// tallied by themselves.
 struct PhantomLedger {
   static constexpr int kWorkingSets = 8;
   std::array<BetSet, kWorkingSets> working_sets{};
-  std::array<std::array<DecisionTally, 36>, kWorkingSets> rolls{};
+  // [working set][slot of the point, 10 on the come-out][pair of dice]
+  std::array<std::array<std::array<DecisionTally, 36>, kSlotCount + 1>, kWorkingSets> rolls{};
   std::int32_t set_count = 0;
-  std::int32_t current_set = -1;
+  // The set of the last roll on the come-out, and of the last one with a point; -1 for none.
+  std::array<std::int32_t, 2> last_set = {-1, -1};
   // [bet - kComePoint][won]: Come bets on their numbers, then their odds.
   std::array<std::array<DecisionTally, 2>, 2 * kSlotCount> come{};
-  // [slot of the point, 10 on the come-out][won]
-  std::array<std::array<DecisionTally, 2>, kSlotCount + 1> pass_line{};
-  std::array<std::array<DecisionTally, 2>, kSlotCount> pass_odds{};
   std::uint32_t come_on = 0;  // PhantomComeOn, a bit a bet from kComePoint on
 };
 

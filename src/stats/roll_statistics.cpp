@@ -149,11 +149,6 @@ ScriptEvent& HoldScriptCounters(Game& game, int category) {
 
 }  // namespace
 
-void BeginRollStatistics(Game& game) {
-  game.RollClockAtStart = game.RollClock;
-  game.ScriptResets.Clear();
-}
-
 void RecordRollStatistics(Game& game) {
   if (game.DiceTotal != 7 && game.Point == 0) {
     game.Point = game.DiceTotal;
@@ -171,10 +166,6 @@ void RecordRollStatistics(Game& game) {
 #pragma GCC unroll 11
   for (const std::uint8_t category : events.event) HitRollCategory(game, category, clock);
   game.LastCountedRoll = pair;
-}
-
-void FinishRollStatistics(Game& game) {
-  game.RollsSeenByScript = Event(game, 0).count;
 }
 
 void ResetRollStatistics(Game& game) {

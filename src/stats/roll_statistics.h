@@ -9,8 +9,14 @@ namespace feltmaster {
 // Counts the roll on the table: the point's own counter, the events of the dice, the gaps.
 void RecordRollStatistics(Game& game);
 // At the start of a roll: the script's counters are seen as they stand.
-void BeginRollStatistics(Game& game);
-void FinishRollStatistics(Game& game);
+inline void BeginRollStatistics(Game& game) {
+  game.RollClockAtStart = game.RollClock;
+  game.ScriptResets.Clear();
+}
+// At its end.
+inline void FinishRollStatistics(Game& game) {
+  game.RollsSeenByScript = game.Events[0].count;
+}
 void ResetRollStatistics(Game& game);
 
 void HandPassed(Game& game);
