@@ -86,7 +86,7 @@ void NoteDecision(Game& game, int bet, MoneyAmount amount) {
 
 void ComputePayoff(Game& game, int is_actual, int bet, int mode, MoneyAmount amount) {
   const Judgement roll = {PairOfDice(game.Die1, game.Die2), game.PrevPoint};
-  const bool has_vig = IsLay(bet) || IsBuy(bet);
+  const bool has_vig = HasVig(bet);
   const Payoff payoff = is_actual != 0
                             ? ActualPayoff(game, roll, bet, mode, amount,
                                            has_vig ? StandingVig(game, bet) : MoneyAmount())

@@ -4,6 +4,8 @@
 #include <array>
 #include <utility>
 
+#include "stats/roll_statistics.h"
+
 namespace feltmaster {
 namespace {
 
@@ -28,10 +30,6 @@ MoneyAmount& HistoryCell(Game& game, int position) {
 }
 MoneyAmount HistoryCell(const Game& game, int position) {
   return game.BankrollHistory[static_cast<std::size_t>(position)];
-}
-
-std::int32_t RollsMade(const Game& game) {
-  return game.Events[0].count;
 }
 
 void Widen(MoneyAmount& high, MoneyAmount& low, MoneyAmount value) {

@@ -47,6 +47,13 @@ constexpr std::uint32_t kAllComeBets = (1u << kComeBets) - 1u;
 constexpr std::uint32_t ComeBit(int bet) {
   return 1u << (bet - kComePoint);
 }
+constexpr std::array<std::uint32_t, kComeBets> kComeBits = [] {
+  std::array<std::uint32_t, kComeBets> bits{};
+  for (int bet = 0; bet < kComeBets; ++bet) {
+    bits[static_cast<std::size_t>(bet)] = ComeBit(kComePoint + bet);
+  }
+  return bits;
+}();
 bool HasComeFlag(int bet) {
   return bet >= kComePoint && bet < kComePoint + kComeBets;
 }
@@ -64,12 +71,6 @@ constexpr std::array<std::uint32_t, 13> kComeBetsOfTotal = [] {
 void Count(DecisionTally& tally, std::uint32_t serial) {
   ++tally.count;
   tally.last = serial;
-}
-
-// The same where `falls` is 0 or 1 by chance, without a branch that nobody could guess.
-void CountIf(std::uint32_t falls, DecisionTally& tally, std::uint32_t serial) {
-  tally.count += falls;
-  tally.last += falls * (serial - tally.last);
 }
 
 // The set of bets that worked in this roll, by its number in the ledger. A set it has no room for
@@ -92,19 +93,23 @@ std::int32_t WorkingSetOfRoll(Game& game) {
   return set;
 }
 
+// Without a branch on which of them stand, which nobody could guess.
 void CountComeBets(Game& game, int total) {
   PhantomLedger& ledger = game.Ledger;
+  const std::uint32_t serial = game.RollSerial;
   const std::uint32_t standing = game.AllowPutBets ? kAllComeBets : ledger.come_on;
-  std::uint32_t decided = standing & game.BetState.Working().Slice(kComePoint, kComeBets);
+  const std::uint32_t decided = standing & game.BetState.Working().Slice(kComePoint, kComeBets);
   if (total != 7) {
-    const auto flat = static_cast<std::size_t>(SlotOfNumber(total));
-    const auto odds = flat + kSlotCount;
-    CountIf(decided >> flat & 1u, ledger.come[flat][1], game.RollSerial);
-    CountIf(decided >> odds & 1u, ledger.come[odds][1], game.RollSerial);
+    const auto slot = static_cast<std::size_t>(SlotOfNumber(total));
+    const std::uint32_t flat = decided >> slot & 1u;
+    const std::uint32_t odds = decided >> (slot + kSlotCount) & 1u;
+    Count(ledger.come_won[slot][flat + 2 * odds], serial);
     return;
   }
-  for (; decided != 0; decided &= decided - 1) {
-    Count(ledger.come[static_cast<std::size_t>(std::countr_zero(decided))][0], game.RollSerial);
+  for (std::size_t bet = 0; bet < kComeBets; ++bet) {
+    const std::uint32_t lost = (decided & kComeBits[bet]) != 0 ? ~0u : 0u;
+    ledger.come_lost[bet] -= lost;
+    ledger.come_lost_last[bet] = (ledger.come_lost_last[bet] & ~lost) | (serial & lost);
   }
 }
 
@@ -199,14 +204,17 @@ constexpr int kSevenPair = PairOfDice(3, 4);  // the numbers themselves are not 
 
 void SettleComeBets(Settlement& settlement, const PhantomLedger& ledger) {
   for (int slot = 0; slot < kSlotCount; ++slot) {
-    const auto add = [&](int bet, int mode) {
-      const auto& tallies = ledger.come[static_cast<std::size_t>(bet - kComePoint)];
+    const auto& won = ledger.come_won[static_cast<std::size_t>(slot)];
+    const DecisionTally both = won[3];
+    const auto settle = [&](int bet, int mode, const DecisionTally& alone) {
+      const auto place = static_cast<std::size_t>(bet - kComePoint);
       const Judgement roll = {kSevenPair, NumberOfSlot(slot)};
-      settlement.Add(roll, bet, -mode, tallies[0]);
-      settlement.Add(roll, bet, mode, tallies[1]);
+      settlement.Add(roll, bet, -mode, {ledger.come_lost[place], ledger.come_lost_last[place]});
+      settlement.Add(roll, bet, mode, alone);
+      settlement.Add(roll, bet, mode, both);
     };
-    add(kComePoint + slot, kWins);
-    add(kComeOdds + slot, kOddsWin);
+    settle(kComePoint + slot, kWins, won[1]);
+    settle(kComeOdds + slot, kOddsWin, won[2]);
   }
 }
 
