@@ -10,6 +10,7 @@
 
 #include "base/calendar.h"
 #include "desktop/file_window.h"
+#include "desktop/help_window.h"
 #include "desktop/message_dialog.h"
 #include "desktop/print_document.h"
 #include "desktop/print_preview.h"
@@ -66,8 +67,11 @@ constexpr int kShowerPerFrame = 10;
 
 }  // namespace
 
-DesktopSurface::DesktopSurface(Game& game, const std::string& data_folder)
-    : game_(game), settings_(data_folder), plain_(std::random_device{}()) {
+DesktopSurface::DesktopSurface(Game& game, const std::string& data_folder, std::string guide_folder)
+    : game_(game),
+      settings_(data_folder),
+      guide_folder_(std::move(guide_folder)),
+      plain_(std::random_device{}()) {
   sounds_.SetVolume(settings_.Volume());
   since_events_.start();
   since_screens_.start();
@@ -178,7 +182,12 @@ bool DesktopSurface::ShowStep(const StepRequest& request) {
 }
 
 std::string DesktopSurface::AskFile(const FileRequest& request) {
-  return AskFileName(ReadyForDialog(), game_, request);
+  const std::string name = AskFileName(ReadyForDialog(), game_, request);
+  if (!name.empty()) {  // until what is done with the file lets events through again
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    QTimer::singleShot(0, [] { QApplication::restoreOverrideCursor(); });
+  }
+  return name;
 }
 
 // ---- Sound ------------------------------------------------------------------------------------
@@ -328,8 +337,21 @@ std::string DesktopSurface::Clipboard() {
   return FromQt(QApplication::clipboard()->text());
 }
 
-void DesktopSurface::OpenHelp(std::int32_t) {
-  if (screens_ != nullptr) screens_->Open(WindowCommand::kHelpContents);
+HelpWindow* DesktopSurface::OpenGuide() {
+  if (screens_ == nullptr) return nullptr;
+  QWidget* const modal = QApplication::activeModalWidget();
+  screens_->Open(WindowCommand::kHelpContents);
+  auto* const window = static_cast<HelpWindow*>(screens_->Find(WindowCommand::kHelpContents));
+  if (modal != nullptr) window->BelongTo(modal);
+  return window;
+}
+
+void DesktopSurface::OpenHelp(std::int32_t topic) {
+  if (HelpWindow* guide = OpenGuide()) guide->ShowTopic(topic);
+}
+
+void DesktopSurface::SearchHelp() {
+  if (HelpWindow* guide = OpenGuide()) guide->FocusSearch();
 }
 
 }  // namespace feltmaster

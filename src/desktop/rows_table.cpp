@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "desktop/dialog_tools.h"
+#include "desktop/ink.h"
 #include "desktop/paint_tools.h"
 #include "desktop/picture_export.h"
 #include "desktop/qt_text.h"
@@ -19,22 +20,22 @@ namespace feltmaster {
 namespace {
 
 constexpr double kFainter = 0.35;
-constexpr double kDarker = 0.4;
+constexpr double kLegible = 4.5;  // contrast of small letters
 
 }  // namespace
 
-QColor ToneColor(Tone tone, const QPalette& palette) {
-  switch (tone) {
-    case Tone::kNeutral:
-      return MoneyColor(0, palette);
-    case Tone::kWin:
-      return MoneyColor(1, palette);
-    case Tone::kLoss:
-      return MoneyColor(-1, palette);
-    case Tone::kVig:
-      break;
+QColor InkOn(int number, const QPalette& palette) {
+  const QColor pure = InkColor(number);
+  QColor color = pure;
+  for (double part = 0; Contrast(color, palette.color(QPalette::Base)) < kLegible && part < 1;) {
+    color = Mix(pure, palette.color(QPalette::Text), part += 0.1);
   }
-  return Mix(MoneyColor(1, palette), palette.color(QPalette::Text), kDarker);
+  return color;
+}
+
+QColor ToneColor(Tone tone, const QPalette& palette) {
+  return tone == Tone::kNeutral ? palette.color(QPalette::Text)
+                                : InkOn(PaletteColor(tone), palette);
 }
 
 // ---- The model --------------------------------------------------------------------------------
@@ -143,12 +144,13 @@ void RowsTable::Show(Rows rows) {
 }
 
 void RowsTable::NeedWidths() {
-  const int room = fontMetrics().averageCharWidth() * 2;
+  const int letter = fontMetrics().averageCharWidth();
   for (std::size_t column = 0; column < needed_.size(); ++column) {
     const int section = static_cast<int>(column);
     const int head =
         horizontalHeader()->isHidden() ? 0 : horizontalHeader()->sectionSizeHint(section);
-    needed_[column] = std::max({needed_[column], sizeHintForColumn(section) + room, head});
+    needed_[column] = std::max({needed_[column], sizeHintForColumn(section) + 2 * letter, head,
+                                model_.Column(section).letters * letter});
   }
 }
 

@@ -12,6 +12,8 @@
 
 namespace feltmaster {
 
+// A colour of the 16, on this palette: made readable on a dark one as on a light one.
+QColor InkOn(int number, const QPalette& palette);
 // The colour of a tone on this palette, as well to be read on a dark one as on a light one.
 QColor ToneColor(Tone tone, const QPalette& palette);
 
@@ -20,6 +22,7 @@ struct RowsColumn {
   std::string heading = {};
   Qt::AlignmentFlag align = Qt::AlignLeft;
   bool caption = false;  // names what stands beside it, and is painted fainter
+  int letters = 0;       // the least that it has room for
 };
 
 // Rows as a model of a view. Of what is shown anew only the cells that differ are painted.
@@ -31,6 +34,7 @@ class RowsModel : public QAbstractTableModel {
 
   // False when nothing has changed.
   bool Show(Rows rows);
+  const RowsColumn& Column(int column) const { return columns_[static_cast<std::size_t>(column)]; }
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
