@@ -22,6 +22,7 @@ FigureGrid::FigureGrid(std::span<const FigureNames> names, int across, QWidget* 
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setHorizontalSpacing(fontMetrics().averageCharWidth() * 2);
   grid->setVerticalSpacing(fontMetrics().height() / 5);
+  const int usual = fontMetrics().horizontalAdvance(QStringLiteral("-9,999,999"));
   for (std::size_t i = 0; i < names.size(); ++i) {
     Pair pair = {new QLabel(this), new QLabel(this), Tone::kNeutral};
     pair.value->setObjectName(QString::fromLatin1(names[i].value));
@@ -34,6 +35,7 @@ FigureGrid::FigureGrid(std::span<const FigureNames> names, int across, QWidget* 
     grid->addWidget(pair.caption, row, column);
     grid->addWidget(pair.value, row, column + 1);
     grid->setColumnStretch(column + 1, 1);
+    grid->setColumnMinimumWidth(column + 1, usual);
     pairs_.push_back(pair);
   }
 }

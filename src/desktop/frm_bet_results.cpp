@@ -24,12 +24,13 @@ constexpr std::array<const char*, 2> kSeries = {
     " Display results of continuous phantom $1 wagers",
     " Display results of actual decided wagers",
 };
+constexpr int kAmountLetters = 11;
 constexpr int kNet = 4;  // the columns from here on are coloured
 
 std::vector<RowsColumn> Columns() {
   std::vector<RowsColumn> columns = {{.caption = true}};
   for (const char* heading : {" Wagers", " Wins", " Losses", " Net", " Net %"}) {
-    columns.push_back({heading, Qt::AlignRight});
+    columns.push_back({.heading = heading, .align = Qt::AlignRight, .letters = kAmountLetters});
   }
   return columns;
 }

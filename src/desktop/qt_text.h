@@ -14,7 +14,7 @@ namespace feltmaster {
 inline QString ToQt(std::string_view text) {
   QString converted;
   while (true) {
-    const std::size_t end = std::min(text.find_first_of("\n\t"), text.size());
+    const std::size_t end = std::min(text.find_first_of("\r\n\t"), text.size());
     const std::string utf8 = AsUtf8(text.substr(0, end));
     converted += QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
     if (end == text.size()) return converted;

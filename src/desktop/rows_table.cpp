@@ -144,12 +144,13 @@ void RowsTable::Show(Rows rows) {
 }
 
 void RowsTable::NeedWidths() {
-  const int room = fontMetrics().averageCharWidth() * 2;
+  const int letter = fontMetrics().averageCharWidth();
   for (std::size_t column = 0; column < needed_.size(); ++column) {
     const int section = static_cast<int>(column);
     const int head =
         horizontalHeader()->isHidden() ? 0 : horizontalHeader()->sectionSizeHint(section);
-    needed_[column] = std::max({needed_[column], sizeHintForColumn(section) + room, head});
+    needed_[column] = std::max({needed_[column], sizeHintForColumn(section) + 2 * letter, head,
+                                model_.Column(section).letters * letter});
   }
 }
 

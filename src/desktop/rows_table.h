@@ -22,6 +22,7 @@ struct RowsColumn {
   std::string heading = {};
   Qt::AlignmentFlag align = Qt::AlignLeft;
   bool caption = false;  // names what stands beside it, and is painted fainter
+  int letters = 0;       // the least that it has room for
 };
 
 // Rows as a model of a view. Of what is shown anew only the cells that differ are painted.
@@ -33,6 +34,7 @@ class RowsModel : public QAbstractTableModel {
 
   // False when nothing has changed.
   bool Show(Rows rows);
+  const RowsColumn& Column(int column) const { return columns_[static_cast<std::size_t>(column)]; }
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;

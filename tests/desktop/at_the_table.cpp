@@ -82,17 +82,11 @@ void AtTheTable::LookForDialog() {
   answer(*dialog);
 }
 
-// The same window may come up again, for the next question. What was behind it is active again, as
-// a window manager would have it.
+// The same window may come up again, for the next question.
 bool AtTheTable::Hidden::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::Hide) return false;
   if (watched == table_.answered_) table_.answered_ = nullptr;
   if (watched == table_.seen_) table_.seen_ = nullptr;
-  const auto* dialog = qobject_cast<QWidget*>(watched);
-  QWidget* behind = dialog == nullptr ? nullptr : dialog->parentWidget();
-  if (behind != nullptr && behind->isVisible()) {
-    QTimer::singleShot(0, behind, [behind] { behind->window()->activateWindow(); });
-  }
   return false;
 }
 
@@ -123,10 +117,11 @@ void AtTheTable::Roll(int die1, int die2) {
 }
 
 void AtTheTable::Type(int key, Qt::KeyboardModifiers held) {
-  QWidget* focus = QApplication::focusWidget();
+  QWidget* to = QApplication::focusWidget();
+  if (to == nullptr) to = QApplication::activeWindow();
   // Without a window manager the table is not made active again when a dialog closes.
-  if (focus == nullptr) focus = window_->focusWidget();
-  QTest::keyClick(focus != nullptr ? focus : window_.get(), static_cast<Qt::Key>(key), held);
+  if (to == nullptr) to = window_->focusWidget();
+  QTest::keyClick(to != nullptr ? to : window_.get(), static_cast<Qt::Key>(key), held);
 }
 
 void AtTheTable::Choose(const char* entry) {

@@ -396,12 +396,14 @@ TEST_F(Statistics, HyperDriveIsStartedThrottledAndStopped) {
 TEST_F(Statistics, MinimisedHyperDriveTellsItsStateInTheTitle) {
   ScreenWindow& screen = Open(WindowCommand::kBankrollGraph);
   Find<QCheckBox>(screen, "chkUnlimited")->click();
-  game_->AutoRollsRemaining = 200'000;
+  game_->NumAutoRolls = 0;
+  game_->AutoRollsRemaining = 0;
   QString meanwhile;
   QTimer::singleShot(40, window_.get(), [&] {
     window_->showMinimized();
     QApplication::processEvents();
     meanwhile = window_->windowTitle();
+    game_->AutoRollsRemaining = 1000;
   });
   Find<QPushButton>(screen, "cmdHyperDriveActive")->click();
   QApplication::processEvents();
