@@ -157,7 +157,7 @@ QWidget* DesktopSurface::DialogParent() const {
 
 QWidget* DesktopSurface::ReadyForDialog() {
   if (canvas_ != nullptr) canvas_->ShowNow();
-  if (stale_screens_.isActive()) RefreshScreensNow();
+  if (screens_stale_) RefreshScreensNow();
   return DialogParent();
 }
 
@@ -293,11 +293,12 @@ void DesktopSurface::ShowerOfChips() {
 
 void DesktopSurface::RefreshOpenScreens() {
   // Called once a roll, which is shorter than a look at the clock.
-  if (screens_ == nullptr || stale_screens_.isActive()) return;
+  if (screens_ == nullptr || screens_stale_) return;
   const qint64 since = since_screens_.elapsed();
   if (since >= kFrame) {
     RefreshScreensNow();
   } else {
+    screens_stale_ = true;
     stale_screens_.start(static_cast<int>(kFrame - since));
   }
 }
@@ -313,6 +314,7 @@ void DesktopSurface::RefreshScreensRested() {
 
 void DesktopSurface::RefreshScreensNow() {
   stale_screens_.stop();
+  screens_stale_ = false;
   if (screens_ != nullptr) screens_->Refresh();
   since_screens_.restart();
   drawing_ = 0;

@@ -85,6 +85,7 @@ class DesktopSurface : public Surface {
   int rolls_since_look_ = 0;     // at the clock, in Hyper-Drive without a throttle
   QElapsedTimer since_screens_;  // the open screens were refreshed
   qint64 drawing_ = 0;           // milliseconds for events since then, most of them for drawing
+  bool screens_stale_ = false;   // the timer below runs; to ask it costs a good part of a roll
   QTimer stale_screens_;
 };
 

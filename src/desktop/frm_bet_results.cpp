@@ -24,7 +24,7 @@ constexpr std::array<const char*, 2> kSeries = {
     " Display results of continuous phantom $1 wagers",
     " Display results of actual decided wagers",
 };
-constexpr int kAmountLetters = 11;
+constexpr int kAmountLetters = 13;
 constexpr int kNet = 4;  // the columns from here on are coloured
 
 std::vector<RowsColumn> Columns() {

@@ -19,7 +19,6 @@
 #include "desktop/qt_text.h"
 #include "desktop/roll_bars.h"
 #include "desktop/rows_table.h"
-#include "engine/roll_cycle.h"
 #include "stats/roll_statistics.h"
 #include "surface/null_surface.h"
 #include "view/bet_results_table.h"
@@ -43,10 +42,6 @@ class Statistics : public AtTheTable {
     EXPECT_NE(screen, nullptr);
     QApplication::processEvents();
     return *screen;
-  }
-  static bool Activate(ScreenWindow& screen) {
-    screen.activateWindow();
-    return QTest::qWaitForWindowActive(&screen);
   }
   static void Trigger(ScreenWindow& screen, const char* entry) {
     if (auto* action = Find<QAction>(screen, entry)) action->trigger();
@@ -126,8 +121,7 @@ TEST_F(Statistics, CopyTheirTablesSaveTheirPicturesPrintAndClose) {
       Trigger(screen, "mnuPrint");
       EXPECT_EQ(Titles.back(), "Print");
     }
-    EXPECT_TRUE(Activate(screen));
-    Type(Qt::Key_Escape);
+    QTest::keyClick(&screen, Qt::Key_Escape);
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(window_->AllScreens().Find(one.command), nullptr);
   }
@@ -302,9 +296,9 @@ TEST_F(Statistics, BankrollGraphObeysItsMenusButtonsAndLines) {
   EXPECT_EQ(game_->GraphTop - top, scale.Times(50));
   Find<QAbstractButton>(screen, "picDownScaleUp")->click();
   EXPECT_EQ(game_->GraphTop, top);
-  EXPECT_TRUE(Activate(screen));
-  QTest::keyClick(&screen, Qt::Key_Plus, Qt::ControlModifier);
-  QTest::qWait(200);  // a key presses the button for a moment
+  auto* larger = Find<QAbstractButton>(screen, "picLargerUp");
+  EXPECT_EQ(larger->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Plus));
+  larger->click();
   EXPECT_GT(game_->GraphScale, scale);
   Find<QAbstractButton>(screen, "picSmallerUp")->click();
   EXPECT_EQ(game_->GraphScale, scale);
@@ -368,8 +362,7 @@ TEST_F(Statistics, HyperDriveIsStartedThrottledAndStopped) {
   QApplication::processEvents();
   EXPECT_FALSE(game_->HyperDriveActive);
   EXPECT_GT(RollCounts(*game_, 0), 1000);
-  QTest::qWait(60);
-  EXPECT_EQ(button->text(), "Start Hyper-&Drive");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return button->text() == "Start Hyper-&Drive"; }));
   EXPECT_TRUE(Titles.empty());
 
   // The screen may go during the run, which its last roll ends.
@@ -416,20 +409,24 @@ TEST_F(Statistics, MinimisedHyperDriveTellsItsStateInTheTitle) {
   EXPECT_THAT(Titles, ElementsAre("Hyper-Drive Stopped"));
 }
 
-// Rolls for each second of the processor: with nobody to look, in the window, with open screens.
+// Rolls for each second of the processor, the best of three runs: with nobody to look, in the
+// window, with open screens.
 TEST_F(Statistics, LeaveUnlimitedHyperDriveItsRate) {
   surface_->Settings().SetUnlimited(true);
-  const auto rate = [&](const char* name) {
+  QTest::qWait(400);  // until the table is painted
+  const auto run = [&] {
     const std::clock_t start = std::clock();
     const std::int32_t before = RollCounts(*game_, 0);
-    game_->HyperDriveActive = game_->KeepRolling = true;
     game_->AutoRollsRemaining = game_->surface == surface_.get() ? 0 : 5'000'000;
-    QTimer::singleShot(700, window_.get(), [this] { game_->KeepRolling = false; });
-    RollCycle(*game_);
+    QTimer::singleShot(300, window_.get(), [this] { game_->KeepRolling = false; });
+    ToggleHyperDrive(*game_);
     const double seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
-    const double rolls = (RollCounts(*game_, 0) - before) / seconds;
-    std::cout << name << ": " << static_cast<std::int64_t>(rolls) << " rolls a second\n";
-    return rolls;
+    return (RollCounts(*game_, 0) - before) / seconds;
+  };
+  const auto rate = [&](const char* name) {
+    const double best = std::max({run(), run(), run()});
+    std::cout << name << ": " << static_cast<std::int64_t>(best) << " rolls a second\n";
+    return best;
   };
   NullSurface nobody;
   game_->surface = &nobody;
