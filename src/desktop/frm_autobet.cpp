@@ -201,7 +201,7 @@ AutoBetScreen::AutoBetScreen(Screens& screens)
 }
 
 QSize AutoBetScreen::PreferredSize() const {
-  return QSize(fontMetrics().horizontalAdvance('n') * 165, fontMetrics().height() * 46);
+  return QSize(fontMetrics().horizontalAdvance('n') * 165, fontMetrics().height() * 52);
 }
 
 AutoBetScreen::~AutoBetScreen() {

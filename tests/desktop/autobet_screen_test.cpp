@@ -5,6 +5,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QMimeData>
+#include <QWindow>
 
 #include "autobet/script_file.h"
 #include "autobet/script_lines.h"
@@ -266,11 +267,18 @@ TEST_F(TheScriptEditor, AsksBeforeItLeavesABrokenScript) {
 
 TEST_F(TheScriptEditor, IsModalOverTheTable) {
   screen_->close();
-  Expect([](QWidget& editor) {
+  Screens& screens = window_->AllScreens();
+  Expect([&](QWidget& editor) {
     EXPECT_EQ(editor.objectName(), "frmAutoBet");
+    Find<QAction>(editor, "mnuSummary")->trigger();
+    // It would be blocked by the editor if it did not belong to it.
+    EXPECT_EQ(screens.Find(WindowCommand::kSummary)->windowHandle()->transientParent(),
+              editor.windowHandle());
     editor.close();
   });
   Choose("mnuAutoBet");
+  EXPECT_EQ(screens.Find(WindowCommand::kSummary)->windowHandle()->transientParent(),
+            window_->windowHandle());
   NothingExpected();
 }
 

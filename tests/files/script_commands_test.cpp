@@ -7,14 +7,12 @@
 
 #include "autobet/script_file.h"
 #include "autobet/script_text.h"
-#include "base/record_file.h"
 #include "engine/start_up.h"
 #include "support/recording_surface.h"
+#include "support/scratch_folder.h"
 
 namespace feltmaster {
 namespace {
-
-namespace fs = std::filesystem;
 
 class Desk : public RecordingSurface {
  public:
@@ -25,18 +23,21 @@ class Desk : public RecordingSurface {
     files.pop_front();
     return file;
   }
+  void Answer(std::int32_t answer) {
+    MessageReply reply;
+    reply.answer = answer;
+    answers.push_back(reply);
+  }
+
   std::deque<std::string> files;
   std::vector<std::string> asked;
 };
 
-class ScriptCommands : public testing::Test {
+class ScriptCommands : public InScratchFolder {
  protected:
   ScriptCommands() {
-    std::string name = (fs::temp_directory_path() / "feltmaster-XXXXXX").string();
-    EXPECT_NE(mkdtemp(name.data()), nullptr);
-    folder_ = name;
     game.surface = &desk;
-    StartUp(game, {.data_dir = (folder_ / "").string(), .seed = 1});
+    StartUp(game, {.data_dir = Path(""), .seed = 1});
     desk.messages.clear();
     SetScript(game,
               std::get<std::vector<ScriptLine>>(
@@ -44,11 +45,6 @@ class ScriptCommands : public testing::Test {
               "");
     game.ScriptUnsaved = true;
   }
-  ~ScriptCommands() override { fs::remove_all(folder_); }
-
-  std::string Path(const char* name) const { return (folder_ / name).string(); }
-
-  fs::path folder_;
   Desk desk;
   Game game;
 };
@@ -62,14 +58,14 @@ TEST_F(ScriptCommands, SaveOpenAndNew) {
   EXPECT_FALSE(game.ScriptUnsaved);
 
   game.ScriptUnsaved = true;
-  desk.answers = {{.answer = 2}};
+  desk.Answer(2);
   EXPECT_FALSE(NewScriptCommand(game));
   EXPECT_EQ(desk.messages.back(),
             (RecordingSurface::Message{"Save Auto-Bets?",
                                        "Your current logged bets have not been saved.\n\nDo you "
                                        "want to save them now?",
                                        5134, 600}));
-  desk.answers = {{.answer = 6}};
+  desk.Answer(6);
   EXPECT_TRUE(NewScriptCommand(game));
   EXPECT_TRUE(game.ScriptLines.empty() && game.ScriptFileName.empty());
   desk.files = {Path("mine.bet")};
@@ -81,9 +77,7 @@ TEST_F(ScriptCommands, CopySelectedLinesAndPasteThem) {
   game.ScriptLines[1].LineSelected = game.ScriptLines[3].LineSelected = true;
   desk.files = {Path("two.txt"), Path("two.bet"), Path("two.bet")};
   EXPECT_TRUE(CopyToTextFileCommand(game));
-  std::string text;
-  EXPECT_FALSE(ReadWholeFile(Path("two.txt"), 1000, text));
-  EXPECT_EQ(text, "          On each roll\r\r\n          Bet $ 5 on Field\r\r\n");
+  EXPECT_EQ(Bytes("two.txt"), "          On each roll\r\r\n          Bet $ 5 on Field\r\r\n");
   EXPECT_TRUE(CopyToScriptFileCommand(game));
   EXPECT_TRUE(game.ScriptUnsaved && game.ScriptFileName.empty());
   game.ScriptCursorLine = 1;
@@ -95,16 +89,16 @@ TEST_F(ScriptCommands, CopySelectedLinesAndPasteThem) {
 
 TEST_F(ScriptCommands, AnActiveScriptIsCheckedBeforeTheEditorCloses) {
   EXPECT_TRUE(LeaveScriptEditor(game));
-  EXPECT_TRUE(fs::exists(Path("active.tmp")));
+  EXPECT_TRUE(std::filesystem::exists(Path("active.tmp")));
   game.ScriptActive = 1;
   EXPECT_TRUE(LeaveScriptEditor(game));
   EXPECT_TRUE(desk.messages.empty());
   game.ScriptLines.pop_back();
-  desk.answers = {{.answer = 7}};
+  desk.Answer(7);
   EXPECT_FALSE(LeaveScriptEditor(game));
   EXPECT_EQ(desk.messages.back().options, 8710);
   EXPECT_EQ(game.ScriptActive, 1);
-  desk.answers = {{.answer = 6}};
+  desk.Answer(6);
   EXPECT_TRUE(LeaveScriptEditor(game));
   EXPECT_EQ(game.ScriptActive, 0);
 }
