@@ -40,9 +40,9 @@ Reply StacksClear(Console& console, Arguments& args) {
   }
   args.End();
   if (args.Failed()) return Refused(args);
-  const bool cleared = ClearStacks(console.Table, values  ? StackClearing::kValues
-                                                  : names ? StackClearing::kNames
-                                                          : StackClearing::kAll);
+  const bool cleared = ClearStacks(console.Table, values  ? StackClearing::kAllValues
+                                                  : names ? StackClearing::kAllNames
+                                                          : StackClearing::kValuesAndNames);
   return Truth(cleared, cleared ? "Cleared.\n" : "They stay.\n");
 }
 Reply StacksVisible(Console& console, Arguments& args) {

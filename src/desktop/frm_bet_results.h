@@ -22,12 +22,14 @@ class BetResultsScreen : public ScreenWindow {
  private:
   BetResultsChoice Chosen() const;
   void Choose();
+  void ShowChoice(const BetResultsChoice& choice);
 
   QListWidget* bets_;
   std::array<QRadioButton*, 2> series_;
   FigureGrid* heads_;
   RowsTable* table_;
   BetResultsTable results_;
+  std::string shown_;  // the selection as the list shows it
 };
 
 }  // namespace feltmaster

@@ -18,6 +18,9 @@ class RollTotalsScreen : public ScreenWindow {
 
   void Refresh() override;
 
+ protected:
+  QSize PreferredSize() const override;
+
  private:
   void AddMenus();
   void KeepScroll(Qt::Orientation along, std::int32_t Game::*kept);

@@ -15,7 +15,11 @@ class SummaryScreen : public ScreenWindow {
 
   void Refresh() override;
 
+ protected:
+  QSize PreferredSize() const override;
+
  private:
+  QWidget* page_;
   std::vector<FigureGrid*> groups_;
 };
 

@@ -59,7 +59,7 @@ GuidePage::GuidePage(QWidget* parent) : QTextBrowser(parent) {
     if (link.scheme().startsWith(QStringLiteral("http"))) {
       QDesktopServices::openUrl(link);
     } else {
-      setSource(source().resolved(link));
+      setSource(place_.resolved(link));
     }
   });
 }
@@ -72,6 +72,7 @@ void GuidePage::Open(const QString& place) {
 }
 
 void GuidePage::Arrive(const QUrl& place) {
+  place_ = place;
   const bool fresh = File() != dressed_;
   if (fresh) Dress();
   if (place.hasFragment()) {
@@ -149,7 +150,7 @@ void GuidePage::resizeEvent(QResizeEvent* event) {
 
 void GuidePage::changeEvent(QEvent* event) {
   QTextBrowser::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange && !source().isEmpty()) LoadAgain();
+  if (event->type() == QEvent::PaletteChange && !place_.isEmpty()) LoadAgain();
 }
 
 // ---- The window -------------------------------------------------------------------------------
@@ -168,7 +169,6 @@ HelpWindow::HelpWindow(Screens& screens)
   contents_ = List(left, "lstContents", "Contents");
   hits_ = List(left, "lstFound", "Found");
   hits_->setRootIsDecorated(false);
-  hits_->setWordWrap(true);
   hits_->hide();
   for (QWidget* part : {static_cast<QWidget*>(search_), static_cast<QWidget*>(contents_),
                         static_cast<QWidget*>(hits_)}) {
@@ -273,7 +273,7 @@ void HelpWindow::MarkPage() {
     QTreeWidgetItem* const chapter = contents_->topLevelItem(i);
     if (chapter->data(0, kPlaceRole).toString() != page_->File()) continue;
     QTreeWidgetItem* current = chapter;
-    const QString place = page_->File() + '#' + page_->source().fragment();
+    const QString place = page_->File() + '#' + page_->Place().fragment();
     for (int k = 0; k < chapter->childCount(); ++k) {
       if (chapter->child(k)->data(0, kPlaceRole).toString() == place) current = chapter->child(k);
     }
@@ -328,7 +328,8 @@ void HelpWindow::MoveTo(QWidget* owner) {
 bool HelpWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Hide && watched == parentWidget()) {
     watched->removeEventFilter(this);
-    MoveTo(AllScreens().Table());
+    QWidget* const opener = parentWidget()->parentWidget();
+    MoveTo(opener != nullptr ? opener->window() : AllScreens().Table());
   }
   return ScreenWindow::eventFilter(watched, event);
 }

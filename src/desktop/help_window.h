@@ -17,7 +17,8 @@ class GuidePage : public QTextBrowser {
 
   // "file.md#anchor"
   void Open(const QString& place);
-  QString File() const { return source().fileName(); }
+  const QUrl& Place() const { return place_; }
+  QString File() const { return place_.fileName(); }
 
   QVariant loadResource(int type, const QUrl& name) override;
 
@@ -30,6 +31,7 @@ class GuidePage : public QTextBrowser {
   void Dress();
   void LoadAgain();
 
+  QUrl place_;       // source() follows later
   QString dressed_;  // the file that is shown as it should be
   bool has_pictures_ = false;
 };

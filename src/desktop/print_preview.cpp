@@ -19,7 +19,7 @@ namespace feltmaster {
 
 namespace {
 
-constexpr std::int32_t kHelpPrinting = 700;
+constexpr std::int32_t kHelpPrinting = 800;
 constexpr int kAround = 12;  // pixels of desk around the sheet
 
 // A sheet of white paper, in dark surroundings too.

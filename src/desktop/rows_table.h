@@ -20,7 +20,7 @@ QColor ToneColor(Tone tone, const QPalette& palette);
 // A column of a table of texts.
 struct RowsColumn {
   std::string heading = {};
-  bool number = false;   // right-aligned
+  Qt::AlignmentFlag align = Qt::AlignLeft;
   bool caption = false;  // names what stands beside it, and is painted fainter
 };
 
@@ -31,8 +31,8 @@ class RowsModel : public QAbstractTableModel {
 
   RowsModel(std::vector<RowsColumn> columns, ToneOfCell tone, QObject* parent);
 
-  void Show(Rows rows);
-  const Rows& Shown() const { return rows_; }
+  // False when nothing has changed.
+  bool Show(Rows rows);
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -40,7 +40,7 @@ class RowsModel : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
-  void Renew(int row, Row& wanted);
+  bool Renew(int row, Row& wanted);
 
   std::vector<RowsColumn> columns_;
   ToneOfCell tone_;
@@ -59,11 +59,15 @@ class RowsTable : public QTableView {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void CopySelected() const;
+  void NeedWidths();
+  void SpreadColumns();
 
   RowsModel model_;
+  std::vector<int> needed_;  // width of each column, for the widest text so far
 };
 
 }  // namespace feltmaster

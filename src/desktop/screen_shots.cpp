@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QPalette>
 #include <QTabWidget>
+#include <QTemporaryFile>
 #include <QTimer>
 #include <memory>
 
@@ -21,6 +22,11 @@ namespace feltmaster {
 namespace {
 
 constexpr int kSettleTime = 150;  // milliseconds until a window has laid itself out
+
+// The screen of a platform without a display is 800 pixels wide unless it is told otherwise.
+constexpr const char* kDesk =
+    R"({"screens": [{"name": "desk", "x": 0, "y": 0, "width": 1920, "height": 1200,
+                     "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})";
 
 QPalette DarkPalette() {
   QPalette palette(QColor(53, 53, 57), QColor(43, 43, 46));
@@ -89,7 +95,11 @@ void ShootScreen(Photographer& photographer, Screens& screens, WindowCommand whi
 
 std::string ShootScreens(const ScreenShotOptions& options) {
   if (!QDir().mkpath(ToQt(options.folder))) return options.folder + " cannot be made.";
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QTemporaryFile desk;
+  QString platform = QStringLiteral("offscreen");
+  if (desk.open() && desk.write(kDesk) > 0 && desk.flush())
+    platform += QStringLiteral(":configfile=") + desk.fileName();
+  qputenv("QT_QPA_PLATFORM", platform.toUtf8());
   // What the toolkit has to say about the desktop it does not find is of no use here.
   qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
   char name[] = "feltmaster";

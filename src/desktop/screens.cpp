@@ -5,14 +5,20 @@
 #include <algorithm>
 #include <array>
 
+#include "desktop/frm_auto_play.h"
 #include "desktop/frm_autobet.h"
 #include "desktop/frm_bankroll.h"
 #include "desktop/frm_bet_results.h"
 #include "desktop/frm_bet_trends.h"
 #include "desktop/frm_configure.h"
+#include "desktop/frm_dice_roll_files.h"
+#include "desktop/frm_flags.h"
+#include "desktop/frm_games.h"
+#include "desktop/frm_hot_keys.h"
 #include "desktop/frm_roll_freqs.h"
 #include "desktop/frm_roll_totals.h"
 #include "desktop/frm_ryon.h"
+#include "desktop/frm_stack_values.h"
 #include "desktop/frm_summary.h"
 #include "desktop/help_window.h"
 
@@ -46,6 +52,12 @@ constexpr auto kKinds = std::to_array<ScreenKind>({
     Kind<BetResultsScreen>(WindowCommand::kBetResults),
     Kind<BetTrendsScreen>(WindowCommand::kBetTrends),
     Kind<HelpWindow>(WindowCommand::kHelpContents),
+    Kind<StackValuesScreen>(WindowCommand::kChipStacks),
+    Kind<FlagsScreen>(WindowCommand::kFlags),
+    Kind<AutoPlayScreen>(WindowCommand::kAutoPlay),
+    Kind<HotKeysScreen>(WindowCommand::kHotKeys, true),
+    Kind<GamesScreen>(WindowCommand::kGamesLog),
+    Kind<DiceRollFilesScreen>(WindowCommand::kDiceRollFiles),
 });
 
 const ScreenKind* KindOf(WindowCommand command) {

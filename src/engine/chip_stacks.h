@@ -32,7 +32,7 @@ enum class StackKey { kLeft, kRight, kUp, kDown, kPageUp, kPageDown };
 StackCell MoveStackCell(Game& game, StackCell cell, StackKey key, int rows_shown);
 
 // The three commands that clear; each asks first. True when it was done.
-enum class StackClearing { kAll, kValues, kNames };
+enum class StackClearing { kValuesAndNames, kAllValues, kAllNames };
 bool ClearStacks(Game& game, StackClearing what);
 
 // Sets which four Chip-Stacks lie on the table, from the bottom up, by their numbers, 0 to 99.

@@ -70,21 +70,6 @@ void Handle(Game& game, const Handling& handling, int button, Amounts amounts) {
   }
 }
 
-SettleRequest::Option LoadOption(const Game& game, int option) {
-  SettleRequest::Option row;
-  row.math_operator = game.HandleChoiceTag[Cell(option)];
-  row.amount = game.HandleAmount[Cell(option)];
-  row.units = static_cast<int>(
-      std::clamp<std::int64_t>(game.HandleUnits[Cell(option)].FloorWhole(), 0, kChipCount + 1));
-  return row;
-}
-
-void StoreOption(Game& game, int option, const SettleRequest::Option& row) {
-  game.HandleChoiceTag[Cell(option)] = row.math_operator;
-  game.HandleAmount[Cell(option)] = row.amount;
-  game.HandleUnits[Cell(option)] = MoneyAmount(row.units);
-}
-
 bool IsButton(int button) {
   return button >= 0 && button < kButtons;
 }
@@ -230,6 +215,21 @@ class DecreasingBiases {
 };
 
 }  // namespace
+
+SettleRequest::Option LoadOption(const Game& game, int option) {
+  SettleRequest::Option row;
+  row.math_operator = game.HandleChoiceTag[Cell(option)];
+  row.amount = game.HandleAmount[Cell(option)];
+  row.units = static_cast<int>(
+      std::clamp<std::int64_t>(game.HandleUnits[Cell(option)].FloorWhole(), 0, kChipCount + 1));
+  return row;
+}
+
+void StoreOption(Game& game, int option, const SettleRequest::Option& row) {
+  game.HandleChoiceTag[Cell(option)] = row.math_operator;
+  game.HandleAmount[Cell(option)] = row.amount;
+  game.HandleUnits[Cell(option)] = MoneyAmount(row.units);
+}
 
 void HandleWonBet(Game& game) {
   if (!game.HyperDriveActive) {

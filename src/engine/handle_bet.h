@@ -4,6 +4,7 @@
 
 #include "base/money.h"
 #include "game/game.h"
+#include "surface/surface.h"
 
 namespace feltmaster {
 
@@ -23,6 +24,10 @@ void PressDouble(Game& game);
 void ParlayBet(Game& game);
 void ModifySameBet(Game& game, int option);  // HandleOption
 void SetBetAmount(Game& game, int option);
+
+// The stored setting of a "Same Bet:" or "Bet:" row, a HandleOption, and how its row writes it.
+SettleRequest::Option LoadOption(const Game& game, int option);
+void StoreOption(Game& game, int option, const SettleRequest::Option& row);
 
 // One unit of the bet in CurrentBet in chips of a colour, by HandleUnits from 2 on: what the
 // denominator of its payoff row takes of them. 0 for other units.

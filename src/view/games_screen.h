@@ -83,8 +83,8 @@ struct GameLine {
   Tone tone = Tone::kNeutral;
 };
 inline constexpr int kDataLines = 16;
-// The next games from GamesTopLine on that pass the outcome filter. A failure is told.
-std::vector<GameLine> GamesRawData(Game& game, int value);
+// So many of the next games from GamesTopLine on that pass the outcome filter. A failure is told.
+std::vector<GameLine> GamesRawData(Game& game, int value, std::size_t lines = kDataLines);
 
 // The scroll bar of the data list, 1 to 30,000, and the game at a place of it.
 std::int32_t RawDataScroll(const GamesLogState& state);

@@ -374,6 +374,15 @@ std::span<const SettingTab> SettingTabs() {
   return kTabs;
 }
 
+const SettingControl* FindAutoPlayControl(std::string_view name) {
+  const auto* const control = std::ranges::find(kAutoPlayScreen, name, &SettingControl::name);
+  return control == std::end(kAutoPlayScreen) ? nullptr : control;
+}
+
+std::span<const std::string_view> AutoStopTexts() {
+  return kStops;
+}
+
 std::string NameOfSetting(const SettingControl& control) {
   std::string name(control.name);
   return control.index < 0 ? name : name + '(' + std::to_string(control.index) + ')';

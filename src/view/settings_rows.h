@@ -38,6 +38,11 @@ struct SettingTab {
 // The ten tabs in the order of ConfigureTab, then Auto-Play.
 std::span<const SettingTab> SettingTabs();
 
+// A control of the Auto-Play screen by the name of its setting; null when there is none.
+const SettingControl* FindAutoPlayControl(std::string_view name);
+// What can stop Auto-Roll, by position.
+std::span<const std::string_view> AutoStopTexts();
+
 // "OddsAllowed(0)": the name under which the value is read and written.
 std::string NameOfSetting(const SettingControl& control);
 std::string ShownSetting(Game& game, const SettingControl& control);

@@ -1,5 +1,6 @@
 #include "view/table_rows.h"
 
+#include "automation/auto_play.h"
 #include "base/number_format.h"
 #include "base/text.h"
 #include "engine/amounts.h"
@@ -19,7 +20,7 @@ Rows BetRows(const Game& game) {
   Rows rows;
   (game.BetAmount.Standing() & kLayoutBets).ForEach([&](int bet) {
     Row row = {NameOfLayoutBet(bet), WorkingState(game, bet), FormatMoney(game.BetAmount[bet])};
-    if (IsLay(bet) || IsBuy(bet)) row.push_back(FormatMoney(VigStanding(game, bet)));
+    if (HasVig(bet)) row.push_back(FormatMoney(VigStanding(game, bet)));
     rows.push_back(row);
   });
   return rows;
@@ -33,6 +34,14 @@ Rows ChipStackRows(const Game& game) {
     rows.push_back({std::to_string(stack), blank ? std::string() : FormatMoney(amount),
                     game.ChipStackName[static_cast<std::size_t>(stack)]});
   }
+  return rows;
+}
+
+Rows WorkOnComeOutRows(const Game& game) {
+  Rows rows;
+  WorkList().ForEach([&](int bet) {
+    rows.push_back({NameOfLayoutBet(bet) + (game.WorkOnComeOut.Has(bet) ? " - Yes" : " - No")});
+  });
   return rows;
 }
 

@@ -11,6 +11,9 @@ Rows BetRows(const Game& game);
 // Number, amount and name of every Chip-Stack.
 Rows ChipStackRows(const Game& game);
 
+// The bets of the list of what works on the come-out, in its order: "Place 4 - No".
+Rows WorkOnComeOutRows(const Game& game);
+
 // The current run of wins or losses of every bet; blank where there is none.
 Rows TrendRows(const Game& game);
 

@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t kLongestChapter = 4 << 20;
 constexpr std::string_view kFirstPage = "README.md";
 
-// Numbers below 1000 stand in the messages, too; those from 1000 on belong to windows alone.
+// Numbers that stand in messages are told there; those of windows may change.
 constexpr auto kTopics = std::to_array<HelpTopic>({
     {0, kFirstPage},
     {105, "file_formats.md#game-files"},
@@ -22,7 +22,6 @@ constexpr auto kTopics = std::to_array<HelpTopic>({
     {120, "auto_play.md", "frmAutoPlay"},
     {210, "dice_roll_files.md", "frmDiceRollFiles"},
     {240, "chip_stacks.md", "frmStackValues"},
-    {300, "games_log.md", "frmGames"},
     {500, "table.md#a-bet-that-has-won"},
     {501, "table.md#a-bet-that-has-lost"},
     {550, "script_language.md#messages-and-questions"},
@@ -33,18 +32,18 @@ constexpr auto kTopics = std::to_array<HelpTopic>({
     {620, "script_editor.md#editing"},
     {630, "script_editor.md#show-steps"},
     {640, "script_language.md#the-structure-of-a-script"},
-    {700, "reports.md#printing"},
-    {1010, "table.md", "frmCrapTable"},
-    {1011, "table.md", "frmTable"},
+    {700, "statistics.md#summary", "frmSummary"},
+    {710, "bankroll.md", "frmBankroll"},
+    {720, "statistics.md#roll-totals", "frmRollTotals"},
+    {730, "statistics.md#roll-frequencies", "frmRollFreqs"},
+    {740, "statistics.md#bet-results", "frmBetResults"},
+    {750, "statistics.md#bet-trends", "frmBetTrends"},
+    {800, "reports.md#printing"},
+    {1010, "table.md", "frmTable"},
     {1020, "configure.md", "frmConfigure"},
     {1030, "script_editor.md", "frmAutoBet"},
     {1040, "flags.md", "frmFlags"},
-    {1050, "statistics.md#roll-totals", "frmRollTotals"},
-    {1051, "statistics.md#roll-frequencies", "frmRollFreqs"},
-    {1052, "statistics.md#bet-results", "frmBetResults"},
-    {1053, "statistics.md#bet-trends", "frmBetTrends"},
-    {1054, "statistics.md#summary", "frmSummary"},
-    {1060, "bankroll.md", "frmBankroll"},
+    {1070, "games_log.md", "frmGames"},
     {1080, "own_numbers.md", "frmRYON"},
     {1100, "configure.md#checksdice"},
     {1101, "configure.md#sound"},

@@ -82,10 +82,17 @@ void AtTheTable::LookForDialog() {
   answer(*dialog);
 }
 
-// The same window may come up again, for the next question.
+// The same window may come up again, for the next question. What was behind it is active again, as
+// a window manager would have it.
 bool AtTheTable::Hidden::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Hide && watched == table_.answered_) table_.answered_ = nullptr;
-  if (event->type() == QEvent::Hide && watched == table_.seen_) table_.seen_ = nullptr;
+  if (event->type() != QEvent::Hide) return false;
+  if (watched == table_.answered_) table_.answered_ = nullptr;
+  if (watched == table_.seen_) table_.seen_ = nullptr;
+  const auto* dialog = qobject_cast<QWidget*>(watched);
+  QWidget* behind = dialog == nullptr ? nullptr : dialog->parentWidget();
+  if (behind != nullptr && behind->isVisible()) {
+    QTimer::singleShot(0, behind, [behind] { behind->window()->activateWindow(); });
+  }
   return false;
 }
 

@@ -46,6 +46,16 @@ class TheScriptEditor : public AtTheTable {
   void ClickLine(int row, Qt::KeyboardModifiers held = Qt::NoModifier) {
     QTest::mouseClick(list_->viewport(), Qt::LeftButton, held, list_->PlaceOf(row).center());
   }
+  void Drop(const char* format, const char* data, int row) {
+    QMimeData mime;
+    mime.setData(format, data);
+    const QPoint at = list_->PlaceOf(row).center();
+    QDragEnterEvent enter(at, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(list_->viewport(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(at, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(list_->viewport(), &drop);
+  }
   void ChooseEntry(const char* name) {
     auto* const action = Find<QAction>(*screen_, name);
     ASSERT_TRUE(action->isEnabled()) << name;
@@ -109,11 +119,7 @@ TEST_F(TheScriptEditor, PlacesALineByClickKeysAndDrag) {
   PickText("listTo", "Pass Line");
   Fill("txtActionAmount", "12.50");
   PressButton("cmdLogAction");
-  QMimeData mime;
-  mime.setData(kPendingLineFormat, QByteArray());
-  QDropEvent drop(list_->PlaceOf(4).center(), Qt::CopyAction, &mime, Qt::LeftButton,
-                  Qt::NoModifier);
-  QApplication::sendEvent(list_->viewport(), &drop);
+  Drop(kPendingLineFormat, "", 4);
   EXPECT_EQ(Script(),
             " When . . .\n          Pass Line has won more than 2 times\n then . . .\n"
             "          Bet $ 12.5 on Pass Line\n");
@@ -141,19 +147,15 @@ TEST_F(TheScriptEditor, PlacesALineByClickKeysAndDrag) {
 
   // The selected line moves where it is dropped.
   ClickLine(1);
-  QMimeData lines;
-  lines.setData(kSelectedLinesFormat, "1");
-  QDropEvent move(list_->PlaceOf(5).center(), Qt::MoveAction, &lines, Qt::LeftButton,
-                  Qt::NoModifier);
-  QApplication::sendEvent(list_->viewport(), &move);
+  Drop(kSelectedLinesFormat, "1", 5);
   EXPECT_EQ(game_->ScriptLines[4].LineText, " start");
   NothingExpected();
 }
 
 TEST_F(TheScriptEditor, CarriesOutTheEntriesOfItsMenus) {
   Load("When . . .\nOn each roll\nthen . . .\nBet $ 5 on Field\n'end\n");
-  ClickLine(2);
-  ClickLine(4, Qt::ShiftModifier);
+  ClickLine(4);
+  ClickLine(2, Qt::ShiftModifier);
   EXPECT_EQ(Find<QLabel>(*screen_, "lblNumLinesSelected")->text(), "3 selected");
   const std::string whole = Script();
   ChooseEntry("mnuCut");

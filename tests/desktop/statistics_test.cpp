@@ -44,6 +44,10 @@ class Statistics : public AtTheTable {
     QApplication::processEvents();
     return *screen;
   }
+  static bool Activate(ScreenWindow& screen) {
+    screen.activateWindow();
+    return QTest::qWaitForWindowActive(&screen);
+  }
   static void Trigger(ScreenWindow& screen, const char* entry) {
     if (auto* action = Find<QAction>(screen, entry)) action->trigger();
   }
@@ -122,7 +126,8 @@ TEST_F(Statistics, CopyTheirTablesSaveTheirPicturesPrintAndClose) {
       Trigger(screen, "mnuPrint");
       EXPECT_EQ(Titles.back(), "Print");
     }
-    QTest::keyClick(&screen, Qt::Key_Escape);
+    EXPECT_TRUE(Activate(screen));
+    Type(Qt::Key_Escape);
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(window_->AllScreens().Find(one.command), nullptr);
   }
@@ -297,7 +302,9 @@ TEST_F(Statistics, BankrollGraphObeysItsMenusButtonsAndLines) {
   EXPECT_EQ(game_->GraphTop - top, scale.Times(50));
   Find<QAbstractButton>(screen, "picDownScaleUp")->click();
   EXPECT_EQ(game_->GraphTop, top);
+  EXPECT_TRUE(Activate(screen));
   QTest::keyClick(&screen, Qt::Key_Plus, Qt::ControlModifier);
+  QTest::qWait(200);  // a key presses the button for a moment
   EXPECT_GT(game_->GraphScale, scale);
   Find<QAbstractButton>(screen, "picSmallerUp")->click();
   EXPECT_EQ(game_->GraphScale, scale);

@@ -56,17 +56,17 @@ TEST_F(ChipStacks, BulkCommandsAskFirst) {
     }
   };
   fill();
-  EXPECT_FALSE((surface_.Answer(kAnswerNo), ClearStacks(*game_, StackClearing::kAll)));
+  EXPECT_FALSE((surface_.Answer(kAnswerNo), ClearStacks(*game_, StackClearing::kValuesAndNames)));
   EXPECT_EQ(Stack(50), 5_usd);
-  EXPECT_TRUE((surface_.Answer(kAnswerYes), ClearStacks(*game_, StackClearing::kValues)));
+  EXPECT_TRUE((surface_.Answer(kAnswerYes), ClearStacks(*game_, StackClearing::kAllValues)));
   EXPECT_EQ(Stack(0) + Stack(99), 0_usd);
   EXPECT_EQ(game_->ChipStackName[99], "five");
   fill();
-  EXPECT_TRUE((surface_.Answer(kAnswerYes), ClearStacks(*game_, StackClearing::kNames)));
+  EXPECT_TRUE((surface_.Answer(kAnswerYes), ClearStacks(*game_, StackClearing::kAllNames)));
   EXPECT_EQ(Stack(99), 5_usd);
   EXPECT_EQ(game_->ChipStackName[0] + game_->ChipStackName[99], "");
   fill();
-  EXPECT_TRUE((surface_.Answer(kAnswerYes), ClearStacks(*game_, StackClearing::kAll)));
+  EXPECT_TRUE((surface_.Answer(kAnswerYes), ClearStacks(*game_, StackClearing::kValuesAndNames)));
   EXPECT_EQ(Stack(99), 0_usd);
   EXPECT_EQ(game_->ChipStackName[99], "");
 

@@ -84,7 +84,7 @@ TEST(UserGuideTest, EveryTopicOfTheProgramHasItsPlace) {
       if (match[2].matched && entry.path().filename() != "file_dialog.cpp") continue;
       const auto group = static_cast<std::size_t>(match[1].matched ? 1 : match[2].matched ? 2 : 3);
       const int topic = std::stoi(match[group].str());
-      if (topic == 0) continue;
+      if (topic < 100 || topic > 9999) continue;  // no topic, or a button
       ++found;
       EXPECT_NE(GuidePlaceOf(topic), GuidePlaceOf(0)) << entry.path() << ": " << match.str();
     }
