@@ -104,7 +104,10 @@ void CellPicture::paintEvent(QPaintEvent*) {
       const QRectF text_box = TextRectOf(place).adjusted(kMargin, 0, -kMargin, 0);
       if (cell.locked) {
         const double side = QFontMetricsF(small).ascent();
-        PaintLock(painter, QRectF(box.right() - kMargin - side, box.top() + kMargin, side, side),
+        // In the corner that the name leaves free.
+        const double left =
+            cell.name.isEmpty() ? box.left() + kMargin / 2 : box.right() - kMargin / 2 - side;
+        PaintLock(painter, QRectF(left, box.top() + kMargin / 2, side, side),
                   colors.color(QPalette::Text));
       }
       painter.setFont(font());

@@ -5,6 +5,7 @@
 #include <QPushButton>
 
 #include "desktop/configure_page.h"
+#include "desktop/dialog_tools.h"
 #include "desktop/figure_grid.h"
 #include "desktop/number_field.h"
 #include "desktop/qt_text.h"
@@ -61,7 +62,9 @@ class BankrollPage : public ConfigurePage {
 
     auto* now = new QGroupBox(QStringLiteral("Bankroll"));
     auto* rows = new QVBoxLayout(now);
-    rows->addWidget(&figures_, 0, Qt::AlignLeft);
+    constexpr int kFiguresWidth = 40;
+    figures_.setFixedWidth(Letters(figures_, kFiguresWidth));
+    rows->addWidget(&figures_);
     rows->addWidget(Controls().Make("chkAllowNegBankroll"));
 
     auto* page = new QVBoxLayout(this);

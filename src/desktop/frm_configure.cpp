@@ -191,6 +191,11 @@ void ConfigureScreen::TabChosen(int tab) {
   Refresh();
 }
 
+std::int32_t ConfigureScreen::HelpTopic() const {
+  constexpr std::int32_t kFirstTab = 1100;
+  return kFirstTab + shown_;
+}
+
 bool ConfigureScreen::MayClose() {
   LeavingConfigure leaving;
   for (ConfigurePage* page : pages_) page->Leave(leaving);

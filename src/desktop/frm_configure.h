@@ -18,7 +18,7 @@ namespace feltmaster {
 // its checks pass.
 class ConfigureScreen : public ScreenWindow {
  public:
-  static constexpr ScreenTraits kTraits{"frmConfigure", "Configure"};
+  static constexpr ScreenTraits kTraits{"frmConfigure", "Configure", 1020};
   explicit ConfigureScreen(Screens& screens);
   ~ConfigureScreen() override;
 
@@ -26,6 +26,7 @@ class ConfigureScreen : public ScreenWindow {
 
  protected:
   bool MayClose() override;
+  std::int32_t HelpTopic() const override;  // of the tab
 
  private:
   // An entry of a menu, seen on some of the tabs (a bit each).

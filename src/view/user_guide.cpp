@@ -45,6 +45,16 @@ constexpr auto kTopics = std::to_array<HelpTopic>({
     {1040, "flags.md", "frmFlags"},
     {1070, "games_log.md", "frmGames"},
     {1080, "own_numbers.md", "frmRYON"},
+    {1100, "configure.md#checksdice"},
+    {1101, "configure.md#sound"},
+    {1102, "configure.md#comps"},
+    {1103, "configure.md#colors"},
+    {1104, "configure.md#misc"},
+    {1105, "configure.md#bankroll"},
+    {1106, "configure.md#bets"},
+    {1107, "configure.md#payoffs"},
+    {1108, "configure.md#probability"},
+    {1109, "configure.md#advantage"},
 });
 
 struct Line {
