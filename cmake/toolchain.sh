@@ -58,14 +58,15 @@ InstallPackages() {
 }
 
 # Cached by an earlier place of the source tree, by an interrupted configuration, without the
-# strictness asked for now, or before Qt was there.
+# strictness asked for now, or before all of Qt was there.
 NeedsConfiguring() {
   local root=$1 cache=$2/CMakeCache.txt
   [ -f "$2/build.ninja" ] || return 0
   grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$cache" || return 0
   [ "${CI:-}" = true ] && grep -qxF FELTMASTER_WERROR:BOOL=OFF "$cache" && return
-  grep -qxF Qt6_DIR:PATH=Qt6_DIR-NOTFOUND "$cache" &&
-    [ -z "$(MissingPackages qt6-base-dev 2>/dev/null)" ]
+  grep -qxF FELTMASTER_DESKTOP:BOOL=ON "$cache" &&
+    grep -qxF FELTMASTER_DESKTOP_FOUND:INTERNAL=OFF "$cache" &&
+    [ -z "$(MissingPackages "${desktop_packages[@]}" 2>/dev/null)" ]
 }
 
 # Build ROOT PRESET TARGET: brings the target up to date; a second builder waits for the first.

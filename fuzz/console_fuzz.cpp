@@ -15,7 +15,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   console.Surface.Interrupted = [&] { return ++pumps > 300; };
 
   std::string_view rest = fuzz::TextOf(data, size);
-  for (int lines = 0; !rest.empty() && lines < 100 && !console.Quit; ++lines) {
+  for (int lines = 0; !rest.empty() && lines < 24 && !console.Quit; ++lines) {
     const std::size_t end = rest.find('\n');
     const std::string_view line = rest.substr(0, end);
     rest.remove_prefix(end == rest.npos ? rest.size() : end + 1);

@@ -54,7 +54,6 @@ struct ScriptRun {
   std::int32_t XorKind = 0;      // kXorWhen or kXorWhile while such a block is open
   std::int32_t BlockKind = 0;    // kind of the line that opened the block or section
   std::int32_t PendingLine = 0;  // where a jump goes; 0 when none has been asked for
-  std::int32_t LinesSinceYield = 0;
   ReturnStack Returns;
 
   // The memory of a group of like action lines.

@@ -51,7 +51,7 @@ ConditionAnswer CompareCounter(Game& game, const CompiledLine& line, std::int64_
 
 ConditionAnswer CompareHours(Game& game, const CompiledLine& line) {
   const double rate = game.RollsPerHour.ToDouble();
-  const double rolls = RollCounts(game, 0);
+  const double rolls = RollsMade(game);
   const double other = Operand(game, line).ToDouble();
   return {Holds(line.relation, rolls / rate, other),
           !Holds(line.relation, (rolls - 1) / rate, other)};
@@ -192,7 +192,7 @@ ConditionAnswer JoinSlots(const Game& game, const CompiledLine& line, Ask ask) {
   }
   const bool by_streak = line.test == ConditionTest::kStreak;
   if (now && !by_streak && !(before && all_held_before)) is_new = true;
-  if (now && RollCounts(game, 0) == 0) is_new = true;
+  if (now && RollsMade(game) == 0) is_new = true;
   return {now, is_new};
 }
 
@@ -280,7 +280,7 @@ ConditionAnswer CompareAmounts(Game& game, const CompiledLine& line) {
   ForEachChanged(game, range, [&](int slot) {
     if (game.BetAmount[slot] == MoneyAmount()) look_back(slot);
   });
-  return {true, !is_true(before) || RollCounts(game, 0) == 0};
+  return {true, !is_true(before) || RollsMade(game) == 0};
 }
 
 ConditionAnswer CompareStackNames(const Game& game, const CompiledLine& line) {
@@ -342,7 +342,7 @@ ConditionAnswer CompareValues(Game& game, const CompiledLine& line) {
   const Sum amount = line.amount.Raw();
   const Sum other = line.by_target ? ValueNow(game, right, right_slots.first) : amount;
   if (!Holds(line.relation, ValueNow(game, left, left_slots.first), other)) return {};
-  if (left.form != SelectionForm::kTotal && RollCounts(game, 0) == 0) return {true, true};
+  if (left.form != SelectionForm::kTotal && RollsMade(game) == 0) return {true, true};
   const Sum before = line.by_target ? ValueBefore(game, right, right_slots.first) : amount;
   return {true, !Holds(line.relation, ValueBefore(game, left, left_slots.first), before)};
 }
@@ -424,7 +424,7 @@ ConditionAnswer CompareThings(Game& game, const CompiledLine& line, std::int32_t
     left.value = ValuesOf(game, line.subject, -1);
     const SlotAnswer answer = CompareWithTarget(line, game, left, right, block_kind);
     const bool first_look =
-        line.subject.form == SelectionForm::kAverage && RollCounts(game, 0) == 0;
+        line.subject.form == SelectionForm::kAverage && RollsMade(game) == 0;
     return {answer.now, answer.now && (!answer.before || first_look)};
   }
   const SlotRange range = SlotsOf(game, line.subject);
@@ -486,13 +486,13 @@ ConditionAnswer EvaluateCondition(Game& game, const CompiledLine& line, std::int
     case ConditionTest::kInitializing:
       return both(game.ScriptNeedsInit || game.HotKeyRunning);
     case ConditionTest::kEachRoll:
-      return both(game.RollsSeenByScript != RollCounts(game, 0));
+      return both(game.RollsSeenByScript != RollsMade(game));
     case ConditionTest::kNextIsComeOut:
-      return {game.Point == 0, RollCounts(game, 0) == 0 || game.PrevPoint > 0};
+      return {game.Point == 0, RollsMade(game) == 0 || game.PrevPoint > 0};
     case ConditionTest::kNextIsNotComeOut:
       return {game.Point != 0, game.PrevPoint == 0};
     case ConditionTest::kLastWasComeOut:
-      return {RollCounts(game, 0) > 0 && game.PrevPoint == 0, game.PrevPrevPoint > 0};
+      return {RollsMade(game) > 0 && game.PrevPoint == 0, game.PrevPrevPoint > 0};
     case ConditionTest::kLastWasNotComeOut:
       return {game.PrevPoint != 0, game.PrevPrevPoint == 0};
     case ConditionTest::kAnswer:
@@ -501,10 +501,10 @@ ConditionAnswer EvaluateCondition(Game& game, const CompiledLine& line, std::int
       return both(game.Point == 0 && !CrapsJustRolled(game) &&
                   !(JustRolled(game, 7) && game.PrevPoint != 0));
     case ConditionTest::kEachMiss:
-      return both(RollCounts(game, 0) > 0 && game.Point == 0 &&
+      return both(RollsMade(game) > 0 && game.Point == 0 &&
                   (CrapsJustRolled(game) || (JustRolled(game, 7) && game.PrevPoint > 0)));
     case ConditionTest::kGameRolls:
-      return CompareCounter(game, line, RollCounts(game, 0));
+      return CompareCounter(game, line, RollsMade(game));
     case ConditionTest::kCounter:
       return CompareCounter(game, line, game.GameCounters[line.counter]);
     case ConditionTest::kHours:

@@ -34,7 +34,13 @@ LineDraft ActionDraft(const ActionRow& row = kActions.front());
 std::optional<LineDraft> DraftOf(const ScriptLine& line);
 
 // The lists that rows are chosen from.
-enum class DraftList : std::uint8_t { kLineRows, kComparisonRows, kValueRows, kTargetRows, kLabelRows };
+enum class DraftList : std::uint8_t {
+  kLineRows,
+  kComparisonRows,
+  kValueRows,
+  kTargetRows,
+  kLabelRows
+};
 
 // The captions of a list, as far as the draft needs it now; empty when it is not shown.
 std::vector<std::string> RowsOf(const LineDraft& draft, DraftList list, const Game& game);

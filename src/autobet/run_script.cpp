@@ -237,32 +237,36 @@ Next ProcessLine(Game& game, ScriptRun& run, const CompiledLine& line) {
 
 // --- The run -------------------------------------------------------------------------------------
 
-// So many lines have been looked at. False when the player has interrupted the script.
-bool GoesOn(Game& game, ScriptRun& run, std::int32_t lines) {
-  run.LinesSinceYield += lines;
-  while (run.LinesSinceYield >= kLinesPerYield && game.AutoBetRunning) {
-    run.LinesSinceYield -= kLinesPerYield;
+// Lets events through for each time that the count of lines has come to `yield_at`. False when the
+// player has interrupted the script.
+bool GoesOn(Game& game, std::int32_t lines, std::int32_t& yield_at) {
+  while (lines >= yield_at && game.AutoBetRunning) {
+    yield_at += kLinesPerYield;
     game.surface->LetEventsThrough();
   }
   return game.AutoBetRunning;
 }
 
-// Returns false when it was interrupted. A jump acts as if the script were searched for the label
-// from its first line, and counts as so many lines.
+// Returns false when it was interrupted. Lines are counted by where the run stands, so a jump moves
+// the mark of the next yield instead: it counts as many lines as if the script were searched for
+// the label from its first line.
 bool WalkScript(Game& game, const CompiledScript& script) {
   ScriptRun run;
   const CompiledLine* const lines = script.lines.data();
   const auto count = static_cast<std::int32_t>(script.lines.size());
+  std::int32_t yield_at = kLinesPerYield;
   std::int32_t at = 1;
   while (at <= count) {
     game.CurrentLine = at;
-    if (!GoesOn(game, run, 1)) return false;
+    if (!GoesOn(game, at, yield_at)) return false;
     const CompiledLine& line = lines[at - 1];
     if (run.Arrived != Arrival::kInOrder && line.kind != kCommentLine) [[unlikely]] {
       if (std::exchange(run.Arrived, Arrival::kInOrder) == Arrival::kByJump) {
         OpenSection(game, run, kLabelLine);
       } else {
-        game.CurrentLine = at = run.Returns.Pop();
+        const std::int32_t caller = run.Returns.Pop();
+        yield_at += caller - at;
+        game.CurrentLine = at = caller;
         Report(game,
                "A \"Return\" statement has caused a jump back to this \"GoSub\" statement.  "
                "Processing will resume with the next line in order.");
@@ -271,19 +275,17 @@ bool WalkScript(Game& game, const CompiledScript& script) {
       continue;
     }
     if (ProcessLine(game, run, line) == Next::kPassLikeLines) {
-      run.LinesSinceYield += line.pass_to - at - 1;
       at = line.pass_to;
-    } else if (run.PendingLine == 0) {
+    } else if (run.PendingLine == 0) [[likely]] {
       ++at;
     } else {
-      at = run.PendingLine;
-      run.LinesSinceYield += at - 1;
-      run.PendingLine = 0;
+      yield_at -= at;
+      at = std::exchange(run.PendingLine, 0);
       run.Arrived = Arrival::kByJump;
     }
   }
   game.CurrentLine = at;
-  return GoesOn(game, run, 0);
+  return GoesOn(game, at - 1, yield_at);
 }
 
 void Abort(Game& game, const ScriptFailure& failure) {

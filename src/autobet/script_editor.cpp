@@ -14,13 +14,6 @@ namespace {
 
 constexpr std::size_t kMostSteps = 500;  // that can be undone
 
-bool SameLine(const ScriptLine& a, const ScriptLine& b) {
-  return a.LineKind == b.LineKind && a.LineCode == b.LineCode && a.LineName == b.LineName &&
-         a.LineAmount == b.LineAmount && a.LineSubject == b.LineSubject &&
-         a.LineSubjectStack == b.LineSubjectStack && a.LineTarget == b.LineTarget &&
-         a.LineTargetStack == b.LineTargetStack && a.LineText == b.LineText;
-}
-
 // The lines in which two scripts differ.
 ScriptChange Difference(const std::vector<ScriptLine>& before,
                         const std::vector<ScriptLine>& after) {
@@ -83,13 +76,6 @@ RowList<ScriptLine> ScriptEditor::Rows() {
 std::int32_t ScriptEditor::SelectedCount() const {
   return static_cast<std::int32_t>(
       std::ranges::count(game_.ScriptLines, true, &ScriptLine::LineSelected));
-}
-
-void ScriptEditor::Changed() {
-  game_.ScriptNeedsInit = true;
-  game_.ScriptUnsaved = true;
-  ScriptLinesChanged(game_);
-  ShadeLines(game_);
 }
 
 // ---- Placing and selecting --------------------------------------------------------------------
@@ -249,13 +235,19 @@ bool ScriptEditor::Check() {
 
 // ---- Undo -------------------------------------------------------------------------------------
 
+void ScriptEditor::Touch() {
+  ScriptLinesChanged(game_);
+  ShadeLines(game_);
+}
+
 void ScriptEditor::Edit(const std::function<void()>& change) {
   const std::vector<ScriptLine> old = game_.ScriptLines;
   const std::int32_t cursor = game_.ScriptCursorLine;
   change();
-  Changed();
+  Touch();
   ScriptChange step = Difference(old, game_.ScriptLines);
   if (step.before.empty() && step.after.empty()) return;
+  game_.ScriptNeedsInit = game_.ScriptUnsaved = true;
   step.cursor_before = cursor;
   step.cursor_after = game_.ScriptCursorLine;
   history_.resize(done_);
@@ -296,7 +288,8 @@ void ScriptEditor::Replace(std::size_t at, std::size_t count, const std::vector<
   game_.ScriptCursorLine = Rows().Clamped(cursor);
   SelectAnchor = game_.ScriptCursorLine;
   TopLine = Rows().Clamped(TopLine);
-  Changed();
+  Touch();
+  game_.ScriptNeedsInit = true;
   game_.ScriptUnsaved = saved_ != static_cast<std::ptrdiff_t>(done_);
 }
 

@@ -98,7 +98,7 @@ class ScriptEditor {
 
  private:
   bool FindLine(std::int32_t step);
-  void Changed();
+  void Touch();  // the lines are not what they were
   void Replace(std::size_t at, std::size_t count, const std::vector<ScriptLine>& lines,
                std::int32_t cursor);
 

@@ -17,6 +17,14 @@ bool NamesFlag(const ScriptLine& line) {
 
 }  // namespace
 
+bool SameLine(const ScriptLine& a, const ScriptLine& b) {
+  return a.LineKind == b.LineKind && a.LineCode == b.LineCode && a.LineName == b.LineName &&
+         a.LineAmount == b.LineAmount && a.LineSubject == b.LineSubject &&
+         a.LineSubjectStack == b.LineSubjectStack && a.LineTarget == b.LineTarget &&
+         a.LineTargetStack == b.LineTargetStack && a.LineReserved1 == b.LineReserved1 &&
+         a.LineReserved2 == b.LineReserved2 && a.LineText == b.LineText;
+}
+
 std::string ScriptNameKey(std::string_view name) {
   return Lower(Trim(name));
 }

@@ -12,6 +12,9 @@ namespace feltmaster {
 // The form in which names of a script compare: trimmed and in lower case.
 std::string ScriptNameKey(std::string_view name);
 
+// Alike in all that a file stores.
+bool SameLine(const ScriptLine& a, const ScriptLine& b);
+
 // Go to or Gosub.
 bool IsJump(const ScriptLine& line);
 

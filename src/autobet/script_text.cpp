@@ -414,6 +414,101 @@ class LineReader : public LineText {
   std::size_t at_ = 0;
 };
 
+// Reads as far as the text makes sense, and collects what could stand where it ends.
+class LineCompleter {
+ public:
+  LineCompleter(std::string_view source, std::size_t at, const ScriptState& script)
+      : source_(source), reader_(source, at), script_(script) {}
+
+  std::vector<std::string> texts;
+
+  // `match` is what the rest of the text may be the beginning of, `words` what then stands there.
+  void Offer(std::string_view words, std::string_view match) {
+    const std::size_t at = reader_.At();
+    const std::string_view rest = Strip(source_.substr(at));
+    if (rest.size() >= match.size() || !EqualIgnoringCase(rest, match.substr(0, rest.size()))) {
+      return;
+    }
+    std::string text(Strip(source_.substr(0, at)));
+    if (!text.empty()) text += ' ';
+    text += words;
+    if (std::find(texts.begin(), texts.end(), text) == texts.end()) texts.push_back(text);
+  }
+  void Offer(std::string_view words) { Offer(words, words); }
+  // A condition whose line shows other words than the list can be begun with either.
+  template <typename Row>
+  void OfferRows(std::span<const Row> rows) {
+    for (const Row& row : rows) {
+      const std::string_view shown = TrimRight(Shown(row));
+      Offer(shown);
+      if (shown != TrimRight(row.caption)) Offer(shown, row.caption);
+    }
+  }
+  void OfferRows(std::span<const StartRow> rows) {
+    for (const StartRow& row : rows) Offer(row.caption);
+  }
+
+  bool Words(std::string_view words) {
+    Offer(words);
+    return reader_.Words(words);
+  }
+  bool OptionalWords(std::string_view words) {
+    Offer(words);
+    return reader_.OptionalWords(words);
+  }
+  bool OneOf(std::string_view words, std::span<const std::string_view> others) {
+    Offer(words);
+    return reader_.OneOf(words, others);
+  }
+  template <typename Row>
+  const Row* Pick(std::span<const Row> rows, std::int32_t& code, std::string_view noun) {
+    OfferRows(rows);
+    return reader_.Pick(rows, code, noun);
+  }
+  const ComparisonRow* PickComparison(const ConditionRow& condition, std::int32_t& code) {
+    for (const ComparisonList& list : condition.comparisons) OfferRows(list);
+    return reader_.PickComparison(condition, code);
+  }
+  bool Amount(MoneyAmount& amount, bool may_be_negative) {
+    return reader_.Amount(amount, may_be_negative);
+  }
+  bool Count(MoneyAmount& count, bool zero_is_each, std::string_view one, std::string_view many) {
+    if (zero_is_each) Offer("each time");
+    const std::size_t before = reader_.At();
+    if (reader_.Count(count, zero_is_each, one, many)) return true;
+    const bool each = zero_is_each && count == MoneyAmount();
+    if (each || Strip(source_.substr(before, reader_.At() - before)).empty()) return false;
+    Offer(count == MoneyAmount(1) ? one : many);
+    return false;
+  }
+  bool Number(std::int32_t& number, std::size_t digits, std::string_view zero) {
+    if (!zero.empty()) Offer(zero);
+    return reader_.Number(number, digits, zero);
+  }
+  bool Truth(MoneyAmount& amount, std::string_view is_true, std::string_view is_false) {
+    Offer(is_true);
+    Offer(is_false);
+    return reader_.Truth(amount, is_true, is_false);
+  }
+  bool Name(std::string& name, Quotes quotes, std::string_view noun) {
+    if (quotes == Quotes::kOptional) {
+      for (const std::string& label : script_.ScriptLabels) {
+        Offer(Quote(label));
+        Offer(Quote(label), label);
+      }
+    } else if (quotes == Quotes::kPlain) {
+      for (const ScriptFlag& flag : script_.ScriptFlags) Offer(Quote(flag.FlagName));
+    }
+    return reader_.Name(name, quotes, noun);
+  }
+  bool End() { return reader_.End(); }
+
+ private:
+  std::string_view source_;
+  LineReader reader_;
+  const ScriptState& script_;
+};
+
 std::string_view NounOf(Field field) {
   switch (field) {
     case Field::kComparedWith:
@@ -612,28 +707,41 @@ Composed NamedLine(std::int32_t kind, std::string_view text) {
   return line;
 }
 
+// The row that a line begins with: at most one of the three.
+struct LineHead {
+  const StartRow* start = nullptr;
+  const ConditionRow* condition = nullptr;
+  const ActionRow* action = nullptr;
+  std::size_t end = 0;  // behind its caption
+};
+LineHead ReadHead(std::string_view text, std::size_t at) {
+  LongestMatch match{text, at};
+  LineHead head;
+  head.start = match.In(std::span<const StartRow>(kStartRows));
+  head.end = match.end;
+  head.condition = match.In(std::span<const ConditionRow>(kConditions));
+  if (match.end > head.end) head.start = nullptr;
+  head.end = match.end;
+  head.action = match.In(std::span<const ActionRow>(kActions));
+  if (match.end > head.end) {
+    head.start = nullptr;
+    head.condition = nullptr;
+  }
+  head.end = match.end;
+  return head;
+}
+
 // A line of the vocabulary, or where the text stops being one.
 Composed VocabularyLine(std::string_view text) {
   const std::size_t start = text.find_first_not_of(" \t");
-  LongestMatch match{text, start};
-  const StartRow* start_row = match.In(std::span<const StartRow>(kStartRows));
-  std::size_t end = match.end;
-  const ConditionRow* condition = match.In(std::span<const ConditionRow>(kConditions));
-  if (match.end > end) start_row = nullptr;
-  end = match.end;
-  const ActionRow* action = match.In(std::span<const ActionRow>(kActions));
-  if (match.end > end) {
-    start_row = nullptr;
-    condition = nullptr;
-  }
-
-  LineReader reader(text, match.end);
+  const auto [start_row, condition, action, end] = ReadHead(text, start);
+  LineReader reader(text, end);
   ScriptLine line;
   bool whole = false;
   if (start_row != nullptr) {
     line.LineKind = start_row->kind;
     line.LineText = Indented(start_row->indentation, start_row->caption);
-    const std::size_t rest = text.find_first_not_of(". \t", match.end);
+    const std::size_t rest = text.find_first_not_of(". \t", end);
     whole = rest == std::string_view::npos || reader.FailAt(rest, "the end of the line");
     return whole ? Composed(line) : reader.fault;
   }
@@ -744,6 +852,21 @@ std::variant<std::vector<ScriptLine>, ScriptTextFault> ComposeScript(std::string
   });
   if (fault) return *fault;
   return script;
+}
+
+std::vector<std::string> Completions(std::string_view text, const ScriptState& script) {
+  const std::size_t start = std::min(text.find_first_not_of(" \t"), text.size());
+  LineCompleter heads(text, start, script);
+  heads.OfferRows(std::span<const StartRow>(kStartRows));
+  heads.OfferRows(std::span<const ConditionRow>(kConditions));
+  heads.OfferRows(std::span<const ActionRow>(kActions));
+  const LineHead head = ReadHead(text, start);
+  LineCompleter completer(text, head.end, script);
+  completer.texts = std::move(heads.texts);
+  ScriptLine line;
+  if (head.condition != nullptr) WalkCondition(completer, *head.condition, line);
+  if (head.action != nullptr) WalkAction(completer, *head.action, line);
+  return std::move(completer.texts);
 }
 
 std::string LineTextOf(const ScriptLine& line, const ComparisonRow* comparison) {

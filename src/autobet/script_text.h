@@ -34,6 +34,10 @@ std::variant<ScriptLine, ScriptTextFault> ComposeLine(std::string_view text,
 // A whole script; blank lines are passed over.
 std::variant<std::vector<ScriptLine>, ScriptTextFault> ComposeScript(std::string_view text);
 
+// The texts of which this one is the beginning, one caption, word or name of the game further: what
+// somebody who is typing a line may go on with, in the order of the lists.
+std::vector<std::string> Completions(std::string_view text, const ScriptState& script);
+
 // The printable text of a line from its codes and operands, as the editor composes it. The row of
 // the comparison is needed where two rows share a code; without it the first one is printed.
 std::string LineTextOf(const ScriptLine& line, const ComparisonRow* comparison = nullptr);

@@ -65,7 +65,7 @@ MoneyAmount Value(Game& game, std::int32_t code, std::int32_t stack) {
     case kBankrollSubject:
       return AmountOf<kLast>(game, kBankroll);
     case kGameRolls:
-      return MoneyAmount::FromWhole(RollCounts(game, 0));
+      return MoneyAmount::FromWhole(RollsMade(game));
     case kShooterRolls:
       return Counter(game, kLast ? kLastHandRolls : kRollsThisHand);
     case kGamePasses:

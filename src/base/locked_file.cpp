@@ -54,10 +54,13 @@ std::optional<FileError> LockedFile::Open(const std::string& path) {
   }
 }
 
-bool LockedFile::ReadRecord(std::int64_t number, Record& record) const {
+std::optional<FileError> LockedFile::ReadRecord(std::int64_t number, Record& record,
+                                                bool& whole) const {
   const auto place = static_cast<off_t>((number - 1) * static_cast<std::int64_t>(kRecordSize));
-  return ::pread(file_.Number(), record.Data(), kRecordSize, place) ==
-         static_cast<ssize_t>(kRecordSize);
+  const ssize_t read = ::pread(file_.Number(), record.Data(), kRecordSize, place);
+  whole = read == static_cast<ssize_t>(kRecordSize);
+  if (read < 0) return SystemError(errno);
+  return std::nullopt;
 }
 
 std::string LockedFile::ReadAt(std::uint64_t place, std::size_t size) const {

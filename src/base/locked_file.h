@@ -20,8 +20,8 @@ class LockedFile {
   std::optional<FileError> Open(const std::string& path);
 
   std::uint64_t Size() const { return size_; }  // in bytes, as it was when the file was opened
-  // False when the file ends before.
-  bool ReadRecord(std::int64_t number, Record& record) const;
+  // `whole` is false when the file ends before.
+  std::optional<FileError> ReadRecord(std::int64_t number, Record& record, bool& whole) const;
   // Up to so many bytes; fewer at the end of the file.
   std::string ReadAt(std::uint64_t place, std::size_t size) const;
   std::optional<FileError> WriteAt(std::uint64_t place, std::string_view bytes) const;

@@ -49,10 +49,7 @@ class MoneyAmount {
 
   constexpr auto operator<=>(const MoneyAmount&) const = default;
 
-  constexpr MoneyAmount operator-() const {
-    if (raw_ == std::numeric_limits<std::int64_t>::min()) throw MoneyOverflow();
-    return FromRaw(-raw_);
-  }
+  constexpr MoneyAmount operator-() const { return MoneyAmount() - *this; }
   constexpr MoneyAmount operator+(MoneyAmount other) const {
     std::int64_t raw = 0;
     if (__builtin_add_overflow(raw_, other.raw_, &raw)) throw MoneyOverflow();

@@ -14,6 +14,8 @@
 #include "base/number_format.h"
 #include "base/text.h"
 #include "config/payoffs.h"
+#include "config/table_colors.h"
+#include "dice/rng.h"
 #include "engine/amounts.h"
 #include "engine/bet_limits.h"
 #include "engine/chip_list.h"
@@ -40,71 +42,81 @@ constexpr int kLastAdvantageScroll = kBetCount - kPayoffRowsShown + 1;
 constexpr std::array<int, kChipCount> kDefaultDenominations = {1, 5, 25, 100, 500};
 
 struct RateUnit {
-  std::string_view text;
   int multiplier;
   bool rolls_per_time;
   std::int64_t limit;
 };
 constexpr std::array<RateUnit, kRateUnits> kRates = {{
-    {"Rolls / hr", 1, true, 3'600'000},
-    {"Rolls / min", 60, true, 60'000},
-    {"Rolls / sec", 3600, true, 1'000},
-    {"Hrs / roll", 1, false, 1'000},
-    {"Mins / roll", 60, false, 60'000},
-    {"Secs / roll", 3600, false, 3'600'000},
+    {1, true, 3'600'000},
+    {60, true, 60'000},
+    {3600, true, 1'000},
+    {1, false, 1'000},
+    {60, false, 60'000},
+    {3600, false, 3'600'000},
 }};
 constexpr MoneyAmount kSlowestRate = MoneyAmount::FromRaw(1);
 
+std::size_t UnitIndex(int unit) {
+  return unit >= 0 && unit < kRateUnits ? static_cast<std::size_t>(unit) : 0;
+}
 const RateUnit& Rate(int unit) {
-  return kRates[unit >= 0 && unit < kRateUnits ? static_cast<std::size_t>(unit) : 0];
+  return kRates[UnitIndex(unit)];
 }
 
-bool Fault(Game& game, std::int32_t tab, std::string title, std::string text) {
+bool Fault(Game& game, std::int32_t tab, std::string& at, std::string setting, std::string title,
+           std::string text) {
   game.ConfigureTab = tab;
+  at = std::move(setting);
   Tell(game, std::move(title), std::move(text));
   return false;
 }
 
-bool CheckPlacardLimits(Game& game) {
+bool CheckPlacardLimits(Game& game, std::string& at) {
   const std::string title = "Configuration Limits";
   if (game.MinPlacardBet.Raw() <= 0) {
-    return Fault(game, kBetsTab, title, "The minimum bet must be greater than zero.");
+    return Fault(game, kBetsTab, at, "MinPlacardBet", title,
+                 "The minimum bet must be greater than zero.");
   }
   if (game.MaxPlacardBet.Raw() <= 0) {
-    return Fault(game, kBetsTab, title, "The maximum bet must be greater than zero.");
+    return Fault(game, kBetsTab, at, "MaxPlacardBet", title,
+                 "The maximum bet must be greater than zero.");
   }
   if (game.MaxPlacardBet < game.MinPlacardBet) {
-    return Fault(game, kBetsTab, title,
+    return Fault(game, kBetsTab, at, "MaxPlacardBet", title,
                  "The maximum bet must be greater than\nor equal to the minimum bet.");
   }
   return true;
 }
 
-bool CheckDenominations(Game& game) {
+bool CheckDenominations(Game& game, std::string& at) {
   const std::string title = "Check Values";
   for (int chip = kFirstChip; chip <= kLastChip; ++chip) {
     const MoneyAmount value = game.BetAmount[chip];
+    const std::string setting = "BetAmount(" + std::to_string(chip) + ')';
     if (value.Raw() <= 0) {
-      return Fault(game, kChecksTab, title, "Check values must be greater than zero.");
+      return Fault(game, kChecksTab, at, setting, title, "Check values must be greater than zero.");
     }
     if (chip > kFirstChip && value < game.BetAmount[chip - 1]) {
-      return Fault(game, kChecksTab, title,
+      return Fault(game, kChecksTab, at, setting, title,
                    "Checks must be listed in ascending order with the \n"
                    "smallest valued check in the leftmost position.");
     }
     if (!IsMultipleOf(value, BettingUnit(game))) {
-      return Fault(game, kChecksTab, title,
+      return Fault(game, kChecksTab, at, setting, title,
                    "All checks must be wholly divisible by the smallest check.");
     }
   }
   return true;
 }
 
-bool CheckPayoffs(Game& game) {
+bool CheckPayoffs(Game& game, std::string& at) {
   const PayoffFault fault = FindPayoffFault(game);
   if (fault.title.empty()) return true;
   if (!fault.of_field) game.PayoffsScroll = std::min(fault.grid_row, kLastPayoffScroll);
-  return Fault(game, kPayoffsTab, fault.title,
+  const int bet = fault.of_field ? 0 : kPayoffGrid[static_cast<std::size_t>(fault.grid_row - 1)];
+  const std::string setting = fault.of_field ? "FieldPayTable(" + std::to_string(fault.grid_row)
+                                             : "PayTable(" + std::to_string(bet);
+  return Fault(game, kPayoffsTab, at, setting + ",1)", fault.title,
                "The loss on any payoff cannot exceed the amount wagered.");
 }
 
@@ -341,6 +353,15 @@ constexpr auto kSettings = std::to_array<Setting>({
     {"RngSelected", List(kRngCount - 1), &Game::RngSelected},
     {"UserSeedMode", Box(), &Game::UserSeedMode},
     {"ReSeedNewGames", Box(), &Game::ReSeedNewGames},
+    // Colors
+    {"TableColors", List(0xFFFFFF),
+     [](Game& game, const Entry& entry) {
+       SetTableColor(game, entry.index, static_cast<std::int32_t>(entry.whole));
+     }, {0, kTableColorCount - 1}},
+    {"TextureRow", List(kFelts - 1),
+     [](Game& game, const Entry& entry) {
+       SetFelt(game, static_cast<std::int32_t>(entry.whole));
+     }},
     // Probability and Advantage
     {"UseSkewedProbability", Box(), &Game::UseSkewedProbability},
     {"ProbabilityDisplay", List(3), &Game::ProbabilityDisplay},
@@ -462,15 +483,12 @@ bool Matches(const Setting& setting, const Name& name) {
   return indices < 2 || name.indices[1] == setting.elements.column;
 }
 
-// Whether every key of the text passes the filter of the field.
+NumberRule RuleOf(const Control& control) {
+  return {control.decimals, control.negative};
+}
 bool FieldHolds(std::string_view text, const Control& control) {
-  FieldKey field;
-  for (const char key : text) {
-    const std::size_t before = field.text.size();
-    field = NumericKeyFilter(field, key, control.decimals, control.negative);
-    if (field.text.size() == before) return false;
-  }
-  return text.find_first_of("0123456789") != std::string_view::npos;
+  return KeysPass(text, RuleOf(control)) &&
+         text.find_first_of("0123456789") != std::string_view::npos;
 }
 
 std::optional<bool> Truth(std::string_view text) {
@@ -562,7 +580,18 @@ void Write(Game& game, const Setting& setting, const Entry& entry) {
 }  // namespace
 
 bool CheckLimits(Game& game) {
-  if (!CheckPlacardLimits(game) || !CheckDenominations(game) || !CheckPayoffs(game)) return false;
+  LeavingConfigure screen;
+  return CheckLimits(game, screen);
+}
+
+bool CheckLimits(Game& game, LeavingConfigure& screen) {
+  if (!CheckPlacardLimits(game, screen.fault)) return false;
+  if (screen.typed_rate && !SetRollsPerHour(game, *screen.typed_rate, game.RollsPerTimeUnit)) {
+    game.ConfigureTab = kChecksTab;
+    screen.fault = "RollsPerHour";
+    return false;
+  }
+  if (!CheckDenominations(game, screen.fault) || !CheckPayoffs(game, screen.fault)) return false;
   try {
     LeaveConfigure(game);
   } catch (const MoneyOverflow&) {
@@ -572,28 +601,29 @@ bool CheckLimits(Game& game) {
 }
 
 std::string_view RateUnitText(int unit) {
-  return Rate(unit).text;
+  return kRateUnitTexts[UnitIndex(unit)];
+}
+
+std::optional<MoneyAmount> RollsPerHourOf(std::string_view entry, int unit) {
+  const RateUnit& rate = Rate(unit);
+  const MoneyAmount value = ParseMoney(entry);
+  if (value.Raw() <= 0 || value > MoneyAmount::FromWhole(rate.limit)) return {};
+  const MoneyAmount rolls = rate.rolls_per_time ? value.Times(rate.multiplier)
+                                                : Quotient(MoneyAmount(rate.multiplier), value);
+  return std::max(rolls, kSlowestRate);
 }
 
 bool SetRollsPerHour(Game& game, std::string_view entry, int unit) {
-  const RateUnit& rate = Rate(unit);
-  const std::string title = "Simulated Roll Rate";
-  const MoneyAmount value = ParseMoney(entry);
-  if (value.Raw() <= 0) {
-    Tell(game, title, "The simulated " + std::string(rate.text) + " must be greater than zero.");
-    return false;
+  if (const auto rolls = RollsPerHourOf(entry, unit)) {
+    game.RollsPerHour = *rolls;
+    return true;
   }
-  if (value > MoneyAmount::FromWhole(rate.limit)) {
-    Tell(game, title,
-         "The maximum simulated " + std::string(rate.text) + " rate is " +
-             FormatNumber(rate.limit, "#,#") + ".");
-    return false;
-  }
-  const MoneyAmount multiplier = MoneyAmount(rate.multiplier);
-  game.RollsPerHour =
-      rate.rolls_per_time ? value.Times(rate.multiplier) : Quotient(multiplier, value);
-  if (game.RollsPerHour.Raw() == 0) game.RollsPerHour = kSlowestRate;
-  return true;
+  const std::string text(RateUnitText(unit));
+  Tell(game, "Simulated Roll Rate",
+       ParseMoney(entry).Raw() <= 0 ? "The simulated " + text + " must be greater than zero."
+                                    : "The maximum simulated " + text + " rate is " +
+                                          FormatNumber(Rate(unit).limit, "#,#") + ".");
+  return false;
 }
 
 std::string ShowRollsPerHour(const Game& game, int unit) {
@@ -643,6 +673,16 @@ FieldKey NumericKeyFilter(const FieldKey& field, char key, int decimals, bool al
   result.text.insert(cursor, 1, key);
   result.cursor = cursor + 1;
   return result;
+}
+
+bool KeysPass(std::string_view text, const NumberRule& rule) {
+  FieldKey field;
+  for (const char key : text) {
+    const std::size_t before = field.text.size();
+    field = NumericKeyFilter(field, key, rule.decimals, rule.negative);
+    if (field.text.size() == before) return false;
+  }
+  return true;
 }
 
 void ChangeVigSetting(Game& game, VigSetting setting, std::int32_t value) {
@@ -721,6 +761,22 @@ void RestoreDefaultPayoffs(Game& game) {
     SettlePhantoms(game);
     DefaultPayoffs(game);
   }
+}
+
+void SeedGenerator(Game& game) {
+  SeedRng(game, 0);
+  Tell(game, "RNG Seeded", "The random number generator has now been seeded.");
+}
+
+std::optional<NumberRule> NumberRuleOf(std::string_view name) {
+  const Name asked = ReadName(name);
+  for (const Setting& setting : kSettings) {
+    if (setting.control.kind == Control::kField && setting.name == asked.text &&
+        Matches(setting, asked)) {
+      return RuleOf(setting.control);
+    }
+  }
+  return {};
 }
 
 std::string Configure(Game& game, std::string_view name, std::string_view value) {

@@ -191,6 +191,22 @@ bool LosesMoreThanItsStake(const PayRow& row) {
 }  // namespace
 
 const std::array<int, kPayoffGridRows> kPayoffGrid = PayoffGrid();
+
+constexpr std::array<FieldPresetEntry, 12> kFieldPresetMenu = {{
+    {"mnuSFField", "&Field w/ 2x on Two and Twelve"},
+    {"mnuSFPass", "&Pass Line"},
+    {"mnuSFDontPass", "&Don't Pass (bar 12)"},
+    {"mnuSFPlace6", "Place &6"},
+    {"mnuSFPlaceLose8", "Place to &Lose 8"},
+    {"mnuSFBuy10", "Buy &10 (5 % vig)"},
+    {"mnuSFLay4", "Lay &4 (5% vig on win only)"},
+    {"mnuSFHard8", "H&ard 8"},
+    {"mnuSFHorn", "&Horn"},
+    {"mnuSFWorld", "&World"},
+    {"mnuSFHop13", "Hop &1-3"},
+    {"mnuSFCrapless", "&Crapless Craps Pass Line"},
+}};
+static_assert(kFieldPresetMenu.size() == kFieldPresets.size());
 static_assert(PayoffGrid().back() == kBetCount);
 
 void DefaultPayoffs(Game& game) {

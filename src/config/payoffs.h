@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 
 #include "game/game.h"
 
@@ -30,6 +31,13 @@ enum class FieldPreset {
   kAsCraplessPassLine,
 };
 void SetFieldPayoffs(Game& game, FieldPreset preset);
+
+// The entries of the menu of presets, in the order of FieldPreset.
+struct FieldPresetEntry {
+  std::string_view name;     // of the entry
+  std::string_view caption;  // with its access key
+};
+extern const std::array<FieldPresetEntry, 12> kFieldPresetMenu;
 
 // The bets whose payoffs can be edited, in the order of the grid; row 1 of the grid is element 0.
 // The Pass Line takes the rows of Come, its odds those of Come Odds, and the C and E, the Horn and

@@ -92,8 +92,10 @@ Reply RollMany(Console& console, Arguments& args) {
   std::int64_t made = 0;
   MoneyAmount before = game.BetAmount[kBankroll];
   std::string last = RollObject(game, false, before).Add("rolls", made).Text();
-  while (made < wanted) {
+  console.Surface.WasInterrupted = false;
+  while (made < wanted && !console.Surface.WasInterrupted) {
     before = game.BetAmount[kBankroll];
+    console.Surface.LetEventsThrough();
     if (!RollOnce(game)) break;
     ++made;
     if (PlayHasStopped(game) || game.DiceRollFileMode != recorder) break;

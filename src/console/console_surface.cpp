@@ -130,6 +130,7 @@ ConsoleSurface::ConsoleSurface(Game& table, std::optional<std::int32_t> seed)
 
 void ConsoleSurface::LetEventsThrough() {
   if (!Interrupted || !Interrupted()) return;
+  WasInterrupted = true;
   table_.KeepRolling = false;
   table_.AutoBetRunning = false;
 }

@@ -78,6 +78,7 @@ class ConsoleSurface : public NullSurface {
   std::function<std::optional<std::string>(const std::string& prompt)> Ask;
   // Called when events are let through; true when the person asks for the chain to stop.
   std::function<bool()> Interrupted;
+  bool WasInterrupted = false;  // since somebody last set it to false
 
  private:
   QueuedAnswer AnswerTo(const MessageRequest& request);

@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdint>
 #include <cstdlib>
 #include <ctime>
@@ -90,11 +91,23 @@ class InterruptKey {
   sigset_t signals_;
 };
 
+volatile std::sig_atomic_t ended_by = 0;  // the signal that asks the program to end
+
+// A line that was cut, or a system that goes down, is the end of the input: the table closes in
+// order, which keeps the game in its data folder.
+void CloseInOrderOn(int signal) {
+  struct sigaction action {};
+  if (sigaction(signal, nullptr, &action) != 0 || action.sa_handler == SIG_IGN) return;
+  action.sa_handler = [](int number) { ended_by = number; };
+  sigemptyset(&action.sa_mask);
+  sigaction(signal, &action, nullptr);  // without SA_RESTART: a read that waits comes back
+}
+
 // Gives the exit code: whether every command was understood.
 template <typename NextLine>
 int Serve(Console& console, bool json, NextLine&& next_line) {
   int exit_code = 0;
-  while (!console.Quit) {
+  while (!console.Quit && ended_by == 0) {
     const std::optional<std::string> line = next_line();
     if (!line) break;
     const std::optional<Reply> reply = CarryOut(console, *line);
@@ -108,7 +121,7 @@ int Serve(Console& console, bool json, NextLine&& next_line) {
       std::cout << reply->Words;
     }
     std::cout.flush();
-    if (!std::cout) break;  // nobody listens any more
+    if (!std::cout) return 1;  // nobody listens any more
   }
   return exit_code;
 }
@@ -120,7 +133,7 @@ int ServePerson(Console& console) {
   int pumps = 0;
   console.Surface.Interrupted = [&] {
     constexpr int kPumpsPerLook = 16;  // a look is a call of the system
-    return ++pumps % kPumpsPerLook == 0 && interrupt.Pressed();
+    return ended_by != 0 || (++pumps % kPumpsPerLook == 0 && interrupt.Pressed());
   };
   std::cout << "Welcome to the table. help lists the commands, quit leaves." << std::endl;
   return Serve(console, false, [&] {
@@ -132,6 +145,8 @@ int ServePerson(Console& console) {
 }
 
 int ServePipe(Console& console, bool json) {
+  CloseInOrderOn(SIGTERM);  // the line editor would read on
+  console.Surface.Interrupted = [] { return ended_by != 0; };
   return Serve(console, json, []() -> std::optional<std::string> {
     std::string line;
     if (!std::getline(std::cin, line)) return std::nullopt;
@@ -140,7 +155,9 @@ int ServePipe(Console& console, bool json) {
 }
 
 int RunConsole(const ConsoleOptions& options) {
-  signal(SIGPIPE, SIG_IGN);  // the data folder is to be cleared away in any case
+  // The data folder is to be cleared away in any case.
+  signal(SIGPIPE, SIG_IGN);
+  CloseInOrderOn(SIGHUP);
   std::optional<DataFolder> folder;
   try {
     folder.emplace(options.DataDir);
@@ -167,7 +184,8 @@ int RunConsole(const ConsoleOptions& options) {
   const bool person = !options.Json && isatty(STDIN_FILENO) != 0 && isatty(STDOUT_FILENO) != 0;
   const int exit_code = person ? ServePerson(*console) : ServePipe(*console, options.Json);
   if (!console->Quit) EndProgram(console->Table);
-  return exit_code;
+  constexpr int kEndedBySignal = 128;  // as a shell counts
+  return ended_by == 0 ? exit_code : kEndedBySignal + ended_by;
 }
 
 }  // namespace

@@ -39,6 +39,7 @@ std::string Play([[maybe_unused]] const TableOptions& options, [[maybe_unused]] 
   if (!game_file.empty()) game_file = fs::absolute(game_file).string();
   exit_code = RunDesktop({.data_dir = (folder / "").string(),
                           .sound_dir = ShippedFolder("sounds"),
+                          .guide_dir = GuideFolder(),
                           .game_file = game_file});
   return {};
 #else

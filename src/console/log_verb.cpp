@@ -198,7 +198,6 @@ std::string ShowJson(const Game& game, const GamesAnalysis& a, int width) {
                     {"highest", Plain(bar.total.highest)},
                     {"games", bar.total.games}});
   }
-  const MoneyAmount advantage = a.handle.Raw() == 0 ? MoneyAmount() : Quotient(a.net, a.handle);
   const Json json = {
       {"file", game.GamesLogFile},
       {"games", a.games},
@@ -227,7 +226,7 @@ std::string ShowJson(const Game& game, const GamesAnalysis& a, int width) {
       {"kurtosis", Plain(a.kurtosis)},
       {"net", Plain(a.net)},
       {"handle", Plain(a.handle)},
-      {"advantage", Plain(advantage)},
+      {"advantage", Plain(a.advantage)},
       {"from", Plain(ParseMoney(game.GamesValueBox[0]))},
       {"to", Plain(ParseMoney(game.GamesValueBox[1]))},
       {"in_range", a.in_range},

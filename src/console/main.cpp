@@ -54,6 +54,7 @@ int main(int argc, char** argv) {
   feltmaster::AddGameVerb(app, exit_code);
   feltmaster::AddLogVerb(app, exit_code);
   feltmaster::AddTableVerb(app, exit_code);
+  feltmaster::AddScreensVerb(app, exit_code);
   feltmaster::AddBenchVerb(app, exit_code);
   app.footer(
       "feltmaster VERB --help tells more about a verb.\n\n"

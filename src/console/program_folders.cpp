@@ -36,4 +36,9 @@ std::string ShippedFolder(const std::string& name) {
   return {};
 }
 
+std::string GuideFolder() {
+  const std::string installed = ShippedFolder("guide");
+  return installed.empty() ? ShippedFolder("docs/guide") : installed;
+}
+
 }  // namespace feltmaster

@@ -12,5 +12,7 @@ std::filesystem::path DataFolder();
 // A folder of what comes with the program, with its final separator: beside the installed program,
 // or in the source tree of one that was just built. Empty when it is in neither.
 std::string ShippedFolder(const std::string& name);
+// The user's guide, which lies elsewhere in the source tree.
+std::string GuideFolder();
 
 }  // namespace feltmaster

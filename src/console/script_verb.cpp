@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "autobet/check_bets.h"
+#include "autobet/line_meaning.h"
 #include "autobet/script_conversion.h"
 #include "autobet/script_file.h"
 #include "autobet/script_text.h"
@@ -58,6 +59,7 @@ struct ScriptOptions {
   std::string output;
   std::string words;
   bool json = false;
+  bool markdown = false;
 };
 
 int Refuse(std::string_view sentence) {
@@ -260,23 +262,43 @@ std::string_view PlaceOf(Field field) {
   }
 }
 
+constexpr std::string_view kVocabularyChapter =
+    R"(# The vocabulary of scripts
+
+Every condition and every action that a line can be made of, in the order of the editor's lists.
+Words in capitals stand for what you fill in: an AMOUNT of money or a plain number, a COUNT, a
+"TEXT" in quotation marks, or an entry of the list of that name at the end of this page. A bar
+parts words of which one is chosen. Behind the colon stands what the line means, told for a sample:
+the amount or count 3, the bankroll as the value, and most often the Pass Line as the bet. How lines
+work together is told in [the script language](script_language.md).
+
+This page is written by `feltmaster script words --markdown`.
+)";
+
 // Prints the rows that hold the words asked for, under their heading.
 class WordList {
  public:
-  explicit WordList(const std::string& words) : words_(words) {}
+  WordList(const std::string& words, bool markdown) : words_(words), markdown_(markdown) {}
 
   void Head(std::string_view heading) { heading_ = heading; }
-  void Row(std::string text) {
+  // `sample` is a line made of the row.
+  void Row(std::string text, const ScriptLine* sample = nullptr) {
     if (!ContainsIgnoringCase(text, words_)) return;
-    if (!heading_.empty()) std::cout << (any_ ? "\n" : "") << heading_ << '\n';
+    if (!heading_.empty() && markdown_) {
+      std::cout << "\n## " << heading_ << "\n\n";
+    } else if (!heading_.empty()) {
+      std::cout << (any_ ? "\n" : "") << heading_ << '\n';
+    }
     heading_ = {};
     any_ = true;
-    std::cout << "  " << text << '\n';
+    if (markdown_) text = "- `" + text + '`' + (sample != nullptr ? ": " + MeaningOf(*sample) : "");
+    std::cout << (markdown_ ? "" : "  ") << text << '\n';
   }
   bool Any() const { return any_; }
 
  private:
   const std::string& words_;
+  bool markdown_;
   std::string_view heading_;
   bool any_ = false;
 };
@@ -291,16 +313,77 @@ std::string WithFields(std::string_view caption, std::span<const Field> fields) 
   return text;
 }
 
+constexpr std::int32_t kSampleBet = kPassLine;
+
+// A pick of the list of a field, as a sample.
+std::int32_t SamplePick(Field field) {
+  const PickList picks = PicksOf(field);
+  for (const std::int32_t code : {std::int32_t{kBankrollSubject}, kSampleBet}) {
+    if (FindPick(picks, code) != nullptr) return code;
+  }
+  return picks.empty() ? 0 : picks[picks.size() / 2].code;
+}
+
+ScriptLine SampleLine(std::int32_t kind, std::span<const Field> fields) {
+  ScriptLine line;
+  line.LineKind = kind;
+  line.LineAmount = MoneyAmount(3);
+  line.LineName = "NAME";
+  for (const Field field : fields) {
+    const bool is_value = field == Field::kValue || field == Field::kRounding;
+    if (!PicksOf(field).empty())
+      (is_value ? line.LineSubject : line.LineTarget) = SamplePick(field);
+  }
+  return line;
+}
+
+ScriptLine SampleOf(const StartRow& row) {
+  return SampleLine(row.kind, {});
+}
+ScriptLine SampleOf(const ActionRow& row) {
+  ScriptLine line = SampleLine(kActionLine, row.fields);
+  line.LineCode = row.code;
+  return line;
+}
+ScriptLine SampleOf(const ConditionRow& row) {
+  ScriptLine line = SampleLine(kConditionLine, row.fields);
+  line.LineSubject = row.code;
+  return line;
+}
+
+bool Offers(const ConditionRow& condition, ComparisonList rows) {
+  return std::any_of(condition.comparisons.begin(), condition.comparisons.end(),
+                     [rows](ComparisonList list) { return list.data() == rows.data(); });
+}
+// A comparison, of the Pass Line or else of the first condition that offers it.
+ScriptLine SampleOf(ComparisonList rows, const ComparisonRow& row) {
+  const ConditionRow* condition = FindCondition(kSampleBet);
+  if (!Offers(*condition, rows)) {
+    condition = std::find_if(kConditions.begin(), kConditions.end(),
+                             [rows](const ConditionRow& other) { return Offers(other, rows); });
+  }
+  ScriptLine line = SampleLine(kConditionLine, {&row.operand, 1});
+  line.LineSubject = condition->code;
+  line.LineCode = row.code;
+  return line;
+}
+
 int Words(const ScriptOptions& options) {
-  WordList list(options.words);
+  WordList list(options.words, options.markdown);
+  if (options.markdown) std::cout << kVocabularyChapter;
   list.Head("Lines that start conditions and actions");
-  for (const StartRow& row : kStartRows) list.Row(std::string(row.caption));
+  for (const StartRow& row : kStartRows) {
+    const ScriptLine sample = SampleOf(row);
+    list.Row(std::string(row.caption), &sample);
+  }
   list.Head("Conditions");
   for (const ConditionRow& row : kConditions) {
     const std::string_view shown = row.shown.empty() ? row.caption : row.shown;
     std::string text = WithFields(shown, row.fields);
-    if (!row.comparisons[0].empty()) text += " COMPARISON";
-    list.Row(text);
+    const bool complete = row.comparisons[0].empty();
+    if (!complete) text += " COMPARISON";
+    const ScriptLine sample = SampleOf(row);
+    list.Row(text, complete ? &sample : nullptr);
   }
   const std::pair<std::string_view, ComparisonList> comparisons[] = {
       {"COMPARISON of a bet", kWonLostOne},
@@ -317,10 +400,16 @@ int Words(const ScriptOptions& options) {
   };
   for (const auto& [heading, rows] : comparisons) {
     list.Head(heading);
-    for (const ComparisonRow& row : rows) list.Row(WithFields(row.caption, {&row.operand, 1}));
+    for (const ComparisonRow& row : rows) {
+      const ScriptLine sample = SampleOf(rows, row);
+      list.Row(WithFields(row.caption, {&row.operand, 1}), &sample);
+    }
   }
   list.Head("Actions");
-  for (const ActionRow& row : kActions) list.Row(WithFields(row.caption, row.fields));
+  for (const ActionRow& row : kActions) {
+    const ScriptLine sample = SampleOf(row);
+    list.Row(WithFields(row.caption, row.fields), &sample);
+  }
   for (const Field field : {Field::kComparedWith, Field::kValue, Field::kTarget, Field::kRollTarget,
                             Field::kRounding, Field::kWinRule, Field::kLossRule}) {
     list.Head(PlaceOf(field));
@@ -387,6 +476,7 @@ void AddScriptVerb(CLI::App& app, int& exit_code) {
 
   CLI::App* words = add("words", "Prints what lines of a script can be made of", Words);
   words->add_option("TEXT", options->words, "Only rows that hold this text");
+  words->add_flag("--markdown", options->markdown, "As a chapter of the user's guide");
   words->footer(
       "Examples:\n"
       "  feltmaster script words\n"

@@ -21,5 +21,6 @@ void AddDiceVerb(CLI::App& app, int& exit_code);
 void AddGameVerb(CLI::App& app, int& exit_code);
 void AddLogVerb(CLI::App& app, int& exit_code);
 void AddTableVerb(CLI::App& app, int& exit_code);
+void AddScreensVerb(CLI::App& app, int& exit_code);
 
 }  // namespace feltmaster

@@ -15,6 +15,7 @@ namespace feltmaster {
 namespace {
 
 constexpr int kScaleStep = 50;  // points of height between two labels of the scale
+constexpr int kGridAlpha = 150;
 constexpr double kLineWidth = 1.4;
 constexpr const char* kWidestScale = "-99,999,999";
 
@@ -42,9 +43,10 @@ void BankrollCanvas::Show(BankrollGraph graph) {
 
 QRectF BankrollCanvas::GraphPlace() const {
   const QFontMetricsF metrics(font());
-  const double left = metrics.horizontalAdvance(QString::fromLatin1(kWidestScale));
+  const double side = metrics.horizontalAdvance(QString::fromLatin1(kWidestScale));
   const double line = metrics.height();
-  return QRectF(rect()).adjusted(left, line * 1.3, -left, -line * 1.4);
+  const double right = graph_.reference_lines.empty() ? metrics.averageCharWidth() : side;
+  return QRectF(rect()).adjusted(side, line * 1.3, -right, -line * 1.4);
 }
 
 QSize BankrollCanvas::sizeHint() const {
@@ -74,12 +76,12 @@ void BankrollCanvas::paintEvent(QPaintEvent*) {
 void BankrollCanvas::PaintGraph(QPainter& painter, const QRectF& place) const {
   const Scaling to{place};
   painter.fillRect(place, InkColor(graph_.background));
-  const auto draw = [&](const GraphStroke& stroke) {
-    painter.setPen(QPen(InkColor(stroke.color), 1));
+  const auto draw = [&](const GraphStroke& stroke, int alpha = 255) {
+    painter.setPen(QPen(WithAlpha(InkColor(stroke.color), alpha), 1));
     painter.drawLine(QPointF(to.X(stroke.x1), to.Y(stroke.y1)),
                      QPointF(to.X(stroke.x2), to.Y(stroke.y2)));
   };
-  for (const GraphStroke& line : graph_.grid) draw(line);
+  for (const GraphStroke& line : graph_.grid) draw(line, kGridAlpha);
 
   // A fill is as broad as its roll, at least a pixel, so that solid is solid in every size.
   const double broad = std::max(to.Column(), 1.0);

@@ -3,7 +3,9 @@
 #include <QApplication>
 #include <memory>
 
+#include "desktop/about_dialog.h"
 #include "desktop/desktop_surface.h"
+#include "desktop/program_icon.h"
 #include "desktop/qt_text.h"
 #include "desktop/table_window.h"
 #include "engine/start_up.h"
@@ -26,16 +28,18 @@ int RunDesktop(const DesktopOptions& options) {
   QApplication::setApplicationDisplayName({});  // titles are told to the letter
   QGuiApplication::setDesktopFileName(QStringLiteral("feltmaster"));
   QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setWindowIcon(ProgramIcon());
 
   const auto game = std::make_unique<Game>();
-  DesktopSurface surface(*game, options.data_dir);
+  DesktopSurface surface(*game, options.data_dir, options.guide_dir);
   game->surface = &surface;
   StartUp(*game, {.data_dir = options.data_dir, .seed = {}, .sound_dir = options.sound_dir});
   TableWindow table(*game, surface);
   table.ShowInPlace();
-  if (!options.game_file.empty()) {
-    QTimer::singleShot(0, &table, [&] { table.OpenGameFile(ToQt(options.game_file)); });
-  }
+  QTimer::singleShot(0, &table, [&] {
+    if (surface.Settings().Greets()) ShowAbout(&table, *game, surface.Settings());
+    if (!options.game_file.empty()) table.OpenGameFile(ToQt(options.game_file));
+  });
   return QApplication::exec();
 }
 

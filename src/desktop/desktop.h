@@ -7,6 +7,7 @@ namespace feltmaster {
 struct DesktopOptions {
   std::string data_dir;   // with its final separator; made if it is not there
   std::string sound_dir;  // the program's own clips
+  std::string guide_dir;  // the user's guide
   std::string game_file;  // to open; may be empty
 };
 

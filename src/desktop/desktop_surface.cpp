@@ -10,6 +10,7 @@
 
 #include "base/calendar.h"
 #include "desktop/file_window.h"
+#include "desktop/help_window.h"
 #include "desktop/message_dialog.h"
 #include "desktop/print_document.h"
 #include "desktop/print_preview.h"
@@ -28,9 +29,10 @@ namespace {
 
 using std::chrono::system_clock;
 
-constexpr int kFrame = 16;           // milliseconds between two pictures of what moves
-constexpr qint64 kEventsEvery = 12;  // milliseconds, in Hyper-Drive without a throttle
-constexpr int kRollsPerLook = 32;    // a look at the clock costs a good part of a roll
+constexpr int kFrame = 16;            // milliseconds between two pictures of what moves
+constexpr qint64 kEventsEvery = 12;   // milliseconds, in Hyper-Drive without a throttle
+constexpr qint64 kRestOfDrawing = 4;  // times what drawing took pass from one refresh to the next
+constexpr int kRollsPerLook = 32;     // a look at the clock costs a good part of a roll
 
 // The dice as they are thrown: five throws of a tenth of a second, each from place to place.
 constexpr int kThrows = 5;
@@ -65,13 +67,16 @@ constexpr int kShowerPerFrame = 10;
 
 }  // namespace
 
-DesktopSurface::DesktopSurface(Game& game, const std::string& data_folder)
-    : game_(game), settings_(data_folder), plain_(std::random_device{}()) {
+DesktopSurface::DesktopSurface(Game& game, const std::string& data_folder, std::string guide_folder)
+    : game_(game),
+      settings_(data_folder),
+      guide_folder_(std::move(guide_folder)),
+      plain_(std::random_device{}()) {
   sounds_.SetVolume(settings_.Volume());
   since_events_.start();
   since_screens_.start();
   stale_screens_.setSingleShot(true);
-  QObject::connect(&stale_screens_, &QTimer::timeout, [this] { RefreshScreensNow(); });
+  QObject::connect(&stale_screens_, &QTimer::timeout, [this] { RefreshScreensRested(); });
 }
 
 DesktopSurface::~DesktopSurface() = default;
@@ -91,8 +96,9 @@ void DesktopSurface::LetEventsThrough() {
     if (since_events_.elapsed() < kEventsEvery) return;
   }
   const Within within(letting_through_);
-  QApplication::processEvents();
   since_events_.restart();
+  QApplication::processEvents();
+  drawing_ += since_events_.restart();
 }
 
 void DesktopSurface::Wait(double seconds, const bool& goes_on) {
@@ -176,7 +182,12 @@ bool DesktopSurface::ShowStep(const StepRequest& request) {
 }
 
 std::string DesktopSurface::AskFile(const FileRequest& request) {
-  return AskFileName(ReadyForDialog(), game_, request);
+  const std::string name = AskFileName(ReadyForDialog(), game_, request);
+  if (!name.empty()) {  // until what is done with the file lets events through again
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    QTimer::singleShot(0, [] { QApplication::restoreOverrideCursor(); });
+  }
+  return name;
 }
 
 // ---- Sound ------------------------------------------------------------------------------------
@@ -291,10 +302,20 @@ void DesktopSurface::RefreshOpenScreens() {
   }
 }
 
+void DesktopSurface::RefreshScreensRested() {
+  const qint64 rest = kRestOfDrawing * drawing_ - since_screens_.elapsed();
+  if (game_.HyperDriveActive && rest > 0) {
+    stale_screens_.start(static_cast<int>(rest));
+  } else {
+    RefreshScreensNow();
+  }
+}
+
 void DesktopSurface::RefreshScreensNow() {
   stale_screens_.stop();
   if (screens_ != nullptr) screens_->Refresh();
   since_screens_.restart();
+  drawing_ = 0;
 }
 
 // A report for which nobody is asked goes to the printer that the person has chosen for everything,
@@ -325,8 +346,21 @@ std::string DesktopSurface::Clipboard() {
   return FromQt(QApplication::clipboard()->text());
 }
 
-void DesktopSurface::OpenHelp(std::int32_t) {
-  if (screens_ != nullptr) screens_->Open(WindowCommand::kHelpContents);
+HelpWindow* DesktopSurface::OpenGuide() {
+  if (screens_ == nullptr) return nullptr;
+  QWidget* const modal = QApplication::activeModalWidget();
+  screens_->Open(WindowCommand::kHelpContents);
+  auto* const window = static_cast<HelpWindow*>(screens_->Find(WindowCommand::kHelpContents));
+  if (modal != nullptr) window->BelongTo(modal);
+  return window;
+}
+
+void DesktopSurface::OpenHelp(std::int32_t topic) {
+  if (HelpWindow* guide = OpenGuide()) guide->ShowTopic(topic);
+}
+
+void DesktopSurface::SearchHelp() {
+  if (HelpWindow* guide = OpenGuide()) guide->FocusSearch();
 }
 
 }  // namespace feltmaster

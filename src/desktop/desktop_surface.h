@@ -11,19 +11,21 @@
 
 namespace feltmaster {
 
+class HelpWindow;
 class TableCanvas;
 
 // The machine with a person at its screen.
 class DesktopSurface : public Surface {
  public:
-  // The settings are those of the data folder; empty keeps none.
-  DesktopSurface(Game& game, const std::string& data_folder);
+  // The settings are those of the data folder; empty keeps none. The guide may be missing.
+  DesktopSurface(Game& game, const std::string& data_folder, std::string guide_folder = {});
   ~DesktopSurface() override;
 
   // The table's window and the picture in it, and the screens. Until they are set nothing is shown.
   void SetWindows(QWidget* table, TableCanvas* canvas, Screens* screens);
 
   UserSettings& Settings() { return settings_; }
+  const std::string& GuideFolder() const { return guide_folder_; }
 
   // Whether the logic is in the middle of something and lets events through: a chain of rolls or a
   // script that goes on when they are done.
@@ -55,6 +57,8 @@ class DesktopSurface : public Surface {
   void SetClipboard(std::string_view text) override;
   std::string Clipboard() override;
   void OpenHelp(std::int32_t topic) override;
+  // The guide with the cursor in its search box.
+  void SearchHelp();
 
  private:
   // The window over which a dialog belongs.
@@ -62,9 +66,14 @@ class DesktopSurface : public Surface {
   // Before a dialog: the picture behind it shows how things stand.
   QWidget* ReadyForDialog();
   void RefreshScreensNow();
+  // Null while there is no table.
+  HelpWindow* OpenGuide();
+  // Later when drawing them has taken long: the rolls of Hyper-Drive go first.
+  void RefreshScreensRested();
 
   Game& game_;
   UserSettings settings_;
+  std::string guide_folder_;
   SoundPlayer sounds_;
   QWidget* table_ = nullptr;
   TableCanvas* canvas_ = nullptr;
@@ -75,6 +84,7 @@ class DesktopSurface : public Surface {
   QElapsedTimer since_events_;   // events were let through
   int rolls_since_look_ = 0;     // at the clock, in Hyper-Drive without a throttle
   QElapsedTimer since_screens_;  // the open screens were refreshed
+  qint64 drawing_ = 0;           // milliseconds for events since then, most of them for drawing
   QTimer stale_screens_;
 };
 

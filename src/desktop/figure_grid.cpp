@@ -42,7 +42,7 @@ void FigureGrid::Show(std::span<const Figure> figures) {
   for (std::size_t i = 0; i < pairs_.size() && i < figures.size(); ++i) {
     const Figure& figure = figures[i];
     Pair& pair = pairs_[i];
-    if (pair.caption != nullptr) ShowText(*pair.caption, Verbatim(figure.caption));
+    if (pair.caption != nullptr) ShowText(*pair.caption, Verbatim(Trim(figure.caption)));
     ShowText(*pair.value, Verbatim(figure.text));
     if (pair.value->accessibleDescription().isEmpty()) {
       pair.value->setAccessibleDescription(ToQt(figure.caption));

@@ -8,8 +8,15 @@ FlowLayout::~FlowLayout() {
   qDeleteAll(items_);
 }
 
+void FlowLayout::addItem(QLayoutItem* item) {
+  items_.append(item);
+  invalidate();
+}
+
 QLayoutItem* FlowLayout::takeAt(int index) {
-  return index >= 0 && index < items_.size() ? items_.takeAt(index) : nullptr;
+  if (index < 0 || index >= items_.size()) return nullptr;
+  invalidate();
+  return items_.takeAt(index);
 }
 
 void FlowLayout::setGeometry(const QRect& place) {

@@ -11,7 +11,7 @@ class FlowLayout : public QLayout {
   explicit FlowLayout(QWidget* parent) : QLayout(parent) {}
   ~FlowLayout() override;
 
-  void addItem(QLayoutItem* item) override { items_.append(item); }
+  void addItem(QLayoutItem* item) override;
   int count() const override { return static_cast<int>(items_.size()); }
   QLayoutItem* itemAt(int index) const override { return items_.value(index); }
   QLayoutItem* takeAt(int index) override;

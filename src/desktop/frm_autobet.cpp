@@ -1,5 +1,6 @@
 #include "desktop/frm_autobet.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QBoxLayout>
 #include <QCheckBox>
@@ -27,6 +28,7 @@ namespace feltmaster {
 
 namespace {
 
+constexpr std::int32_t kHelpOnLabels = 554;
 constexpr std::int32_t kHelpOnStructure = 556;
 constexpr std::int32_t kHelpOnSoundScript = 640;
 constexpr std::int32_t kHelpOnFind = 620;
@@ -48,14 +50,14 @@ QString Counted(std::int32_t count, const char* one, const char* many) {
 
 std::vector<AutoBetScreen::MenuTable> AutoBetScreen::Menus() {
   using Self = AutoBetScreen;
-  const auto key = [](const char* text) { return QKeySequence(QString::fromLatin1(text)); };
+  const auto key = [](auto... texts) {
+    return QList<QKeySequence>{QKeySequence(QString::fromLatin1(texts))...};
+  };
   const auto has_selection = [](const Self& screen) {
     return screen.FocusedField() != nullptr || screen.editor_.SelectedCount() > 0;
   };
   const auto has_lines = [](const Self& screen) { return !screen.game_.ScriptLines.empty(); };
-  const auto lines_selected = [](const Self& screen) {
-    return screen.editor_.SelectedCount() > 0;
-  };
+  const auto lines_selected = [](const Self& screen) { return screen.editor_.SelectedCount() > 0; };
   return {
       {"mnuFile",
        "&File",
@@ -66,7 +68,7 @@ std::vector<AutoBetScreen::MenuTable> AutoBetScreen::Menus() {
            {"mnuSaveAs", "Save &As ...", key("Ctrl+Shift+S"), &Self::SaveAs},
            {.name = "mnuPrint",
             .caption = "&Print ...",
-            .key = key("Ctrl+P"),
+            .keys = key("Ctrl+P"),
             .carry_out = &Self::Print,
             .starts_group = true},
        }},
@@ -77,7 +79,7 @@ std::vector<AutoBetScreen::MenuTable> AutoBetScreen::Menus() {
             [](const Self& screen) {
               return screen.FocusedField() != nullptr || screen.editor_.CanUndo();
             }},
-           {"mnuRedo", "&Redo", key("Ctrl+Y"), &Self::Redo,
+           {"mnuRedo", "&Redo", key("Ctrl+Y", "Ctrl+Shift+Z"), &Self::Redo,
             [](const Self& screen) {
               return screen.FocusedField() != nullptr || screen.editor_.CanRedo();
             }},
@@ -89,8 +91,8 @@ std::vector<AutoBetScreen::MenuTable> AutoBetScreen::Menus() {
             }},
            {"mnuDelete", "&Delete", key("Del"), &Self::Delete, has_selection},
            {"mnuSelectAll", "Select &All", key("Ctrl+A"), &Self::SelectAll},
-           {"mnuEditAsText", "&Edit Line as Text", key("F2"), &Self::EditAsText, has_lines,
-            nullptr, true},
+           {"mnuEditAsText", "&Edit Line as Text", key("F2"), &Self::EditAsText, has_lines, nullptr,
+            true},
            {"mnuPasteText", "Pa&ste Text", key("Ctrl+Shift+V"), &Self::PasteText},
            {"mnuCopyToAutoBetFile",
             "Copy to Auto-&Bet File ...",
@@ -136,7 +138,7 @@ std::vector<AutoBetScreen::MenuTable> AutoBetScreen::Menus() {
             [](const Self& screen) { return screen.game_.ShowLineNumbers; }},
            {.name = "mnuCheckBets",
             .caption = "Check &Bets",
-            .key = key("F7"),
+            .keys = key("F7"),
             .carry_out = &Self::Check,
             .starts_group = true},
        }},
@@ -153,7 +155,7 @@ void AutoBetScreen::BuildMenus() {
       QAction* action = menu->addAction(QString::fromLatin1(command.caption));
       action->setObjectName(QString::fromLatin1(command.name));
       action->setCheckable(command.checked != nullptr);
-      action->setShortcut(command.key);
+      action->setShortcuts(command.keys);
       connect(action, &QAction::triggered, this, [this, carry_out = command.carry_out] {
         (this->*carry_out)();
         ShowAll();
@@ -189,13 +191,17 @@ AutoBetScreen::AutoBetScreen(Screens& screens)
   split->setStretchFactor(0, 5);
   split->setStretchFactor(1, 4);
   split->setChildrenCollapsible(false);
+  split->setSizes({500, 400});
   setCentralWidget(split);
   BuildMenus();
   list_->menu = menuBar()->findChild<QMenu*>("mnuEdit");
-  resize(fontMetrics().horizontalAdvance('n') * 160, fontMetrics().height() * 46);
   qApp->installEventFilter(this);
   list_->setFocus();
   ShowAll();
+}
+
+QSize AutoBetScreen::PreferredSize() const {
+  return QSize(fontMetrics().horizontalAdvance('n') * 165, fontMetrics().height() * 46);
 }
 
 AutoBetScreen::~AutoBetScreen() {
@@ -205,9 +211,9 @@ AutoBetScreen::~AutoBetScreen() {
 QWidget* AutoBetScreen::BuildComposers() {
   auto* const area = new QWidget(this);
   auto* const column = new QVBoxLayout(area);
+  column->addWidget(BuildStartArea());
   condition_ = new LineComposer(LineComposer::Kind::kCondition, game_, area);
   action_ = new LineComposer(LineComposer::Kind::kAction, game_, area);
-  column->addWidget(BuildStartArea());
   column->addWidget(condition_, 1);
   column->addWidget(action_, 1);
   column->addWidget(BuildLabelArea());
@@ -294,8 +300,9 @@ QWidget* AutoBetScreen::BuildScript() {
   connect(active_, &QCheckBox::clicked, this, [this] { SwitchActive(); });
   head->addWidget(active_);
   head->addStretch(1);
-  for (const auto& [label, name] :
-       {std::pair(&selected_count_, "lblNumLinesSelected"), {&line_count_, "lblNumAutoBetLines"}}) {
+  for (const auto& [label, name] : {std::pair(&unsaved_, "lblUnsaved"),
+                                    {&selected_count_, "lblNumLinesSelected"},
+                                    {&line_count_, "lblNumAutoBetLines"}}) {
     *label = new QLabel(area);
     (*label)->setObjectName(name);
     head->addWidget(*label);
@@ -322,20 +329,28 @@ QWidget* AutoBetScreen::BuildTypedLine() {
   suggestions_ = new QStringListModel(typed_);
   completer_ = new QCompleter(suggestions_, typed_);
   completer_->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
-  completer_->setWidget(typed_);
-  connect(completer_, qOverload<const QString&>(&QCompleter::activated), this,
-          [this](const QString& text) {
-            typed_->setText(text);
-            QMetaObject::invokeMethod(
-                this, [this] { Suggest(); }, Qt::QueuedConnection);
-          });
-  connect(typed_, &QLineEdit::textEdited, this, [this] {
+  completer_->setMaxVisibleItems(12);
+  completer_->popup()->setObjectName("listSuggestions");
+  completer_->popup()->setAccessibleName("What the line can go on with");
+  typed_->setCompleter(completer_);
+  // What can follow the chosen piece is offered at once.
+  const auto offer_more = [this] {
+    Suggest();
+    completer_->complete();
+  };
+  connect(completer_, qOverload<const QString&>(&QCompleter::activated), this, offer_more,
+          Qt::QueuedConnection);
+  connect(typed_, &QLineEdit::textEdited, this, [this](const QString& text) {
+    if (text.isEmpty()) retyped_row_ = 0;
     ShowFault({});
     Suggest();
   });
   connect(typed_, &QLineEdit::returnPressed, this, [this] { TakeTypedLine(); });
   typed_fault_ = new QLabel(area);
   typed_fault_->setObjectName("lblTypedFault");
+  QPalette fault_colors = typed_fault_->palette();
+  fault_colors.setColor(QPalette::WindowText, QColor(0xc0, 0x1c, 0x28));
+  typed_fault_->setPalette(fault_colors);
   typed_fault_->setWordWrap(true);
   typed_fault_->setTextFormat(Qt::PlainText);
   typed_fault_->hide();
@@ -347,16 +362,21 @@ QWidget* AutoBetScreen::BuildTypedLine() {
 // ---- Showing ----------------------------------------------------------------------------------
 
 void AutoBetScreen::Refresh() {
+  ShadeLines(game_);
   ShowAll();
 }
 
 void AutoBetScreen::ShowAll() {
-  setWindowTitle(ToQt(TitleOf(game_)) + (game_.ScriptUnsaved ? " *" : ""));
+  setWindowTitle(ToQt(TitleOf(game_)));
+  unsaved_->setText(game_.ScriptUnsaved ? "Not saved" : "");
+  if (game_.ScriptCursorLine != retyped_row_) retyped_row_ = 0;
   active_->setChecked(game_.ScriptActive == 1);
   line_count_->setText(Counted(editor_.Rows().Count(), "line", "lines"));
   const std::int32_t selected = editor_.SelectedCount();
   selected_count_->setText(selected == 0 ? QString() : QStringLiteral("%1 selected").arg(selected));
   if (!editor_.PendingLine()) StopWaiting();
+  if (game_.ScriptLabels.size() > labels_) action_->TakeLabel(game_.ScriptLabels.back());
+  labels_ = game_.ScriptLabels.size();
   condition_->ShowChoice();
   action_->ShowChoice();
   list_->ShowLines();
@@ -374,6 +394,7 @@ void AutoBetScreen::ShowCommands() {
 
 bool AutoBetScreen::Wait(ScriptLine line, QWidget* area) {
   StopWaiting();
+  list_->setFocus();  // first: a field that is left is put in order
   editor_.SetPending(std::move(line));
   setCursor(Qt::UpArrowCursor);
   if (auto* const composer = dynamic_cast<LineComposer*>(area)) {
@@ -381,8 +402,7 @@ bool AutoBetScreen::Wait(ScriptLine line, QWidget* area) {
   } else {
     area->setStyleSheet(kWaitingStyle);
   }
-  list_->setFocus();
-  list_->viewport()->update();
+  list_->ShowLines();
   return true;
 }
 
@@ -395,7 +415,7 @@ void AutoBetScreen::StopWaiting() {
   for (QWidget* area : areas_) {
     if (!area->styleSheet().isEmpty()) area->setStyleSheet({});
   }
-  list_->viewport()->update();
+  list_->ShowLines();
 }
 
 bool AutoBetScreen::Refuse(const DraftFault& fault, LineComposer* composer) {
@@ -435,6 +455,10 @@ bool AutoBetScreen::eventFilter(QObject* watched, QEvent* event) {
 void AutoBetScreen::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape && editor_.PendingLine()) {
     StopWaiting();
+  } else if (event->key() == Qt::Key_Escape && typed_->hasFocus() && !typed_->text().isEmpty()) {
+    retyped_row_ = 0;
+    typed_->clear();
+    ShowFault({});
   } else {
     ScreenWindow::keyPressEvent(event);
   }
@@ -457,8 +481,12 @@ void AutoBetScreen::LoadLine(const ScriptLine& line) {
 // ---- Typing lines -----------------------------------------------------------------------------
 
 void AutoBetScreen::Suggest() {
-  suggestions_->setStringList({});
-  completer_->popup()->hide();
+  QStringList texts;
+  const std::string typed = FromQt(typed_->text());
+  if (!typed.empty()) {
+    for (const std::string& text : Completions(typed, game_)) texts.append(ToQt(text));
+  }
+  suggestions_->setStringList(texts);
 }
 
 void AutoBetScreen::ShowFault(const std::string& text) {
@@ -468,17 +496,18 @@ void AutoBetScreen::ShowFault(const std::string& text) {
 
 void AutoBetScreen::TakeTypedLine() {
   const std::string text = FromQt(typed_->text());
-  const auto fault = retypes_ ? editor_.RetypeLine(text) : editor_.TypeLine(text);
+  const auto fault = retyped_row_ > 0 ? editor_.RetypeLine(text) : editor_.TypeLine(text);
   if (fault) {
     ShowFault("Expected " + fault->expected + '.');
+    completer_->popup()->hide();
     typed_->setCursorPosition(
         static_cast<int>(QString::fromStdString(text.substr(0, fault->column - 1)).size()));
     return;
   }
-  retypes_ = false;
+  retyped_row_ = 0;
   ShowFault({});
   typed_->clear();
-  MoveCursor(editor_.Rows(), 0, list_->RowsShown());
+  KeepCursorInView();
   ShowAll();
 }
 
@@ -486,26 +515,18 @@ void AutoBetScreen::EditAsText() {
   const std::int32_t row = editor_.Rows().Clamped(game_.ScriptCursorLine);
   if (row > editor_.Rows().Count()) return;
   typed_->setText(ToQt(editor_.Rows().Place(row)->LineText).trimmed());
-  retypes_ = true;
+  retyped_row_ = row;
   ShowFault({});
   typed_->setFocus();
 }
 
 // ---- Files ------------------------------------------------------------------------------------
 
-template <bool (*kCommand)(Game&)>
-bool AutoBetScreen::WithFile(bool another_script) {
-  StopWaiting();
-  const bool done = kCommand(game_);
-  if (done && another_script) editor_.Restart();
-  return done;
-}
-
 void AutoBetScreen::New() {
-  WithFile<NewScriptCommand>(true);
+  if (NewScriptCommand(game_)) editor_.Restart();
 }
 void AutoBetScreen::Open() {
-  WithFile<OpenScriptCommand>(true);
+  if (OpenScriptCommand(game_)) editor_.Restart();
 }
 void AutoBetScreen::Save() {
   if (SaveScriptCommand(game_)) editor_.Saved();
@@ -528,10 +549,15 @@ void AutoBetScreen::PasteFrom() {
 
 bool AutoBetScreen::MayClose() {
   StopWaiting();
+  if (game_.ScriptActive == 1) editor_.Check();
+  ShowAll();
   const bool leaves = LeaveScriptEditor(game_);
-  if (!leaves) editor_.Check();
   ShowAll();
   return leaves;
+}
+
+std::int32_t AutoBetScreen::HelpTopic() const {
+  return label_->hasFocus() ? kHelpOnLabels : kTraits.help_topic;
 }
 
 // ---- Editing ----------------------------------------------------------------------------------
@@ -540,13 +566,19 @@ QLineEdit* AutoBetScreen::FocusedField() const {
   return qobject_cast<QLineEdit*>(focusWidget());
 }
 
+void AutoBetScreen::KeepCursorInView() {
+  MoveCursor(editor_.Rows(), 0, list_->RowsShown());
+}
+
 void AutoBetScreen::Undo() {
   if (QLineEdit* field = FocusedField()) return field->undo();
   editor_.Undo();
+  KeepCursorInView();
 }
 void AutoBetScreen::Redo() {
   if (QLineEdit* field = FocusedField()) return field->redo();
   editor_.Redo();
+  KeepCursorInView();
 }
 void AutoBetScreen::Cut() {
   if (QLineEdit* field = FocusedField()) return field->cut();
@@ -561,6 +593,7 @@ void AutoBetScreen::Copy() {
 void AutoBetScreen::Paste() {
   if (QLineEdit* field = FocusedField()) return field->paste();
   editor_.Paste();
+  KeepCursorInView();
 }
 void AutoBetScreen::Delete() {
   if (QLineEdit* field = FocusedField()) return field->del();

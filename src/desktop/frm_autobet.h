@@ -28,6 +28,8 @@ class AutoBetScreen : public ScreenWindow {
 
  protected:
   bool MayClose() override;
+  QSize PreferredSize() const override;
+  std::int32_t HelpTopic() const override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
@@ -35,7 +37,7 @@ class AutoBetScreen : public ScreenWindow {
   struct Command {
     const char* name;
     const char* caption;
-    QKeySequence key;
+    QList<QKeySequence> keys;
     void (AutoBetScreen::*carry_out)() = nullptr;
     bool (*usable)(const AutoBetScreen&) = nullptr;
     bool (*checked)(const AutoBetScreen&) = nullptr;
@@ -71,7 +73,7 @@ class AutoBetScreen : public ScreenWindow {
   void ShowFault(const std::string& text);
 
   // The text field in which the Edit commands work; null when they work on the lines.
-  class QLineEdit* FocusedField() const;
+  QLineEdit* FocusedField() const;
   void FindInField(bool forward);
   void TellNotFound();
 
@@ -101,8 +103,7 @@ class AutoBetScreen : public ScreenWindow {
   void SwitchLineNumbers();
   void Check();
   void SwitchActive();
-  template <bool (*kCommand)(Game&)>
-  bool WithFile(bool another_script);
+  void KeepCursorInView();
 
   Game& game_;
   ScriptEditor editor_;
@@ -113,12 +114,14 @@ class AutoBetScreen : public ScreenWindow {
   QCheckBox* active_ = nullptr;
   QLabel* line_count_ = nullptr;
   QLabel* selected_count_ = nullptr;
+  QLabel* unsaved_ = nullptr;
   QLineEdit* typed_ = nullptr;
   QLabel* typed_fault_ = nullptr;
   QStringListModel* suggestions_ = nullptr;
   QCompleter* completer_ = nullptr;
-  bool retypes_ = false;         // the typed line takes the place of the one at the cursor
-  std::vector<QWidget*> areas_;  // in which the fields of a waiting line are shown
+  std::int32_t retyped_row_ = 0;  // that the typed line takes the place of; 0 for none
+  std::size_t labels_ = 0;        // of the script, when it was last shown
+  std::vector<QWidget*> areas_;   // in which the fields of a waiting line are shown
   std::vector<std::pair<QAction*, Command>> commands_;
 };
 

@@ -253,6 +253,8 @@ void BankrollScreen::ShowHyperDrive() {
   const QString caption = game.HyperDriveActive ? QStringLiteral("Stop Hyper-&Drive")
                                                 : QStringLiteral("Start Hyper-&Drive");
   if (hyper_drive_->text() != caption) hyper_drive_->setText(caption);
+  const QSignalBlocker quiet(throttle_);
+  throttle_->setValue(game.ThrottleSetting);
   throttle_->setEnabled(!unlimited_->isChecked());
 }
 

@@ -15,7 +15,7 @@ namespace feltmaster {
 // The graph of the bankroll, and the controls of Hyper-Drive.
 class BankrollScreen : public ScreenWindow {
  public:
-  static constexpr ScreenTraits kTraits = {"frmBankroll", "Bankroll / Hyper-Drive", 0,
+  static constexpr ScreenTraits kTraits = {"frmBankroll", "Bankroll / Hyper-Drive", 710,
                                            kBankrollScreen};
   explicit BankrollScreen(Screens& screens);
 

@@ -27,15 +27,16 @@ constexpr std::array<const char*, 2> kSeries = {
 constexpr int kNet = 4;  // the columns from here on are coloured
 
 std::vector<RowsColumn> Columns() {
-  return {{.caption = true}, {" Wagers", true}, {" Wins", true},
-          {" Losses", true}, {" Net", true},    {" Net %", true}};
+  std::vector<RowsColumn> columns = {{.caption = true}};
+  for (const char* heading : {" Wagers", " Wins", " Losses", " Net", " Net %"}) {
+    columns.push_back({heading, Qt::AlignRight});
+  }
+  return columns;
 }
 
 }  // namespace
 
 BetResultsScreen::BetResultsScreen(Screens& screens) : ScreenWindow(screens, kTraits) {
-  const BetResultsChoice kept = ReadBetResultsSelection(TheGame().BetResultsSelection);
-
   auto* choice = new QWidget(this);
   auto* choice_lines = new QVBoxLayout(choice);
   bets_ = new QListWidget(choice);
@@ -43,8 +44,7 @@ BetResultsScreen::BetResultsScreen(Screens& screens) : ScreenWindow(screens, kTr
   bets_->setAccessibleName(QStringLiteral("Bets"));
   bets_->setSelectionMode(QAbstractItemView::ExtendedSelection);
   for (int bet = 1; bet <= kBetCount; ++bet) {
-    auto* item = new QListWidgetItem(ToQt(kBetName[static_cast<std::size_t>(bet)]), bets_);
-    item->setSelected(kept.bets.Has(bet));
+    bets_->addItem(ToQt(kBetName[static_cast<std::size_t>(bet)]));
   }
   auto* all = new QPushButton(QStringLiteral("Select &All"), choice);
   all->setObjectName(QStringLiteral("cmdSelectAll"));
@@ -56,7 +56,6 @@ BetResultsScreen::BetResultsScreen(Screens& screens) : ScreenWindow(screens, kTr
   for (std::size_t i = 0; i < kSeries.size(); ++i) {
     series_[i] = new QRadioButton(QString::fromUtf8(kSeries[i]).trimmed(), results);
     series_[i]->setObjectName(QStringLiteral("optDataType%1").arg(i));
-    series_[i]->setChecked((i == 0) == kept.phantom);
     lines->addWidget(series_[i]);
     QObject::connect(series_[i], &QRadioButton::clicked, this, [this] { Choose(); });
   }
@@ -69,6 +68,8 @@ BetResultsScreen::BetResultsScreen(Screens& screens) : ScreenWindow(screens, kTr
   table_->setAccessibleName(QStringLiteral("Results of the selected bets"));
   lines->addWidget(table_, 1);
 
+  ShowChoice({});
+  BetResultsScreen::Refresh();  // the splitter asks for sizes as it is filled
   auto* page = new QSplitter(this);
   page->addWidget(choice);
   page->addWidget(results);
@@ -93,12 +94,23 @@ BetResultsChoice BetResultsScreen::Chosen() const {
 }
 
 void BetResultsScreen::Choose() {
-  TheGame().BetResultsSelection = BetResultsSelectionOf(Chosen());
+  TheGame().BetResultsSelection = shown_ = BetResultsSelectionOf(Chosen());
   Refresh();
 }
 
+void BetResultsScreen::ShowChoice(const BetResultsChoice& choice) {
+  const QSignalBlocker quiet(bets_);
+  for (int bet = 1; bet <= kBetCount; ++bet) {
+    bets_->item(bet - 1)->setSelected(choice.bets.Has(bet));
+  }
+  series_[choice.phantom ? 0 : 1]->setChecked(true);
+}
+
 void BetResultsScreen::Refresh() {
-  results_ = BetResultsOf(TheGame(), ReadBetResultsSelection(TheGame().BetResultsSelection));
+  const BetResultsChoice choice = ReadBetResultsSelection(TheGame().BetResultsSelection);
+  if (shown_ != TheGame().BetResultsSelection) ShowChoice(choice);
+  shown_ = TheGame().BetResultsSelection;
+  results_ = BetResultsOf(TheGame(), choice);
   heads_->Show(results_.heads);
   Rows rows;
   for (const BetResultsLine& line : results_.lines) {

@@ -14,7 +14,7 @@ namespace feltmaster {
 // What any set of bets has won and lost, combined: the player's own or the continuous $1 wagers.
 class BetResultsScreen : public ScreenWindow {
  public:
-  static constexpr ScreenTraits kTraits = {"frmBetResults", "Bet Results", 0, kBetResultsScreen};
+  static constexpr ScreenTraits kTraits = {"frmBetResults", "Bet Results", 740, kBetResultsScreen};
   explicit BetResultsScreen(Screens& screens);
 
   void Refresh() override;
@@ -22,12 +22,14 @@ class BetResultsScreen : public ScreenWindow {
  private:
   BetResultsChoice Chosen() const;
   void Choose();
+  void ShowChoice(const BetResultsChoice& choice);
 
   QListWidget* bets_;
   std::array<QRadioButton*, 2> series_;
   FigureGrid* heads_;
   RowsTable* table_;
   BetResultsTable results_;
+  std::string shown_;  // the selection as the list shows it
 };
 
 }  // namespace feltmaster

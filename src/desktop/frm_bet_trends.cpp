@@ -14,7 +14,7 @@ std::vector<RowsColumn> Columns() {
   std::vector<RowsColumn> columns;
   for (int bet = 1; bet <= kBetCount; bet += kLines) {
     columns.push_back({"Bet"});
-    columns.push_back({"Won / lost", true});
+    columns.push_back({"Won / lost", Qt::AlignHCenter});
   }
   return columns;
 }

@@ -8,7 +8,7 @@ namespace feltmaster {
 // The current run of wins or losses of every bet, in three columns.
 class BetTrendsScreen : public ScreenWindow {
  public:
-  static constexpr ScreenTraits kTraits = {"frmBetTrends", "Bet Trends", 0, kBetTrendsScreen};
+  static constexpr ScreenTraits kTraits = {"frmBetTrends", "Bet Trends", 750, kBetTrendsScreen};
   explicit BetTrendsScreen(Screens& screens);
 
   void Refresh() override;

@@ -33,8 +33,8 @@ const FrequencyEntry& ChosenEntry(const Game& game) {
 std::vector<RowsColumn> GapColumns() {
   std::vector<RowsColumn> columns;
   for (int gap = 1; gap < kGaps; gap += kGapRowsShown) {
-    columns.push_back({.heading = "Gap", .number = true, .caption = true});
-    columns.push_back({.heading = "Times", .number = true});
+    columns.push_back({.heading = "Gap", .align = Qt::AlignRight, .caption = true});
+    columns.push_back({.heading = "Times", .align = Qt::AlignRight});
   }
   return columns;
 }

@@ -12,7 +12,8 @@ namespace feltmaster {
 // One roll event in depth, with the table of the gaps between its appearances.
 class RollFrequenciesScreen : public ScreenWindow {
  public:
-  static constexpr ScreenTraits kTraits = {"frmRollFreqs", "Roll Frequencies", 0, kRollFreqsScreen};
+  static constexpr ScreenTraits kTraits = {"frmRollFreqs", "Roll Frequencies", 730,
+                                           kRollFreqsScreen};
   explicit RollFrequenciesScreen(Screens& screens);
 
   void Refresh() override;

@@ -34,6 +34,7 @@ RollTotalsScreen::RollTotalsScreen(Screens& screens) : ScreenWindow(screens, kTr
   auto* lines = new QVBoxLayout(page);
   auto* top = new QHBoxLayout;
   total_ = new FigureGrid(kTotal, 1, page);
+  total_->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
   top->addWidget(total_);
   top->addStretch();
   for (std::size_t i = 0; i < compare_.size(); ++i) {
@@ -95,6 +96,11 @@ void RollTotalsScreen::KeepScroll(Qt::Orientation along, std::int32_t Game::*kep
   QObject::connect(bar, &QScrollBar::actionTriggered, this,
                    [this, bar, kept] { TheGame().*kept = bar->sliderPosition(); });
   QObject::connect(bar, &QScrollBar::valueChanged, bars_, qOverload<>(&QWidget::update));
+}
+
+QSize RollTotalsScreen::PreferredSize() const {
+  const int line = fontMetrics().height();
+  return bars_->sizeHint() + QSize(2 * line, 6 * line);
 }
 
 void RollTotalsScreen::Refresh() {

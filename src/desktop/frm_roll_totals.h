@@ -13,10 +13,13 @@ namespace feltmaster {
 // How often each roll came, against how often it should: a table over bars.
 class RollTotalsScreen : public ScreenWindow {
  public:
-  static constexpr ScreenTraits kTraits = {"frmRollTotals", "Roll Totals", 0, kRollTotalsScreen};
+  static constexpr ScreenTraits kTraits = {"frmRollTotals", "Roll Totals", 720, kRollTotalsScreen};
   explicit RollTotalsScreen(Screens& screens);
 
   void Refresh() override;
+
+ protected:
+  QSize PreferredSize() const override;
 
  private:
   void AddMenus();

@@ -2,6 +2,7 @@
 
 #include <QBoxLayout>
 #include <QLabel>
+#include <QMenuBar>
 #include <QScrollArea>
 #include <array>
 #include <span>
@@ -83,31 +84,36 @@ QWidget* Headed(const char* heading, FigureGrid* figures, QWidget* parent) {
     head->setFont(font);
     lines->addWidget(head);
   }
-  lines->addWidget(figures);
-  lines->addStretch();
+  lines->addWidget(figures, 1);
   return box;
 }
 
 }  // namespace
 
 SummaryScreen::SummaryScreen(Screens& screens) : ScreenWindow(screens, kTraits) {
-  auto* page = new QWidget(this);
-  auto* columns = new QHBoxLayout(page);
+  page_ = new QWidget(this);
+  auto* columns = new QHBoxLayout(page_);
   std::array<QVBoxLayout*, 2> lines = {new QVBoxLayout, new QVBoxLayout};
   for (QVBoxLayout* column : lines) columns->addLayout(column, 1);
   for (const Group& group : kGroups) {
-    groups_.push_back(new FigureGrid(group.names, 1, page));
+    groups_.push_back(new FigureGrid(group.names, 1, page_));
     lines[static_cast<std::size_t>(group.column)]->addWidget(
-        Headed(group.heading, groups_.back(), page));
+        Headed(group.heading, groups_.back(), page_), static_cast<int>(group.names.size()));
   }
+  SummaryScreen::Refresh();  // the scroll area asks once how large the page is with its texts
   auto* scroll = new QScrollArea(this);
-  scroll->setWidget(page);
+  scroll->setWidget(page_);
   scroll->setWidgetResizable(true);
   scroll->setFrameShape(QFrame::NoFrame);
   setCentralWidget(scroll);
   AddFileMenu(*this, TheGame(),
-              {"summary", [this] { return RowsOf(SummaryFigures(TheGame())); }, page});
+              {"summary", [this] { return RowsOf(SummaryFigures(TheGame())); }, page_});
   AddHelpMenu(*this, TheGame());
+}
+
+QSize SummaryScreen::PreferredSize() const {
+  const int edge = fontMetrics().height();
+  return page_->sizeHint() + QSize(edge, edge + menuBar()->sizeHint().height());
 }
 
 void SummaryScreen::Refresh() {

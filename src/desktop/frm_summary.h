@@ -10,12 +10,16 @@ namespace feltmaster {
 // A digest of the game on one page.
 class SummaryScreen : public ScreenWindow {
  public:
-  static constexpr ScreenTraits kTraits = {"frmSummary", "Summary", 0, kSummaryScreen};
+  static constexpr ScreenTraits kTraits = {"frmSummary", "Summary", 700, kSummaryScreen};
   explicit SummaryScreen(Screens& screens);
 
   void Refresh() override;
 
+ protected:
+  QSize PreferredSize() const override;
+
  private:
+  QWidget* page_;
   std::vector<FigureGrid*> groups_;
 };
 

@@ -10,6 +10,7 @@
 #include <QStringListModel>
 #include <QValidator>
 
+#include "desktop/amount_field.h"
 #include "desktop/flow_layout.h"
 #include "desktop/qt_text.h"
 #include "files/file_dialog.h"
@@ -39,39 +40,35 @@ class PartValidator : public QValidator {
   DraftPart part_;
 };
 
-// A field of the sentence. A word such as "each" stands for a number and is typed over as a whole.
-class PartField : public QLineEdit {
+// A field of the sentence.
+class PartField : public WholeTextField {
  public:
-  explicit PartField(QWidget* parent) : QLineEdit(parent) {}
+  PartField(QWidget* parent, bool is_number) : WholeTextField(parent), is_number_(is_number) {}
 
-  // A press; a blank at the begin of the text, or any blank; a double press.
+  // A press; a blank at the begin of the text or elsewhere; a double press.
   std::function<bool()> pressed = [] { return false; };
   std::function<bool(bool at_begin)> blank = [](bool) { return false; };
   std::function<void()> pressed_twice = [] {};
 
  protected:
-  void focusInEvent(QFocusEvent* event) override {
-    QLineEdit::focusInEvent(event);
-    if (event->reason() != Qt::PopupFocusReason) selectAll();
-    just_entered_ = event->reason() == Qt::MouseFocusReason;
-  }
   void mousePressEvent(QMouseEvent* event) override {
-    if (!just_entered_) QLineEdit::mousePressEvent(event);
-    just_entered_ = false;
+    WholeTextField::mousePressEvent(event);
     pressed();
   }
   void mouseDoubleClickEvent(QMouseEvent* event) override {
-    QLineEdit::mouseDoubleClickEvent(event);
+    WholeTextField::mouseDoubleClickEvent(event);
     pressed_twice();
   }
   void keyPressEvent(QKeyEvent* event) override {
     const bool is_blank = event->text() == " ";
     if (is_blank && blank(cursorPosition() == 0 || selectedText() == text())) return;
-    QLineEdit::keyPressEvent(event);
+    // A word such as "each" stands for a number; a number is typed over it.
+    if (is_number_ && !text().isEmpty() && text().front().isLetter()) selectAll();
+    WholeTextField::keyPressEvent(event);
   }
 
  private:
-  bool just_entered_ = false;
+  bool is_number_;
 };
 
 int Letters(const QWidget& widget, int count) {
@@ -159,7 +156,7 @@ LineComposer::LineComposer(Kind kind, Game& game, QWidget* parent)
     box->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     box->setTextElideMode(Qt::ElideRight);
     box->setMinimumWidth(Letters(*box, 14));
-    box->setMinimumHeight(box->fontMetrics().height() * 5);
+    box->setMinimumHeight(box->fontMetrics().height() * 4);
     connect(box, &QListWidget::currentRowChanged, this, [this, which = list.list](int chosen) {
       if (chosen < 0) return;
       Change([&] { ChooseRow(draft_, which, chosen, game_); });
@@ -175,6 +172,9 @@ LineComposer::LineComposer(Kind kind, Game& game, QWidget* parent)
   flow->setContentsMargins(0, 0, 0, 0);
   flow->setSpacing(Letters(*this, 1));
   for (const PartRow& part : PartRowsOf(kind)) parts_[part.part] = MakePart(part);
+  // Room for two rows, so that a longer sentence does not push the lists about.
+  const int row_height = parts_.at(DraftPart::kAmount)->sizeHint().height();
+  sentence_->setMinimumHeight(2 * row_height + flow->spacing());
   bottom->addWidget(sentence_, 1);
   button_ = is_condition ? new LogButton("cmdLogCondition", "Con&dition", this)
                          : new LogButton("cmdLogAction", "&Action", this);
@@ -204,15 +204,18 @@ QWidget* LineComposer::MakePart(const PartRow& row) {
 }
 
 QLineEdit* LineComposer::MakeField(const PartRow& row) {
-  auto* const field = new PartField(sentence_);
   const DraftPart part = row.part;
+  const bool is_name = part == DraftPart::kFlag || part == DraftPart::kName;
+  auto* const field = new PartField(sentence_, !is_name);
   field->setValidator(new PartValidator(draft_, part, field));
-  field->setMinimumWidth(WidthOf(*field, part));
+  field->setFixedWidth(WidthOf(*field, part));
   connect(field, &QLineEdit::textEdited, this, [this, part](const QString& text) {
     Change([&] { TextOf(draft_, part) = FromQt(text); });
   });
-  connect(field, &QLineEdit::editingFinished, this,
-          [this, part] { Change([&] { SettleField(draft_, part); }); });
+  connect(field, &QLineEdit::editingFinished, this, [this, part] {
+    SettleField(draft_, part);
+    ShowChoice();
+  });
   if (part == DraftPart::kFlag) {
     auto* const flags = new QCompleter(new QStringListModel(field), field);
     flags->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
@@ -268,6 +271,7 @@ void LineComposer::TakeLabel(const std::string& label) {
 }
 
 void LineComposer::ShowChoice() {
+  if (showing_) return;
   showing_ = true;
   ShowLists();
   ShowSentence();
@@ -317,6 +321,7 @@ void LineComposer::ShowSentence() {
     flow->addWidget(widget);
     widget->show();
   }
+  flow->update();
   // Tab goes through the sentence as it reads, whatever the order of the fields was before.
   QWidget* before = lists_.back().second;
   for (const ShownPart& part : shown) {

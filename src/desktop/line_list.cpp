@@ -96,6 +96,7 @@ int LineList::NumberWidth() const {
 
 void LineList::ShowLines() {
   const int top = editor_.TopLine;  // the scroll bar may write it
+  drop_row_ = 0;
   verticalScrollBar()->setRange(0, editor_.Rows().Count());
   verticalScrollBar()->setPageStep(RowsShown());
   verticalScrollBar()->setSingleStep(1);
@@ -269,11 +270,12 @@ void LineList::contextMenuEvent(QContextMenuEvent* event) {
 // ---- The keys ---------------------------------------------------------------------------------
 
 void LineList::MoveTo(std::int32_t row, bool extends) {
-  MoveCursor(editor_.Rows(), row - game_.ScriptCursorLine, RowsShown());
+  const std::int32_t from = editor_.Rows().Clamped(game_.ScriptCursorLine);
+  MoveCursor(editor_.Rows(), row - from, RowsShown());
   if (extends && !editor_.PendingLine()) {
-    const std::int32_t anchor = editor_.SelectAnchor;
+    editor_.SelectAnchor = from;
+    if (from <= editor_.Rows().Count()) editor_.Rows().Place(from)->LineSelected = true;
     ClickRow(editor_.Rows(), game_.ScriptCursorLine, Click::kShift);
-    if (anchor != 0) editor_.SelectAnchor = game_.ScriptCursorLine;
     ShadeLines(game_);
   }
   changed();

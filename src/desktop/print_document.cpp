@@ -108,11 +108,11 @@ std::optional<FileError> SendTo(QPrinter& printer, const Document& document) {
   printer.setFullPage(true);
   const std::size_t count = document.pages.size();
   const auto page_or = [count](int page, std::size_t otherwise) {
-    return page == 0 ? otherwise : std::clamp<std::size_t>(static_cast<std::size_t>(page), 1, count);
+    return page == 0 ? otherwise
+                     : std::clamp<std::size_t>(static_cast<std::size_t>(page), 1, count);
   };
-  const bool sent =
-      PaintOn(printer, printer.paperRect(QPrinter::DevicePixel).size(), document,
-              page_or(printer.fromPage(), 1), page_or(printer.toPage(), count));
+  const bool sent = PaintOn(printer, printer.paperRect(QPrinter::DevicePixel).size(), document,
+                            page_or(printer.fromPage(), 1), page_or(printer.toPage(), count));
   if (sent && printer.printerState() != QPrinter::Error) return {};
   const std::string name = FromQt(printer.printerName());
   return FileError{EIO, name.empty() ? "The printer does not take the report"

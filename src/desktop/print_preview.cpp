@@ -19,7 +19,7 @@ namespace feltmaster {
 
 namespace {
 
-constexpr std::int32_t kHelpPrinting = 700;
+constexpr std::int32_t kHelpPrinting = 800;
 constexpr int kAround = 12;  // pixels of desk around the sheet
 
 // A sheet of white paper, in dark surroundings too.
@@ -131,8 +131,8 @@ class PrintPreview : public GameDialog {
         number_->setObjectName(QStringLiteral("lblPage"));
         row->addWidget(number_);
       }
-      QPushButton* const button = AddButton(*row, kind.name, kind.caption,
-                                            [this, by = kind.by] { ShowPage(page_ + by); });
+      QPushButton* const button =
+          AddButton(*row, kind.name, kind.caption, [this, by = kind.by] { ShowPage(page_ + by); });
       button->setAccessibleName(QString::fromLatin1(kind.spoken));
       button->setToolTip(QString::fromLatin1(kind.spoken));
       button->setFixedWidth(Letters(*this, 6));
@@ -169,7 +169,8 @@ class PrintPreview : public GameDialog {
     const int bar = desk_->verticalScrollBar()->sizeHint().width();
     const int whole = static_cast<int>(room.height() * kPageWidth / kPageHeight);
     const int wide = room.width() - bar;
-    sheet_->SetWidth(std::max(Letters(*this, 20), wide_->isChecked() ? wide : std::min(whole, wide)));
+    sheet_->SetWidth(
+        std::max(Letters(*this, 20), wide_->isChecked() ? wide : std::min(whole, wide)));
   }
 
   void Print() {

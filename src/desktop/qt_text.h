@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -8,14 +9,18 @@
 
 namespace feltmaster {
 
-// The game's texts are single bytes, in UTF-8 or, from old files, in Latin-1.
+// The game's texts are single bytes, in UTF-8 or, from old files, in Latin-1. Lines and the cells of
+// tables stay apart.
 inline QString ToQt(std::string_view text) {
-  if (text.find('\n') == std::string_view::npos) {
-    const std::string utf8 = AsUtf8(text);
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+  QString converted;
+  while (true) {
+    const std::size_t end = std::min(text.find_first_of("\n\t"), text.size());
+    const std::string utf8 = AsUtf8(text.substr(0, end));
+    converted += QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    if (end == text.size()) return converted;
+    converted += QLatin1Char(text[end]);
+    text.remove_prefix(end + 1);
   }
-  const std::size_t end = text.find('\n');
-  return ToQt(text.substr(0, end)) + QChar('\n') + ToQt(text.substr(end + 1));
 }
 
 inline std::string FromQt(const QString& text) {

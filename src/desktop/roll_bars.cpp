@@ -1,5 +1,6 @@
 #include "desktop/roll_bars.h"
 
+#include <QPaintEvent>
 #include <QPainter>
 #include <algorithm>
 
@@ -34,7 +35,7 @@ RollBars::RollBars(QWidget* parent) : QWidget(parent) {
 }
 
 void RollBars::Show(const Game& game, const RollTotals& totals) {
-  const bool same_bars = totals.bars.size() == totals_.bars.size();
+  const QSize least = minimumSizeHint();
   totals_ = totals;
   rows_ = RollTotalRows(game);
   rows_.erase(rows_.begin());  // the total, which stands above
@@ -43,7 +44,7 @@ void RollBars::Show(const Game& game, const RollTotals& totals) {
     colors_.push_back(RollTotalsColorsOf(game, bar));
   }
   background_ = game.RollTotalsBackColor;
-  if (!same_bars) updateGeometry();
+  if (minimumSizeHint() != least) updateGeometry();
   update();
 }
 
@@ -83,7 +84,7 @@ QSize RollBars::sizeHint() const {
   return minimumSizeHint() + QSize(0, static_cast<int>(more));
 }
 
-void RollBars::paintEvent(QPaintEvent*) {
+void RollBars::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   painter.fillRect(rect(), palette().base());
   if (rows_.empty()) return;
@@ -102,7 +103,8 @@ void RollBars::paintEvent(QPaintEvent*) {
                        Qt::AlignCenter, ToQt(rows_[row][i]));
     }
   }
-  PaintAxis(painter, at);
+  // A picture of the whole begins further left than what is in sight.
+  PaintAxis(painter, at, std::min(std::max(-x(), 0), event->rect().left()));
 }
 
 void RollBars::PaintBars(QPainter& painter, const Places& at) const {
@@ -135,9 +137,8 @@ QColor RollBars::ProbableColor(std::size_t bar) const {
   return Mix(color, InkColor(background_), 0.65);
 }
 
-// The captions and the scale, at the left edge of what is in sight.
-void RollBars::PaintAxis(QPainter& painter, const Places& at) const {
-  const double left = -std::min(x(), 0);
+// The captions and the scale.
+void RollBars::PaintAxis(QPainter& painter, const Places& at, double left) const {
   painter.fillRect(QRectF(left, 0, at.captions, height()), palette().base());
   painter.setPen(palette().color(QPalette::Text));
   const double gap = QFontMetricsF(font()).averageCharWidth();

@@ -26,7 +26,7 @@ class RollBars : public QWidget {
   Places PlacesNow() const;
   void PaintBars(QPainter& painter, const Places& at) const;
   QColor ProbableColor(std::size_t bar) const;
-  void PaintAxis(QPainter& painter, const Places& at) const;
+  void PaintAxis(QPainter& painter, const Places& at, double left) const;
 
   RollTotals totals_;
   Rows rows_;  // a row for each line of the table, its caption first

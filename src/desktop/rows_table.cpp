@@ -6,8 +6,10 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
+#include "desktop/dialog_tools.h"
 #include "desktop/ink.h"
 #include "desktop/paint_tools.h"
 #include "desktop/picture_export.h"
@@ -17,20 +19,23 @@ namespace feltmaster {
 
 namespace {
 
-constexpr double kLegible = 4.5;  // contrast of small letters
 constexpr double kFainter = 0.35;
+constexpr double kLegible = 4.5;  // contrast of small letters
 
 }  // namespace
 
-QColor ToneColor(Tone tone, const QPalette& palette) {
-  const QColor text = palette.color(QPalette::Text);
-  if (tone == Tone::kNeutral) return text;
-  const QColor pure = InkColor(PaletteColor(tone));
+QColor InkOn(int number, const QPalette& palette) {
+  const QColor pure = InkColor(number);
   QColor color = pure;
   for (double part = 0; Contrast(color, palette.color(QPalette::Base)) < kLegible && part < 1;) {
-    color = Mix(pure, text, part += 0.1);
+    color = Mix(pure, palette.color(QPalette::Text), part += 0.1);
   }
   return color;
+}
+
+QColor ToneColor(Tone tone, const QPalette& palette) {
+  return tone == Tone::kNeutral ? palette.color(QPalette::Text)
+                                : InkOn(PaletteColor(tone), palette);
 }
 
 // ---- The model --------------------------------------------------------------------------------
@@ -38,16 +43,17 @@ QColor ToneColor(Tone tone, const QPalette& palette) {
 RowsModel::RowsModel(std::vector<RowsColumn> columns, ToneOfCell tone, QObject* parent)
     : QAbstractTableModel(parent), columns_(std::move(columns)), tone_(std::move(tone)) {}
 
-void RowsModel::Show(Rows rows) {
+bool RowsModel::Show(Rows rows) {
   const int before = rowCount();
   const int now = static_cast<int>(rows.size());
+  bool changed = now != before;
   if (now < before) {
     beginRemoveRows({}, now, before - 1);
     rows_.resize(rows.size());
     endRemoveRows();
   }
   for (int row = 0; row < std::min(before, now); ++row) {
-    Renew(row, rows[static_cast<std::size_t>(row)]);
+    if (Renew(row, rows[static_cast<std::size_t>(row)])) changed = true;
   }
   if (now > before) {
     beginInsertRows({}, before, now - 1);
@@ -55,11 +61,12 @@ void RowsModel::Show(Rows rows) {
                  std::make_move_iterator(rows.end()));
     endInsertRows();
   }
+  return changed;
 }
 
-void RowsModel::Renew(int row, Row& wanted) {
+bool RowsModel::Renew(int row, Row& wanted) {
   Row& shown = rows_[static_cast<std::size_t>(row)];
-  if (shown == wanted) return;
+  if (shown == wanted) return false;
   shown.resize(wanted.size());
   for (std::size_t column = 0; column < wanted.size(); ++column) {
     if (shown[column] == wanted[column]) continue;
@@ -67,6 +74,7 @@ void RowsModel::Renew(int row, Row& wanted) {
     const QModelIndex changed = index(row, static_cast<int>(column));
     emit dataChanged(changed, changed);
   }
+  return true;
 }
 
 int RowsModel::rowCount(const QModelIndex& parent) const {
@@ -85,8 +93,7 @@ QVariant RowsModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
       return cell < row.size() ? ToQt(row[cell]) : QString();
     case Qt::TextAlignmentRole:
-      return QVariant::fromValue((column.number ? Qt::AlignRight : Qt::AlignLeft) |
-                                 Qt::AlignVCenter);
+      return QVariant::fromValue(column.align | Qt::AlignVCenter);
     case Qt::ForegroundRole: {
       const QPalette palette = QApplication::palette();
       if (column.caption) {
@@ -103,16 +110,14 @@ QVariant RowsModel::headerData(int section, Qt::Orientation orientation, int rol
   if (orientation != Qt::Horizontal) return {};
   const RowsColumn& column = columns_[static_cast<std::size_t>(section)];
   if (role == Qt::DisplayRole) return ToQt(column.heading);
-  if (role == Qt::TextAlignmentRole) {
-    return QVariant::fromValue((column.number ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-  }
+  if (role == Qt::TextAlignmentRole) return QVariant::fromValue(column.align | Qt::AlignVCenter);
   return {};
 }
 
 // ---- The view ---------------------------------------------------------------------------------
 
 RowsTable::RowsTable(std::vector<RowsColumn> columns, QWidget* parent, RowsModel::ToneOfCell tone)
-    : QTableView(parent), model_(columns, std::move(tone), this) {
+    : QTableView(parent), model_(columns, std::move(tone), this), needed_(columns.size()) {
   setModel(&model_);
   setEditTriggers(NoEditTriggers);
   setTabKeyNavigation(false);
@@ -123,26 +128,51 @@ RowsTable::RowsTable(std::vector<RowsColumn> columns, QWidget* parent, RowsModel
   verticalHeader()->hide();
   verticalHeader()->setMinimumSectionSize(fontMetrics().height() + 1);
   verticalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-  horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+  horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   horizontalHeader()->setHighlightSections(false);
-  horizontalHeader()->setMinimumSectionSize(fontMetrics().averageCharWidth() * 5);
   const bool headed = std::any_of(columns.begin(), columns.end(),
                                   [](const RowsColumn& column) { return !column.heading.empty(); });
   horizontalHeader()->setVisible(headed);
 }
 
 void RowsTable::Show(Rows rows) {
-  model_.Show(std::move(rows));
+  const bool first = model_.rowCount() == 0;
+  if (!model_.Show(std::move(rows))) return;
+  NeedWidths();
+  SpreadColumns();
+  if (first) updateGeometry();
+}
+
+void RowsTable::NeedWidths() {
+  const int room = fontMetrics().averageCharWidth() * 2;
+  for (std::size_t column = 0; column < needed_.size(); ++column) {
+    const int section = static_cast<int>(column);
+    const int head =
+        horizontalHeader()->isHidden() ? 0 : horizontalHeader()->sectionSizeHint(section);
+    needed_[column] = std::max({needed_[column], sizeHintForColumn(section) + room, head});
+  }
+}
+
+// Each column has what it needs, and an equal part of the room that is left.
+void RowsTable::SpreadColumns() {
+  const int columns = static_cast<int>(needed_.size());
+  const int needed = std::accumulate(needed_.begin(), needed_.end(), 0);
+  const int spare = std::max(0, viewport()->width() - needed);
+  for (int column = 0; column < columns; ++column) {
+    const int part = spare * (column + 1) / columns - spare * column / columns;
+    horizontalHeader()->resizeSection(column, needed_[static_cast<std::size_t>(column)] + part);
+  }
+}
+
+void RowsTable::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  SpreadColumns();
 }
 
 QSize RowsTable::sizeHint() const {
-  int width = 0;
-  for (int column = 0; column < model_.columnCount(); ++column) {
-    width += std::max({sizeHintForColumn(column), horizontalHeader()->sectionSizeHint(column),
-                       horizontalHeader()->minimumSectionSize()});
-  }
+  const int width = std::accumulate(needed_.begin(), needed_.end(), 0);
   const int row = fontMetrics().height() + 4;
-  const int head = horizontalHeader()->isVisible() ? horizontalHeader()->sizeHint().height() : 0;
+  const int head = horizontalHeader()->isHidden() ? 0 : horizontalHeader()->sizeHint().height();
   return {width + 2 * frameWidth(), model_.rowCount() * row + head + 2 * frameWidth()};
 }
 

@@ -12,13 +12,15 @@
 
 namespace feltmaster {
 
+// A colour of the 16, on this palette: made readable on a dark one as on a light one.
+QColor InkOn(int number, const QPalette& palette);
 // The colour of a tone on this palette, as well to be read on a dark one as on a light one.
 QColor ToneColor(Tone tone, const QPalette& palette);
 
 // A column of a table of texts.
 struct RowsColumn {
   std::string heading = {};
-  bool number = false;   // right-aligned
+  Qt::AlignmentFlag align = Qt::AlignLeft;
   bool caption = false;  // names what stands beside it, and is painted fainter
 };
 
@@ -29,8 +31,8 @@ class RowsModel : public QAbstractTableModel {
 
   RowsModel(std::vector<RowsColumn> columns, ToneOfCell tone, QObject* parent);
 
-  void Show(Rows rows);
-  const Rows& Shown() const { return rows_; }
+  // False when nothing has changed.
+  bool Show(Rows rows);
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -38,7 +40,7 @@ class RowsModel : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
-  void Renew(int row, Row& wanted);
+  bool Renew(int row, Row& wanted);
 
   std::vector<RowsColumn> columns_;
   ToneOfCell tone_;
@@ -57,11 +59,15 @@ class RowsTable : public QTableView {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void CopySelected() const;
+  void NeedWidths();
+  void SpreadColumns();
 
   RowsModel model_;
+  std::vector<int> needed_;  // width of each column, for the widest text so far
 };
 
 }  // namespace feltmaster

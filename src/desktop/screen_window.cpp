@@ -8,6 +8,7 @@
 
 #include "desktop/screens.h"
 #include "surface/surface.h"
+#include "view/user_guide.h"
 
 namespace feltmaster {
 
@@ -38,6 +39,11 @@ void ScreenWindow::ShowInPlace() {
   setWindowState(windowState() & ~Qt::WindowMinimized);
   raise();
   activateWindow();
+}
+
+std::int32_t ScreenWindow::HelpTopic() const {
+  const std::int32_t own = HelpTopicOf(traits_.object_name);
+  return own != 0 ? own : traits_.help_topic;
 }
 
 void ScreenWindow::KeepPlace(bool open) {

@@ -14,7 +14,7 @@ class Screens;
 struct ScreenTraits {
   const char* object_name;  // "frmSummary"
   const char* caption;
-  std::int32_t help_topic = 0;
+  std::int32_t help_topic = 0;       // unless the window's name has one
   std::optional<Screen> place = {};  // under which its place is kept with the game
 };
 
@@ -42,7 +42,7 @@ class ScreenWindow : public QMainWindow {
   // Of a screen that comes up for the first time.
   virtual QSize PreferredSize() const { return sizeHint().expandedTo(size()); }
   // The help topic of what has the focus.
-  virtual std::int32_t HelpTopic() const { return traits_.help_topic; }
+  virtual std::int32_t HelpTopic() const;
 
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;

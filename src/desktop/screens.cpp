@@ -1,6 +1,7 @@
 #include "desktop/screens.h"
 
 #include <QEventLoop>
+#include <QWindow>
 #include <algorithm>
 #include <array>
 
@@ -9,6 +10,7 @@
 #include "desktop/frm_bankroll.h"
 #include "desktop/frm_bet_results.h"
 #include "desktop/frm_bet_trends.h"
+#include "desktop/frm_configure.h"
 #include "desktop/frm_dice_roll_files.h"
 #include "desktop/frm_flags.h"
 #include "desktop/frm_games.h"
@@ -18,6 +20,7 @@
 #include "desktop/frm_ryon.h"
 #include "desktop/frm_stack_values.h"
 #include "desktop/frm_summary.h"
+#include "desktop/help_window.h"
 
 namespace feltmaster {
 
@@ -39,6 +42,7 @@ constexpr ScreenKind Kind(WindowCommand command, bool modal = false) {
 // In the order in which they are reopened. A screen is a class over ScreenWindow with its
 // ScreenTraits as kTraits.
 constexpr auto kKinds = std::to_array<ScreenKind>({
+    Kind<ConfigureScreen>(WindowCommand::kConfigure, true),
     Kind<AutoBetScreen>(WindowCommand::kAutoBet, true),
     Kind<RyonScreen>(WindowCommand::kRollYourOwn),
     Kind<SummaryScreen>(WindowCommand::kSummary),
@@ -47,6 +51,7 @@ constexpr auto kKinds = std::to_array<ScreenKind>({
     Kind<RollFrequenciesScreen>(WindowCommand::kRollFreqs),
     Kind<BetResultsScreen>(WindowCommand::kBetResults),
     Kind<BetTrendsScreen>(WindowCommand::kBetTrends),
+    Kind<HelpWindow>(WindowCommand::kHelpContents),
     Kind<StackValuesScreen>(WindowCommand::kChipStacks),
     Kind<FlagsScreen>(WindowCommand::kFlags),
     Kind<AutoPlayScreen>(WindowCommand::kAutoPlay),
@@ -64,6 +69,12 @@ const ScreenKind* KindOf(WindowCommand command) {
 
 }  // namespace
 
+std::vector<WindowCommand> Screens::All() {
+  std::vector<WindowCommand> all;
+  for (const ScreenKind& kind : kKinds) all.push_back(kind.command);
+  return all;
+}
+
 Screens::~Screens() {
   for (auto& [command, window] : open_) delete window;
 }
@@ -76,23 +87,34 @@ ScreenWindow* Screens::Find(WindowCommand which) const {
 }
 
 void Screens::Open(WindowCommand which) {
-  if (ScreenWindow* open = Find(which)) {
-    open->ShowInPlace();
-    return;
-  }
+  ScreenWindow* window = Find(which);
   const ScreenKind* kind = KindOf(which);
   if (kind == nullptr) return;
-  ScreenWindow* window = kind->make(*this);
-  open_[which] = window;
-  if (!kind->modal) {
+  const bool is_new = window == nullptr;
+  if (is_new) {
+    window = kind->make(*this);
+    open_[which] = window;
+  }
+  if (modal_ && modal_ != window) BelongTo(*window, *modal_);
+  if (!kind->modal || !is_new) {
     window->ShowInPlace();
     return;
   }
+  modal_ = window;
   window->setWindowModality(Qt::ApplicationModal);
   QEventLoop until_closed;
   QObject::connect(window, &QObject::destroyed, &until_closed, &QEventLoop::quit);
   window->ShowInPlace();
   until_closed.exec();
+  for (auto& [command, other] : open_) {
+    if (other) BelongTo(*other, *table_);
+  }
+}
+
+void Screens::BelongTo(ScreenWindow& window, QWidget& owner) {
+  window.winId();  // makes the native window
+  owner.winId();
+  window.windowHandle()->setTransientParent(owner.window()->windowHandle());
 }
 
 void Screens::Close(WindowCommand which) {

@@ -2,6 +2,8 @@
 
 #include <QPointer>
 #include <map>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "desktop/screen_window.h"
@@ -16,8 +18,9 @@ class UserSettings;
 class Screens {
  public:
   // The table's window is the parent of all; both must outlive this.
-  Screens(Game& game, QWidget* table, UserSettings& settings)
-      : game_(game), table_(table), settings_(settings) {}
+  // The guide lies in that folder.
+  Screens(Game& game, QWidget* table, UserSettings& settings, std::string guide_folder)
+      : game_(game), table_(table), settings_(settings), guide_folder_(std::move(guide_folder)) {}
   ~Screens();
   Screens(const Screens&) = delete;
   Screens& operator=(const Screens&) = delete;
@@ -25,6 +28,10 @@ class Screens {
   Game& TheGame() const { return game_; }
   QWidget* Table() const { return table_; }
   UserSettings& Settings() const { return settings_; }
+  const std::string& GuideFolder() const { return guide_folder_; }
+
+  // All that there are, in their order.
+  static std::vector<WindowCommand> All();
 
   // Brings up a screen, or to the front if it is open. A modal one has closed when this returns.
   void Open(WindowCommand which);
@@ -43,10 +50,15 @@ class Screens {
   bool Closing() const { return closing_; }
 
  private:
+  // While a modal screen is up, those that it opens belong to it; otherwise it would block them.
+  void BelongTo(ScreenWindow& window, QWidget& owner);
+
   Game& game_;
   QWidget* table_;
   UserSettings& settings_;
+  std::string guide_folder_;
   std::map<WindowCommand, QPointer<ScreenWindow>> open_;
+  QPointer<ScreenWindow> modal_;  // the modal one that is up
   bool closing_ = false;
 };
 

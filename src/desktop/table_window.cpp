@@ -11,8 +11,8 @@
 #include <QUrl>
 #include <utility>
 
-#include "autobet/message.h"
 #include "automation/table_guards.h"
+#include "desktop/about_dialog.h"
 #include "desktop/desktop_surface.h"
 #include "desktop/qt_text.h"
 #include "files/file_commands.h"
@@ -36,7 +36,10 @@ QString DroppedGame(const QMimeData& data) {
 }  // namespace
 
 TableWindow::TableWindow(Game& game, DesktopSurface& surface)
-    : game_(game), surface_(surface), canvas_(game, this), screens_(game, this, surface.Settings()) {
+    : game_(game),
+      surface_(surface),
+      canvas_(game, this),
+      screens_(game, this, surface.Settings(), surface.GuideFolder()) {
   setObjectName(QStringLiteral("frmTable"));
   setCentralWidget(&canvas_);
   setAcceptDrops(true);
@@ -140,17 +143,18 @@ void TableWindow::OpenWindow(WindowCommand which) {
         screens_.Close(which);
       }
       break;
+    case WindowCommand::kHelpContents:
+      surface_.OpenHelp(0);
+      break;
+    case WindowCommand::kHelpSearch:
+      surface_.SearchHelp();
+      break;
     case WindowCommand::kAbout:
-      ShowAbout();
+      ShowAbout(this, game_, surface_.Settings());
       break;
     default:
       screens_.Open(which);
   }
-}
-
-void TableWindow::ShowAbout() {
-  Tell(game_, "About Feltmaster",
-       "Feltmaster\n\nA crapless craps table\nand a laboratory for betting strategies.");
 }
 
 void TableWindow::OpenGameFile(const QString& path) {

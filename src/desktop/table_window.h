@@ -42,7 +42,6 @@ class TableWindow : public QMainWindow {
   void ShowChecks();
   void KeepPlace();
   void OpenWindow(WindowCommand which);
-  void ShowAbout();
   // Does it now, or when the chain of rolls or the script has ended, which the player is asked to
   // agree to.
   void AtRest(std::function<void()> work);

@@ -20,6 +20,9 @@ class UserSettings {
   // Of the program's own sounds, 0 to 100.
   int Volume() const { return volume_; }
   void SetVolume(int volume);
+  // Whether the start tells what the program is.
+  bool Greets() const { return greets_; }
+  void SetGreets(bool greets);
 
  private:
   void Keep(const char* name, int value);
@@ -27,6 +30,7 @@ class UserSettings {
   std::unique_ptr<QSettings> file_;
   bool unlimited_ = false;
   int volume_ = 80;
+  bool greets_ = true;
 };
 
 }  // namespace feltmaster

@@ -323,7 +323,7 @@ void DrawDice(Game& game) {
     return;
   }
   const Selection& selection = kSelections[Selected(game)];
-  const bool odd = RollCounts(game, 0) % 2 != 0;
+  const bool odd = RollsMade(game) % 2 != 0;
   const Base base = odd ? selection.odd_roll : selection.even_roll;
   if (game.UseSkewedProbability) {
     MapSkewedDraw(game, DrawPart(game, base));

@@ -36,7 +36,7 @@ inline MoneyAmount VigStanding(const Game& game, int bet) {
 }
 // Whether the rules charge the vig of this bet up front; false for bets without vig.
 inline bool ChargesVigUpFront(const Game& game, int bet) {
-  return (IsLay(bet) && game.LayVigAllBets) || (IsBuy(bet) && game.BuyVigAllBets);
+  return HasVig(bet) && (IsLay(bet) ? game.LayVigAllBets : game.BuyVigAllBets);
 }
 
 inline bool Notifies(const Game& game, std::int32_t notice) {

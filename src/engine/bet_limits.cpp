@@ -21,20 +21,24 @@ MoneyAmount FloorToBettingUnit(const Game& game, MoneyAmount amount) {
   return FloorToUnit(amount, BettingUnit(game));
 }
 
-// The limits of the placard in whole betting units.
-const PlacardLimits& PlacardInUnits(Game& game) {
+[[gnu::noinline]] void WorkOutPlacard(Game& game, MoneyAmount unit) {
   PlacardLimits& limits = game.Placard;
-  const MoneyAmount unit = BettingUnit(game);
-  if (limits.unit == unit && limits.min_placard == game.MinPlacardBet &&
-      limits.max_placard == game.MaxPlacardBet && unit.Raw() != 0) [[likely]] {
-    return limits;
-  }
   limits.minimum = FloorToUnit(game.MinPlacardBet, unit);
   if (limits.minimum < game.MinPlacardBet) limits.minimum += unit;
   limits.maximum = FloorToUnit(game.MaxPlacardBet, unit);
   limits.unit = unit;
   limits.min_placard = game.MinPlacardBet;
   limits.max_placard = game.MaxPlacardBet;
+}
+
+// The limits of the placard in whole betting units.
+const PlacardLimits& PlacardInUnits(Game& game) {
+  const PlacardLimits& limits = game.Placard;
+  const MoneyAmount unit = BettingUnit(game);
+  const bool known = limits.unit == unit && limits.min_placard == game.MinPlacardBet &&
+                     limits.max_placard == game.MaxPlacardBet && unit.Raw() != 0;
+  if (!known) [[unlikely]]
+    WorkOutPlacard(game, unit);
   return limits;
 }
 
@@ -65,7 +69,6 @@ MoneyAmount MaxByPayoff(const Game& game, std::int64_t parts, const PayRow& row)
   return Ratio(game.MaxPlacardBet.Times(3 * parts), row.PayDenominator, row.PayNumerator);
 }
 
-// Of a bet that the placard does not limit by itself.
 MoneyAmount MaxPropBet(const Game& game, int bet) {
   switch (bet) {
     case kCAndE:
@@ -276,18 +279,14 @@ MoneyAmount ChosenChange(std::int32_t bias, MoneyAmount amount, MoneyAmount chan
 
 enum class Rounding { kAsSet, kAlwaysMinor };
 
-// False when the limits leave no room for a correction by colour.
-bool TryAdjust(Game& game, int bet, BetNotes& notes, Rounding rounding) {
+// Brings a bet that does not pay off in betting units to a multiple of its proper unit. False when
+// the limits leave no room for a correction by colour.
+[[gnu::noinline]] bool CorrectChange(Game& game, int bet, BetNotes& notes, Rounding rounding,
+                                     MoneyAmount proper, MoneyAmount denominator) {
   const MoneyAmount amount = game.BetAmount[bet];
   const MoneyAmount change = game.BetChange;
-  const MoneyAmount denominator = PayingRow(game, bet).PayDenominator;
-  if (bet == kField && denominator.Raw() == 0) return true;  // a Field that decides nothing
   MoneyAmount& up = game.OddsChangeUp;
   MoneyAmount& down = game.OddsChangeDown;
-  up = down = change;
-  MoneyAmount proper = BettingUnit(game);
-  if (!ToProperUnit(proper, denominator)) notes.Add(BetNotes::kNoProperOdds);
-  if (IsMultipleOf(amount + change, proper)) return true;
   const bool by_color = rounding == Rounding::kAsSet &&
                         game.AutoAdjustBetAmounts == kColorCorrection &&
                         !(IsOdds(bet) && amount + change == game.MaxBetHere);
@@ -333,20 +332,33 @@ bool TryAdjust(Game& game, int bet, BetNotes& notes, Rounding rounding) {
   return true;
 }
 
+// False when another kind of rounding has to be tried.
+bool TryAdjust(Game& game, int bet, BetNotes& notes, Rounding rounding) {
+  const MoneyAmount denominator = PayingRow(game, bet).PayDenominator;
+  if (bet == kField && denominator.Raw() == 0) return true;  // a Field that decides nothing
+  game.OddsChangeUp = game.OddsChangeDown = game.BetChange;
+  MoneyAmount proper = BettingUnit(game);
+  if (!ToProperUnit(proper, denominator)) notes.Add(BetNotes::kNoProperOdds);
+  if (IsMultipleOf(game.BetAmount[bet] + game.BetChange, proper)) return true;
+  return CorrectChange(game, bet, notes, rounding, proper, denominator);
+}
+
 void SetMinimum(Game& game, int bet, const PlacardLimits& placard) {
   game.MinBetHere = bet >= kHard4 ? placard.unit : placard.minimum;
 }
 
+// Of the bets that the placard does not limit by itself: odds, and from the hard ways on.
+[[gnu::noinline]] MoneyAmount OwnMaximum(Game& game, int bet) {
+  if (bet >= kHard4) return FloorToBettingUnit(game, MaxPropBet(game, bet));
+  const PayRow& row = RowOf(game, bet);
+  ComputeMaxOdds(game, bet, bet == kPassOdds ? kPassLine : bet - kComeOdds + kComePoint,
+                 row.PayNumerator, row.PayDenominator);
+  return game.MaxBetHere;
+}
+
 void SetMaximum(Game& game, int bet, const PlacardLimits& placard) {
   MoneyAmount most = placard.maximum;
-  if (bet >= kHard4) {
-    most = std::min(most, FloorToBettingUnit(game, MaxPropBet(game, bet)));
-  } else if (IsOdds(bet)) {
-    const PayRow& row = RowOf(game, bet);
-    ComputeMaxOdds(game, bet, bet == kPassOdds ? kPassLine : bet - kComeOdds + kComePoint,
-                   row.PayNumerator, row.PayDenominator);
-    most = std::min(most, game.MaxBetHere);
-  }
+  if (bet >= kHard4 || IsOdds(bet)) most = std::min(most, OwnMaximum(game, bet));
   // No rule makes a bet negative, whatever a game file sets.
   game.MaxBetHere = std::max(most, MoneyAmount());
 }

@@ -79,9 +79,8 @@ Payoff PlainPayoff(const HouseRules& rules, Judgement roll, int bet, int mode, M
 }
 
 bool ChargesVig(const HouseRules& rules, int bet, MoneyAmount result) {
-  const bool won = result.Raw() > 0;
-  return (IsLay(bet) && (won || rules.LayVigAllBets)) ||
-         (IsBuy(bet) && (won || rules.BuyVigAllBets));
+  if (!HasVig(bet)) return false;
+  return result.Raw() > 0 || (IsLay(bet) ? rules.LayVigAllBets : rules.BuyVigAllBets);
 }
 
 // amount + sign * a * b / c with one rounding.

@@ -20,6 +20,8 @@ namespace {
 
 // The largest amount of a Chip-Stack either way: below 10^14.
 constexpr MoneyAmount kStackLimit = MoneyAmount::FromRaw(999'999'999'999'999'999);
+// No limit of the table reaches as far as this, and sums with it stay within range.
+constexpr MoneyAmount kMostAskedFor = kStackLimit.Times(2);
 // Bets on numbers have room for a stack alone, not for chips put down beside each other.
 constexpr int kLastOnNumbers = kBuy + kSlotCount - 1;
 constexpr MoneyAmount kMostOdds = MoneyAmount::FromWhole(9'999'999);
@@ -106,7 +108,7 @@ std::string RefusalText(const Game& game, int bet, Refusal refusal) {
   return {};
 }
 
-Outcome Refuse(Game& game, int bet, Refusal refusal) {
+[[gnu::noinline]] Outcome Refuse(Game& game, int bet, Refusal refusal) {
   game.BetChange = MoneyAmount();
   if (Notifies(game, kNoticeActions)) {
     Tell(game, TitleOfBet(game, bet), RefusalText(game, bet, refusal), kButtonOk | kHideActions);
@@ -172,7 +174,7 @@ std::string ShortBankrollText(const Game& game, int bet, const BetNotes& notes) 
 }
 
 // Brings BetChange within the bankroll. True when the player was told of it.
-bool FitToBankroll(Game& game, int bet, const BetNotes& limits, BetNotes& notes) {
+[[gnu::noinline]] bool FitToBankroll(Game& game, int bet, const BetNotes& limits, BetNotes& notes) {
   const MoneyAmount affordable = AffordableChange(game, bet);
   if (affordable == game.BetChange) return false;
   game.BetChange = affordable;
@@ -193,7 +195,7 @@ bool FitToBankroll(Game& game, int bet, const BetNotes& limits, BetNotes& notes)
   return told;
 }
 
-bool TellNotes(Game& game, int slot, const BetNotes& notes) {
+[[gnu::noinline]] bool TellNotes(Game& game, int slot, const BetNotes& notes) {
   if (notes.Empty() || !Notifies(game, kNoticeLimits)) return false;
   const bool granted = game.BetChange.Raw() != 0;
   std::string text = notes.Text();
@@ -229,7 +231,7 @@ std::string VigText(bool up_front, MoneyAmount old_vig, MoneyAmount new_vig) {
 // True when the player was told of a vig.
 bool ApplyChange(Game& game, int bet) {
   const MoneyAmount amount = game.BetAmount[bet] + game.BetChange;
-  const bool has_vig = IsLay(bet) || IsBuy(bet);
+  const bool has_vig = HasVig(bet);
   const MoneyAmount new_vig = has_vig ? VigOf(game, bet, amount) : MoneyAmount();
   const bool up_front = ChargesVigUpFront(game, bet);
   MoneyAmount total = game.TotalOnTable + game.BetChange;
@@ -251,7 +253,7 @@ bool ApplyChange(Game& game, int bet) {
   return true;
 }
 
-Outcome StackChips(Game& game, int stack) {
+[[gnu::noinline]] Outcome StackChips(Game& game, int stack) {
   const MoneyAmount held = game.BetAmount[stack];
   const MoneyAmount wanted = held + game.BetChange;
   BetNotes notes;
@@ -272,9 +274,7 @@ Outcome StackChips(Game& game, int stack) {
 }
 
 Outcome ApplyRequest(Game& game, int bet) {
-  // No limit of the table reaches this far, and sums with it stay within range.
-  const MoneyAmount request =
-      std::clamp(game.BetRequest, -kStackLimit.Times(2), kStackLimit.Times(2));
+  const MoneyAmount request = std::clamp(game.BetRequest, -kMostAskedFor, kMostAskedFor);
   game.BetChange = request;
   game.MsgText.clear();
   if (IsStackSlot(bet)) return StackChips(game, bet);
@@ -323,7 +323,7 @@ Outcome ApplyRequest(Game& game, int bet) {
     if (adjusts) AutoAdjustBet(game, bet, notes);
     told = FitToBankroll(game, bet, limits, notes);
   }
-  told = TellNotes(game, bet, notes) || told;
+  if (!notes.Empty()) told = TellNotes(game, bet, notes) || told;
   game.MsgText.clear();
   told = ApplyChange(game, bet) || told;
   return told ? Outcome::kTold : Outcome::kQuiet;
@@ -349,20 +349,22 @@ bool IsOneChip(const Game& game, int slot) {
          game.DragAmount.Raw() == 0 && !game.KeyInBetAmounts && !game.AutoArrangeChips;
 }
 
+[[gnu::noinline]] void ShowPlaced(Game& game, int slot, std::optional<Pixel> pointer) {
+  if (game.BetChange.Raw() != 0 && !game.AutoBetRunning) {
+    PlayChosenClip(game, game.ChipSoundList, game.ChipSoundChoice, false);
+  }
+  if (game.DisplayBetAmounts) game.RefreshBetAmounts = true;
+  if (!pointer || !IsOneChip(game, slot)) {
+    RebuildChips(game, slot);
+  } else if (game.BetChange.Raw() > 0) {
+    AddChip(game, slot, *pointer);
+  }
+  if (IsStackSlot(slot)) game.surface->RefreshOpenScreens();
+}
+
 Outcome PlaceVisibly(Game& game, int slot, std::optional<Pixel> pointer = std::nullopt) {
   const Outcome outcome = ApplyRequest(game, slot);
-  if (!game.HyperDriveActive) {
-    if (game.BetChange.Raw() != 0 && !game.AutoBetRunning) {
-      PlayChosenClip(game, game.ChipSoundList, game.ChipSoundChoice, false);
-    }
-    if (game.DisplayBetAmounts) game.RefreshBetAmounts = true;
-    if (!pointer || !IsOneChip(game, slot)) {
-      RebuildChips(game, slot);
-    } else if (game.BetChange.Raw() > 0) {
-      AddChip(game, slot, *pointer);
-    }
-    if (IsStackSlot(slot)) game.surface->RefreshOpenScreens();
-  }
+  if (!game.HyperDriveActive) ShowPlaced(game, slot, pointer);
   if (game.BetChange.Raw() != 0) FollowWithOdds(game, slot);
   if (game.CallBetMode != 0) {
     game.CallBetMode = 0;

@@ -43,8 +43,8 @@ bool PastBankLimit(const Game& game) {
 
 // The copies of the table that conditions compare with and that bound the established bets.
 void BeginRoll(Game& game) {
-  if (const AmountSet changed = game.BetAmount.ChangedSinceStart(); !changed.Empty()) {
-    changed.ForEach([&](int slot) {
+  if (game.BetAmount.Touched()) {
+    game.BetAmount.ChangedSinceStart().ForEach([&](int slot) {
       const auto s = static_cast<std::size_t>(slot);
       game.BetAmountAtRollStart[s] = game.BetAmount[slot];
       if (slot >= kComePoint && slot <= kPassLine) game.EstablishedAmount[s] = game.BetAmount[slot];
@@ -64,9 +64,8 @@ void BeginRoll(Game& game) {
 }
 
 void CopyAmountsAtRollEnd(Game& game) {
-  const AmountSet& changed = game.BetAmount.ChangedSinceEnd();
-  if (changed.Empty()) return;
-  changed.ForEach([&](int slot) {
+  if (!game.BetAmount.Touched()) return;
+  game.BetAmount.ChangedSinceEnd().ForEach([&](int slot) {
     game.BetAmountAtRollEnd[static_cast<std::size_t>(slot)] = game.BetAmount[slot];
   });
   game.BetAmount.RollEnded();
@@ -176,7 +175,7 @@ bool TakeDice(Game& game) {
 }
 
 void PlayRoll(Game& game) {
-  if (RollCounts(game, 0) >= kRollLimit) {
+  if (RollsMade(game) >= kRollLimit) {
     RollLimitReached(game);
     return;
   }

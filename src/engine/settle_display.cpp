@@ -90,7 +90,7 @@ void FillWonDisplay(Game& game) {
   const int bet = game.CurrentBet;
   Open(game, game.PayoffNet.Raw() > 0 ? "* * * Winner * * *" : "Push", true);
   AddBetRow(game);
-  if (IsLay(bet) || IsBuy(bet)) {
+  if (HasVig(bet)) {
     AddVigRows(game, "Payoff at ", "Net payoff", StandingVig(game, bet));
   } else if (PartsOf(bet) > 1) {
     AddSplitRows(game, PartsOf(bet));

@@ -424,8 +424,9 @@ GameHeader HeaderOf(const GameRecords& records, int number) {
   header.title = record.Text(kAtTitle, kTitleWidth);
   header.left = record.Int32(kAtLeft);
   header.top = record.Int32(kAtTop);
-  header.path = record.Text(kAtPath, kPathWidth);
-  header.path.resize(std::min(header.path.find('\0'), header.path.size()));
+  // What a padding of zero bytes leaves behind a path is none of it, nor are blanks before it.
+  const std::string path = record.Text(kAtPath, kPathWidth);
+  header.path = TrimRight(std::string_view(path).substr(0, path.find('\0')));
   header.stamp = record.Text(kAtStamp, kStampWidth);
   return header;
 }

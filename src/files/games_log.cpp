@@ -129,7 +129,9 @@ std::optional<LogFault> GamesLogReader::Open(const std::string& path) {
   }
   if (std::optional<FileError> error = records_.Open(path)) return Fault(*error);
   Record header;
-  if (!records_.Read(header) || !IsLogHeader(header)) return kStrange;
+  const bool whole = records_.Read(header);
+  if (std::optional<FileError> error = records_.Fault()) return Fault(*error);
+  if (!whole || !IsLogHeader(header)) return kStrange;
   count_ = CompleteGames(header, SizeOf(path));
   return std::nullopt;
 }
@@ -165,8 +167,10 @@ std::optional<LogFault> GamesLogAppender::Open(const std::string& path) {
   if (std::optional<FileError> error = file_.Open(path)) return Fault(*error);
   if (file_.Size() == 0) {
     header_ = EmptyHeader();
-  } else if (!file_.ReadRecord(1, header_) || !IsLogHeader(header_)) {
-    return kStrange;
+  } else {
+    bool whole = false;
+    if (std::optional<FileError> error = file_.ReadRecord(1, header_, whole)) return Fault(*error);
+    if (!whole || !IsLogHeader(header_)) return kStrange;
   }
   old_count_ = count_ = CompleteGames(header_, file_.Size());
   open_ = true;
@@ -264,7 +268,9 @@ std::optional<LogFault> DeleteFromLog(const std::string& path, std::int32_t firs
   GamesLogReader log;
   if (std::optional<LogFault> fault = log.Open(path)) return fault;
   Record header;
-  if (first < 1 || first > last || last > log.Count() || !lock.ReadRecord(1, header)) {
+  bool whole = false;
+  if (std::optional<FileError> error = lock.ReadRecord(1, header, whole)) return Fault(*error);
+  if (first < 1 || first > last || last > log.Count() || !whole) {
     return Fault(SystemError(ERANGE));
   }
   DraftFile draft;

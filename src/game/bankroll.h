@@ -10,6 +10,8 @@ namespace feltmaster {
 
 inline constexpr int kGraphRolls = 525;    // width of the bankroll graph
 inline constexpr int kHistorySize = 1051;  // elements 0 to 1050
+// Behind them the page before those two, which averages not computed yet may reach back to.
+inline constexpr int kHistoryKept = kHistorySize + kGraphRolls;
 inline constexpr int kGraphHeight = 300;
 inline constexpr int kGraphsPerPage = 3;  // that a printed page has room for
 
@@ -23,13 +25,16 @@ struct BankrollState {
 
   // 1 to 525 the bankroll after each roll of this page, 526 to 1050 the page before; element 0
   // holds the number of the page's first roll.
-  std::array<MoneyAmount, kHistorySize> BankrollHistory{};
+  std::array<MoneyAmount, kHistoryKept> BankrollHistory{};
   std::int32_t BankrollHistoryCount = 0;
-  // The moving average at each position; read it through stats/bankroll.h, which computes the
-  // positions after AveragesSettled first.
+  // The moving average at each position; read it through stats/bankroll_history.h, which first
+  // computes the page before, if nobody has read it, and the positions after AveragesSettled.
   std::array<MoneyAmount, kGraphRolls + 1> BankrollAverages{};
   std::int32_t AveragesSettled = 0;
   std::int32_t HistoryRolls = 0;  // RollCounts(0) at the newest value of the history
+  bool PageBeforeUnsettled = false;
+  std::int32_t PageBeforeRolls = 0;  // HistoryRolls and BankrollSum at its end
+  MoneyAmount PageBeforeSum;
 
   MoneyAmount GraphHigh;
   MoneyAmount GraphLow;

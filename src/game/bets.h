@@ -96,6 +96,18 @@ constexpr bool IsPlace(int bet) {
 constexpr bool IsBuy(int bet) {
   return IsInFamily(bet, kBuy);
 }
+// Whether the house takes a vig of the bet: the two families of Lay and Buy. A look into a table,
+// as every decision and every request asks.
+inline constexpr std::array<bool, kAmountSlots> kHasVig = [] {
+  std::array<bool, kAmountSlots> has_vig{};
+  for (int bet = 0; bet < kAmountSlots; ++bet) {
+    has_vig[static_cast<std::size_t>(bet)] = IsLay(bet) || IsBuy(bet);
+  }
+  return has_vig;
+}();
+constexpr bool HasVig(int slot) {
+  return kHasVig[static_cast<std::size_t>(slot)];
+}
 constexpr bool IsLayoutBet(int bet) {
   return bet >= 1 && bet <= kBetCount;
 }

@@ -57,6 +57,7 @@ struct Preferences {
   bool ShowMiscData = false;
   std::int32_t AdvantageScroll = 1;
   std::int32_t PayoffsScroll = 1;
+  std::int32_t PayoffsCell = 0;  // where the editor of the payoffs stood; kept in no file
 
   // Words 1 to 3, a bit a bet: 1 to 31, 32 to 62, 63 to 88. All count but 13 to 18, 25 to 30, 44
   // and 47.

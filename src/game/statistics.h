@@ -44,7 +44,7 @@ inline constexpr int kGameCounters = 20;
 // value that a file may bring is kept exactly.
 struct RollEvent {
   std::uint32_t hit = 0;         // clock at the last hit
-  std::int32_t count = 0;        // RollCounts
+  std::int32_t count = 0;        // RollCounts less the rolls of its pairs of dice (PairRolls)
   std::uint32_t hit_before = 0;  // clock at the hit before the last
 };
 
@@ -67,7 +67,8 @@ struct RollStatistics {
   std::array<ScriptEvent, kRollCategories> ScriptEvents{};
   std::int32_t RollsSeenByScript = 0;  // RollsSinceLast(0)
   std::int32_t LastCountedRoll = -1;   // the dice of the last counted roll, 6 * (d1 - 1) + d2 - 1
-  BitSet<128> ScriptResets;            // events that a script has reset since the roll began
+  std::array<std::int32_t, 36> PairRolls{};  // rolls counted, by their dice
+  BitSet<128> ScriptResets;                  // events that a script has reset since the roll began
   std::array<std::array<std::int32_t, kGaps>, kFiledRows> RollGapTable{};
   std::array<std::int32_t, kGameCounters> GameCounters{};
 };
@@ -94,20 +95,22 @@ struct DecisionTally {
 };
 
 // The phantom one-dollar wagers that have not been written into the tables yet. While the payoffs
-// stand, what a roll does to a phantom bet depends only on the dice and on the set of working bets,
-// so it is enough to count rolls by those two. Come bets (which stand or not) and the Pass Line
-// (paid by its point) are tallied by themselves.
+// stand, what a roll does to a phantom bet depends only on the dice, the point and the set of
+// working bets, so it is enough to count rolls by those three. Come bets, which stand or not, are
+// tallied by themselves.
 struct PhantomLedger {
   static constexpr int kWorkingSets = 8;
   std::array<BetSet, kWorkingSets> working_sets{};
-  std::array<std::array<DecisionTally, 36>, kWorkingSets> rolls{};
+  // [working set][slot of the point, 10 on the come-out][pair of dice]
+  std::array<std::array<std::array<DecisionTally, 36>, kSlotCount + 1>, kWorkingSets> rolls{};
   std::int32_t set_count = 0;
-  std::int32_t current_set = -1;
-  // [bet - kComePoint][won]: Come bets on their numbers, then their odds.
-  std::array<std::array<DecisionTally, 2>, 2 * kSlotCount> come{};
-  // [slot of the point, 10 on the come-out][won]
-  std::array<std::array<DecisionTally, 2>, kSlotCount + 1> pass_line{};
-  std::array<std::array<DecisionTally, 2>, kSlotCount> pass_odds{};
+  // The set of the last roll on the come-out, and of the last one with a point; -1 for none.
+  std::array<std::int32_t, 2> last_set = {-1, -1};
+  // The rolls of each number that won the Come bet on it (1), its odds (2), both (3), or none.
+  std::array<std::array<DecisionTally, 4>, kSlotCount> come_won{};
+  // The sevens that took each of them, from kComePoint on: how many, and the serial of the last.
+  std::array<std::uint32_t, 2 * kSlotCount> come_lost{};
+  std::array<std::uint32_t, 2 * kSlotCount> come_lost_last{};
   std::uint32_t come_on = 0;  // PhantomComeOn, a bit a bet from kComePoint on
 };
 

@@ -24,6 +24,7 @@ class BetAmounts {
     const bool stands = amount.Raw() != 0;
     slot < kFirstStack ? standing_.Put(slot, stands) : stacked_.Put(slot - kFirstStack, stands);
     changed_since_end_.Add(slot);
+    touched_ = true;
   }
 
   // Slots below the Chip-Stacks that hold anything; mask with the bets asked for.
@@ -36,9 +37,17 @@ class BetAmounts {
   // The slots that may differ from the copy taken at its start: these, and those that the roll
   // itself has changed.
   AmountSet ChangedSinceStart() const { return changed_in_roll_ | changed_since_end_; }
-  void MarkForRollStart(int slot) { changed_in_roll_.Add(slot); }
+  void MarkForRollStart(int slot) {
+    changed_in_roll_.Add(slot);
+    touched_ = true;
+  }
+  // False when no slot can differ from either copy: most rolls of a player who waits.
+  bool Touched() const { return touched_; }
   // The copies have been taken.
-  void RollStarted() { changed_in_roll_.Clear(); }
+  void RollStarted() {
+    changed_in_roll_.Clear();
+    touched_ = !changed_since_end_.Empty();
+  }
   void RollEnded() {
     changed_in_roll_ = changed_in_roll_ | changed_since_end_;
     changed_since_end_.Clear();
@@ -50,6 +59,7 @@ class BetAmounts {
   StackSet stacked_;
   AmountSet changed_in_roll_;  // what a roll has changed, until the next one starts
   AmountSet changed_since_end_;
+  bool touched_ = false;  // some slot may be in one of the two sets
 };
 
 // The runs of wins (positive) and losses (negative) of each bet: now, and as they stood before the

@@ -4,6 +4,8 @@
 #include <array>
 #include <utility>
 
+#include "stats/roll_statistics.h"
+
 namespace feltmaster {
 namespace {
 
@@ -30,10 +32,6 @@ MoneyAmount HistoryCell(const Game& game, int position) {
   return game.BankrollHistory[static_cast<std::size_t>(position)];
 }
 
-std::int32_t RollsMade(const Game& game) {
-  return game.Events[0].count;
-}
-
 void Widen(MoneyAmount& high, MoneyAmount& low, MoneyAmount value) {
   high = std::max(high, value);
   low = std::min(low, value);
@@ -47,12 +45,15 @@ int PlaceBefore(int position, int rolls_before, bool page_before) {
   return page_before && place > -kGraphRolls ? kHistorySize - 1 + place : 0;
 }
 
+// A page of the history with the page before it behind, as BankrollHistory has them.
+using Pages = const MoneyAmount*;
+
 // The sum of up to `count` values from `start` down, and how many there were.
 struct WindowSum {
   MoneyAmount sum;
   int added = 0;
 };
-WindowSum SumDown(const Game& game, int start, int count, bool page_before) {
+WindowSum SumDown(Pages pages, int start, int count, bool page_before) {
   WindowSum window;
   if (start < 1) {
     if (!page_before) return window;
@@ -63,7 +64,7 @@ WindowSum SumDown(const Game& game, int start, int count, bool page_before) {
       if (!page_before) break;
       position = kHistorySize - 1;
     }
-    window.sum += HistoryCell(game, position);
+    window.sum += pages[position];
   }
   return window;
 }
@@ -74,6 +75,58 @@ bool HasPageBefore(std::int32_t rolls) {
 
 MoneyAmount AverageOf(MoneyAmount sum, std::int64_t rolls) {
   return rolls == 0 ? MoneyAmount() : sum.Shared(rolls);
+}
+
+// The averages at the positions of a page. `rolls` and `sum` are those of the game at the last of
+// them.
+void AverageOverPage(Game& game, Pages pages, int first, int last, std::int32_t rolls,
+                     MoneyAmount sum) {
+  const auto average = [&](int position) -> MoneyAmount& {
+    return game.BankrollAverages[static_cast<std::size_t>(position)];
+  };
+  if (game.GraphAverageRolls <= 0) {
+    for (int position = last; position >= first; --position) {
+      average(position) = AverageOf(sum, rolls - (last - position));
+      sum -= pages[position];
+    }
+    return;
+  }
+  const int count = std::min(game.GraphAverageRolls, kGraphRolls);
+  // The window slides: the newest value comes in, the one that falls out of it goes.
+  WindowSum window;
+  bool page_before = false;
+  for (int position = first; position <= last; ++position) {
+    const bool has_page = HasPageBefore(rolls - (last - position));
+    if (position == first || has_page != page_before) {
+      page_before = has_page;
+      window = SumDown(pages, position, count, page_before);
+    } else {
+      window.sum += pages[position];
+      const int leaving = PlaceBefore(position, count, page_before);
+      if (leaving == 0) {
+        ++window.added;
+      } else {
+        window.sum -= pages[leaving];
+      }
+    }
+    average(position) = AverageOf(window.sum, window.added);
+  }
+}
+
+// The page is full. Its averages wait until somebody reads them: most pages are never looked at,
+// and the next one writes over all of them.
+void TurnPage(Game& game) {
+  if (game.AveragesSettled == 0 && game.BankrollHistoryCount == kGraphRolls) {
+    game.PageBeforeUnsettled = game.GraphShowAverage;
+    game.PageBeforeRolls = game.HistoryRolls;
+    game.PageBeforeSum = game.BankrollSum;
+  } else {
+    SettleAverages(game);
+  }
+  game.BankrollHistoryCount = 0;
+  game.AveragesSettled = 0;
+  std::copy_backward(game.BankrollHistory.begin() + 1, game.BankrollHistory.begin() + kHistorySize,
+                     game.BankrollHistory.end());
 }
 
 // The line of the scale above a value, three lines up.
@@ -113,45 +166,21 @@ MoneyAmount MovingAverage(const Game& game, bool include_current, int position, 
   }
   const bool from_here = include_current && position != 0;
   const int start = std::clamp(from_here ? position : position - 1, -1, kHistorySize - 1);
-  const WindowSum window = SumDown(game, start, count, HasPageBefore(rolls));
+  const WindowSum window = SumDown(game.BankrollHistory.data(), start, count, HasPageBefore(rolls));
   return AverageOf(window.sum, window.added);
 }
 
 void SettleAverages(Game& game) {
-  const int last = std::clamp(game.BankrollHistoryCount, 0, kGraphRolls);
+  constexpr int kWholePage = kGraphRolls;
+  const Pages pages = game.BankrollHistory.data();
+  if (std::exchange(game.PageBeforeUnsettled, false)) {
+    AverageOverPage(game, pages + kGraphRolls, 1, kWholePage, game.PageBeforeRolls,
+                    game.PageBeforeSum);
+  }
+  const int last = std::clamp(game.BankrollHistoryCount, 0, kWholePage);
   const int first = std::exchange(game.AveragesSettled, last) + 1;
   if (!game.GraphShowAverage || first > last) return;
-  const std::int32_t rolls = game.HistoryRolls;
-  if (game.GraphAverageRolls > 0) {
-    const int count = std::min(game.GraphAverageRolls, kGraphRolls);
-    // The window slides: the newest value comes in, the one that falls out of it goes.
-    WindowSum window;
-    bool page_before = false;
-    for (int position = first; position <= last; ++position) {
-      const bool has_page = HasPageBefore(rolls - (last - position));
-      if (position == first || has_page != page_before) {
-        page_before = has_page;
-        window = SumDown(game, position, count, page_before);
-      } else {
-        window.sum += HistoryCell(game, position);
-        const int leaving = PlaceBefore(position, count, page_before);
-        if (leaving == 0) {
-          ++window.added;
-        } else {
-          window.sum -= HistoryCell(game, leaving);
-        }
-      }
-      game.BankrollAverages[static_cast<std::size_t>(position)] =
-          AverageOf(window.sum, window.added);
-    }
-    return;
-  }
-  MoneyAmount sum = game.BankrollSum;
-  for (int position = last; position >= first; --position) {
-    game.BankrollAverages[static_cast<std::size_t>(position)] =
-        AverageOf(sum, rolls - (last - position));
-    sum -= HistoryCell(game, position);
-  }
+  AverageOverPage(game, pages, first, last, game.HistoryRolls, game.BankrollSum);
 }
 
 MoneyAmount BankrollAverage(Game& game, int position) {
@@ -161,6 +190,7 @@ MoneyAmount BankrollAverage(Game& game, int position) {
 
 void RebuildAverages(Game& game) {
   const bool shown = std::exchange(game.GraphShowAverage, true);
+  game.PageBeforeUnsettled = false;
   game.AveragesSettled = 0;
   game.HistoryRolls = RollsMade(game);
   SettleAverages(game);
@@ -223,18 +253,14 @@ void TrackBankroll(Game& game) {
   const MoneyAmount bankroll = game.BetAmount[kBankroll];
   // Also true of a negative count, which no game makes but a file may hold.
   const bool page_full = static_cast<std::uint32_t>(game.BankrollHistoryCount) >= kGraphRolls;
-  if (page_full) SettleAverages(game);
+  if (page_full) TurnPage(game);
   game.BankrollSum += bankroll;
   game.HistoryRolls = RollsMade(game);
   Widen(game.BankrollHigh, game.BankrollLow, bankroll);
   Widen(game.GraphHigh, game.GraphLow, bankroll);
   if (page_full) {
-    game.BankrollHistoryCount = 0;
-    game.AveragesSettled = 0;
     HistoryCell(game, 0) = MoneyAmount::FromWhole(game.HistoryRolls);
     game.GraphHigh = game.GraphLow = bankroll;
-    std::copy_n(game.BankrollHistory.begin() + 1, kGraphRolls,
-                game.BankrollHistory.begin() + 1 + kGraphRolls);
     DrawGraph(game, true);
   }
   HistoryCell(game, ++game.BankrollHistoryCount) = bankroll;

@@ -47,6 +47,13 @@ constexpr std::uint32_t kAllComeBets = (1u << kComeBets) - 1u;
 constexpr std::uint32_t ComeBit(int bet) {
   return 1u << (bet - kComePoint);
 }
+constexpr std::array<std::uint32_t, kComeBets> kComeBits = [] {
+  std::array<std::uint32_t, kComeBets> bits{};
+  for (int bet = 0; bet < kComeBets; ++bet) {
+    bits[static_cast<std::size_t>(bet)] = ComeBit(kComePoint + bet);
+  }
+  return bits;
+}();
 bool HasComeFlag(int bet) {
   return bet >= kComePoint && bet < kComePoint + kComeBets;
 }
@@ -66,64 +73,54 @@ void Count(DecisionTally& tally, std::uint32_t serial) {
   tally.last = serial;
 }
 
-// The same without a branch, for what chance decides.
-void CountIf(bool falls, DecisionTally& tally, std::uint32_t serial) {
-  tally.count += falls ? 1 : 0;
-  tally.last = falls ? serial : tally.last;
-}
-
-// The working sets that the ledger knows; a set it has no room for settles what was counted.
-void SelectWorkingSet(Game& game) {
+// The set of bets that worked in this roll, by its number in the ledger. A set it has no room for
+// settles what was counted.
+std::int32_t WorkingSetOfRoll(Game& game) {
   PhantomLedger& ledger = game.Ledger;
   const BetSet& working = game.BetState.Working();
-  const auto is = [&](std::int32_t set) {
-    return ledger.working_sets[static_cast<std::size_t>(set)] == working;
+  std::int32_t& set = ledger.last_set[game.PrevPoint != 0];
+  const auto is = [&](std::int32_t number) {
+    return ledger.working_sets[static_cast<std::size_t>(number)] == working;
   };
-  if (ledger.current_set >= 0 && is(ledger.current_set)) [[likely]]
-    return;
-  for (std::int32_t set = 0; set < ledger.set_count; ++set) {
-    if (is(set)) {
-      ledger.current_set = set;
-      return;
-    }
+  if (set >= 0 && is(set)) [[likely]]
+    return set;
+  for (set = 0; set < ledger.set_count; ++set) {
+    if (is(set)) return set;
   }
-  if (ledger.set_count == PhantomLedger::kWorkingSets) SettlePhantoms(game);
-  ledger.current_set = ledger.set_count++;
-  ledger.working_sets[static_cast<std::size_t>(ledger.current_set)] = working;
+  if (set == PhantomLedger::kWorkingSets) SettlePhantoms(game);
+  set = ledger.set_count++;
+  ledger.working_sets[static_cast<std::size_t>(set)] = working;
+  return set;
 }
 
+// Without a branch on which of them stand, which nobody could guess.
 void CountComeBets(Game& game, int total) {
   PhantomLedger& ledger = game.Ledger;
+  const std::uint32_t serial = game.RollSerial;
   const std::uint32_t standing = game.AllowPutBets ? kAllComeBets : ledger.come_on;
-  std::uint32_t decided = standing & game.BetState.Working().Slice(kComePoint, kComeBets);
+  const std::uint32_t decided = standing & game.BetState.Working().Slice(kComePoint, kComeBets);
   if (total != 7) {
     const auto slot = static_cast<std::size_t>(SlotOfNumber(total));
-    CountIf((decided >> slot & 1) != 0, ledger.come[slot][1], game.RollSerial);
-    CountIf((decided >> (slot + kSlotCount) & 1) != 0, ledger.come[slot + kSlotCount][1],
-            game.RollSerial);
+    const std::uint32_t flat = decided >> slot & 1u;
+    const std::uint32_t odds = decided >> (slot + kSlotCount) & 1u;
+    Count(ledger.come_won[slot][flat + 2 * odds], serial);
     return;
   }
-  for (; decided != 0; decided &= decided - 1) {
-    Count(ledger.come[static_cast<std::size_t>(std::countr_zero(decided))][0], game.RollSerial);
+  for (std::size_t bet = 0; bet < kComeBets; ++bet) {
+    const std::uint32_t lost = (decided & kComeBits[bet]) != 0 ? ~0u : 0u;
+    ledger.come_lost[bet] -= lost;
+    ledger.come_lost_last[bet] = (ledger.come_lost_last[bet] & ~lost) | (serial & lost);
   }
 }
 
-void CountLine(Game& game, int total) {
-  PhantomLedger& ledger = game.Ledger;
-  const PointState state = PointStateOf(game.PrevPoint, total);
-  const bool won = total == 7 ? state == kComeOutRoll : state == kPointRolled;
-  if (!won && total != 7) return;
-  const int slot = state == kComeOutRoll ? kSlotCount : SlotOfNumber(game.PrevPoint);
-  if (game.BetState.Works(kPassLine)) {
-    Count(ledger.pass_line[static_cast<std::size_t>(slot)][won], game.RollSerial);
-  }
-  if (state != kComeOutRoll && game.BetState.Works(kPassOdds)) {
-    Count(ledger.pass_odds[static_cast<std::size_t>(slot)][won], game.RollSerial);
-  }
-}
-
-// The bets that the ledger counts by dice and working set: all but the Come bets and the line.
-constexpr BetSet kCountedByDice = [] {
+// The bets that rolls are counted for: the line, which depends on the point, and all others but the
+// Come bets on their numbers.
+constexpr BetSet kLineBets = [] {
+  BetSet bets;
+  bets.AddRange(kPassLine, kPassOdds);
+  return bets;
+}();
+constexpr BetSet kPointlessBets = [] {
   BetSet bets;
   bets.AddRange(kLay, kLay + kSlotCount - 1);
   bets.AddRange(kPlace, kBuy + kSlotCount - 1);
@@ -173,38 +170,52 @@ class Settlement {
   std::array<std::array<std::uint32_t, kBetCount + 1>, 3> latest_{};
 };
 
+// What rolls of one kind have done to those bets.
+void SettleRolls(Settlement& settlement, Judgement roll, const BetSet& bets,
+                 const DecisionTally& tally) {
+  const PointState state = PointStateOf(roll.prev_point, TotalOf(roll.pair));
+  const RollDecisionList& decisions = kRollTable[state][static_cast<std::size_t>(roll.pair)];
+  (decisions.bets & bets).ForEach([&](int bet) {
+    const int mode = decisions.ModeOf(bet);
+    if (mode != kTravels) settlement.Add(roll, bet, mode, tally);
+  });
+}
+
 void SettleByDice(Settlement& settlement, const PhantomLedger& ledger) {
-  for (std::int32_t set = 0; set < ledger.set_count; ++set) {
-    const auto& rolls = ledger.rolls[static_cast<std::size_t>(set)];
-    const BetSet bets = ledger.working_sets[static_cast<std::size_t>(set)] & kCountedByDice;
+  for (std::size_t set = 0; set < static_cast<std::size_t>(ledger.set_count); ++set) {
+    const BetSet& working = ledger.working_sets[set];
     for (int pair = 0; pair < kDicePairs; ++pair) {
-      const DecisionTally& tally = rolls[static_cast<std::size_t>(pair)];
-      if (tally.count == 0) continue;
-      // The state of the point decides the line alone, which is not counted here.
-      const RollDecisionList& decisions = kRollTable[kComeOutRoll][static_cast<std::size_t>(pair)];
-      (decisions.bets & bets).ForEach([&](int bet) {
-        const int mode = decisions.ModeOf(bet);
-        if (mode != kTravels) settlement.Add({pair, 0}, bet, mode, tally);
-      });
+      DecisionTally all;  // whatever the point was
+      for (int slot = 0; slot <= kSlotCount; ++slot) {
+        const DecisionTally& tally =
+            ledger.rolls[set][static_cast<std::size_t>(slot)][static_cast<std::size_t>(pair)];
+        if (tally.count == 0) continue;
+        const int point = slot == kSlotCount ? 0 : NumberOfSlot(slot);
+        SettleRolls(settlement, {pair, point}, working & kLineBets, tally);
+        all.count += tally.count;
+        all.last = std::max(all.last, tally.last);
+      }
+      if (all.count != 0) SettleRolls(settlement, {pair, 0}, working & kPointlessBets, all);
     }
   }
 }
 
-void SettleComeAndLine(Settlement& settlement, const PhantomLedger& ledger) {
-  constexpr int kSevenPair = PairOfDice(3, 4);
+constexpr int kSevenPair = PairOfDice(3, 4);  // the numbers themselves are not looked at
+
+void SettleComeBets(Settlement& settlement, const PhantomLedger& ledger) {
   for (int slot = 0; slot < kSlotCount; ++slot) {
-    const auto s = static_cast<std::size_t>(slot);
-    const Judgement judgement = {kSevenPair, NumberOfSlot(slot)};
-    const auto add = [&](const std::array<DecisionTally, 2>& tallies, int bet, int mode) {
-      settlement.Add(judgement, bet, -mode, tallies[0]);
-      settlement.Add(judgement, bet, mode, tallies[1]);
+    const auto& won = ledger.come_won[static_cast<std::size_t>(slot)];
+    const DecisionTally both = won[3];
+    const auto settle = [&](int bet, int mode, const DecisionTally& alone) {
+      const auto place = static_cast<std::size_t>(bet - kComePoint);
+      const Judgement roll = {kSevenPair, NumberOfSlot(slot)};
+      settlement.Add(roll, bet, -mode, {ledger.come_lost[place], ledger.come_lost_last[place]});
+      settlement.Add(roll, bet, mode, alone);
+      settlement.Add(roll, bet, mode, both);
     };
-    add(ledger.come[s], kComePoint + slot, kWins);
-    add(ledger.come[s + kSlotCount], kComeOdds + slot, kOddsWin);
-    add(ledger.pass_line[s], kPassLine, kWins);
-    add(ledger.pass_odds[s], kPassOdds, kOddsWin);
+    settle(kComePoint + slot, kWins, won[1]);
+    settle(kComeOdds + slot, kOddsWin, won[2]);
   }
-  settlement.Add({kSevenPair, 0}, kPassLine, kWins, ledger.pass_line[kSlotCount][1]);
 }
 
 ResultTable& TableOf(Game& game, ResultKind kind) {
@@ -238,19 +249,18 @@ void BeginRollResults(Game& game) {
 
   // The bets that the last roll decided are gone; with a point on, others have come to its number.
   const std::uint32_t decided = kComeBetsOfTotal[static_cast<std::size_t>(game.DiceTotal)];
-  const bool travelled = game.DiceTotal != 7 && game.PrevPoint > 0;
+  const auto travelled = static_cast<std::uint32_t>((game.DiceTotal != 7) & (game.PrevPoint > 0));
   std::uint32_t& come_on = game.Ledger.come_on;
-  come_on = travelled ? come_on | decided : come_on & ~decided;
+  come_on = (come_on & ~decided) | (decided * travelled);
 }
 
 void RecordPhantomDecisions(Game& game) {
-  SelectWorkingSet(game);
-  PhantomLedger& ledger = game.Ledger;
+  const auto set = static_cast<std::size_t>(WorkingSetOfRoll(game));
+  const auto slot =
+      static_cast<std::size_t>(game.PrevPoint == 0 ? kSlotCount : SlotOfNumber(game.PrevPoint));
   const auto pair = static_cast<std::size_t>(PairOfDice(game.Die1, game.Die2));
-  Count(ledger.rolls[static_cast<std::size_t>(ledger.current_set)][pair], game.RollSerial);
-  const int total = game.Die1 + game.Die2;
-  CountComeBets(game, total);
-  CountLine(game, total);
+  Count(game.Ledger.rolls[set][slot][pair], game.RollSerial);
+  CountComeBets(game, game.Die1 + game.Die2);
 }
 
 void SettlePhantoms(Game& game) {
@@ -258,7 +268,7 @@ void SettlePhantoms(Game& game) {
   if (ledger.set_count == 0) return;
   Settlement settlement(game);
   SettleByDice(settlement, ledger);
-  SettleComeAndLine(settlement, ledger);
+  SettleComeBets(settlement, ledger);
   const std::uint32_t come_on = ledger.come_on;
   ledger = PhantomLedger();
   ledger.come_on = come_on;

@@ -148,6 +148,7 @@ class Analyst {
     });
     a.range = a.high - a.low;
     if (a.included > 0) a.mean = PerGame(a.sum);
+    if (a.handle.Raw() != 0) a.advantage = Quotient(a.net, a.handle);
   }
 
   MoneyAmount PerGame(MoneyAmount sum) const {

@@ -44,7 +44,7 @@ struct GamesAnalysis {
   MoneyAmount sum, mean, median, high, low, range;
   MoneyAmount deviation, skew, kurtosis;  // of the whole population; kurtosis less 3
   double variance = 0;
-  MoneyAmount net, handle;
+  MoneyAmount net, handle, advantage;
   bool median_is_average = false;  // of the two values in the middle
   GamesBar mode;
   std::int32_t in_range = 0;  // games between the two values of the range, or outside them when

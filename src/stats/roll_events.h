@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstdint>
 
 #include "game/statistics.h"
@@ -118,11 +119,23 @@ inline constexpr std::array<PairEvents, kDicePairs> kPairEvents = [] {
   return table;
 }();
 
+// The pairs that make each event, a bit a pair; none for 0, 1 and 90, which are no events of dice.
+inline constexpr std::array<std::uint64_t, kFiledRows> kPairsOfEvent = [] {
+  std::array<std::uint64_t, kFiledRows> pairs{};
+  for (std::size_t pair = 0; pair < kDicePairs; ++pair) {
+    const PairEvents& events = kPairEvents[pair];
+    for (std::size_t i = 0; i < events.count; ++i) {
+      pairs[events.event[i]] |= std::uint64_t{1} << pair;
+    }
+  }
+  return pairs;
+}();
+
 // How many of the 36 pairs make an event; 0 for 0, 1 and 90.
-inline constexpr std::array<std::uint8_t, 91> kEventWays = [] {
-  std::array<std::uint8_t, 91> ways{};
-  for (const PairEvents& events : kPairEvents) {
-    for (std::size_t i = 0; i < events.count; ++i) ++ways[events.event[i]];
+inline constexpr std::array<std::uint8_t, kRollCategories> kEventWays = [] {
+  std::array<std::uint8_t, kRollCategories> ways{};
+  for (std::size_t event = 0; event < ways.size(); ++event) {
+    ways[event] = static_cast<std::uint8_t>(std::popcount(kPairsOfEvent[event]));
   }
   return ways;
 }();

@@ -1,6 +1,7 @@
 #include "stats/roll_statistics.h"
 
 #include <algorithm>
+#include <bit>
 #include <utility>
 
 #include "stats/roll_events.h"
@@ -26,7 +27,6 @@ void Grow(std::int32_t& counter, std::int32_t by = 1) {
 void HitRollCategory(Game& game, int category, std::uint32_t clock) {
   RollEvent& event = Event(game, category);
   const std::uint32_t gap = clock - event.hit;
-  Grow(event.count);
   event.hit_before = event.hit;
   event.hit = clock;
   auto& gaps = game.RollGapTable[static_cast<std::size_t>(category)];
@@ -101,7 +101,7 @@ std::int32_t Less(std::int32_t a, std::int32_t b) {
 }
 
 std::int32_t CountFollowed(const Game& game, int category) {
-  return category == 1 ? static_cast<std::int32_t>(game.RollClock) : Event(game, category).count;
+  return category == 1 ? static_cast<std::int32_t>(game.RollClock) : RollCounts(game, category);
 }
 
 bool HitByThisRoll(const Game& game, int category) {
@@ -149,11 +149,6 @@ ScriptEvent& HoldScriptCounters(Game& game, int category) {
 
 }  // namespace
 
-void BeginRollStatistics(Game& game) {
-  game.RollClockAtStart = game.RollClock;
-  game.ScriptResets.Clear();
-}
-
 void RecordRollStatistics(Game& game) {
   if (game.DiceTotal != 7 && game.Point == 0) {
     game.Point = game.DiceTotal;
@@ -170,11 +165,8 @@ void RecordRollStatistics(Game& game) {
   const PairEvents& events = kPairEvents[static_cast<std::size_t>(pair)];
 #pragma GCC unroll 11
   for (const std::uint8_t category : events.event) HitRollCategory(game, category, clock);
+  Grow(game.PairRolls[static_cast<std::size_t>(pair)]);
   game.LastCountedRoll = pair;
-}
-
-void FinishRollStatistics(Game& game) {
-  game.RollsSeenByScript = Event(game, 0).count;
 }
 
 void ResetRollStatistics(Game& game) {
@@ -209,6 +201,15 @@ void ResetScriptCounters(Game& game, int category) {
   SetScriptRollsSinceSeen(game, category, 0);
 }
 
+std::int32_t RollCounts(const Game& game, int category) {
+  std::int32_t count = Event(game, category).count;
+  std::uint64_t pairs = kPairsOfEvent[static_cast<std::size_t>(category)];
+  for (; pairs != 0; pairs &= pairs - 1) {
+    Grow(count, game.PairRolls[static_cast<std::size_t>(std::countr_zero(pairs))]);
+  }
+  return count;
+}
+
 std::int32_t RollsSinceLast(const Game& game, int category) {
   if (category == 0) return game.RollsSeenByScript;
   return static_cast<std::int32_t>(game.RollClock - Event(game, category).hit);
@@ -234,7 +235,7 @@ std::int32_t ScriptRollsSinceSeen(const Game& game, int category) {
 void SetRollCounts(Game& game, int category, std::int32_t value) {
   ScriptEvent& script = HoldScriptCounters(game, category);
   const std::int32_t before = CountFollowed(game, category);
-  Event(game, category).count = value;
+  Grow(Event(game, category).count, Less(value, RollCounts(game, category)));
   const std::int32_t rise = Less(CountFollowed(game, category), before);
   Grow(script.count_base, rise);
   Grow(script.mark_count, rise);

@@ -9,8 +9,14 @@ namespace feltmaster {
 // Counts the roll on the table: the point's own counter, the events of the dice, the gaps.
 void RecordRollStatistics(Game& game);
 // At the start of a roll: the script's counters are seen as they stand.
-void BeginRollStatistics(Game& game);
-void FinishRollStatistics(Game& game);
+inline void BeginRollStatistics(Game& game) {
+  game.RollClockAtStart = game.RollClock;
+  game.ScriptResets.Clear();
+}
+// At its end.
+inline void FinishRollStatistics(Game& game) {
+  game.RollsSeenByScript = game.Events[0].count;
+}
 void ResetRollStatistics(Game& game);
 
 void HandPassed(Game& game);
@@ -20,8 +26,9 @@ void HandMissed(Game& game);
 void ResetScriptCounters(Game& game, int category);
 
 // The counters by their names. category is 0 to 90. The setters write one cell as it is.
-inline std::int32_t RollCounts(const Game& game, int category) {
-  return game.Events[static_cast<std::size_t>(category)].count;
+std::int32_t RollCounts(const Game& game, int category);
+inline std::int32_t RollsMade(const Game& game) {  // RollCounts(0)
+  return game.Events[0].count;
 }
 std::int32_t RollsSinceLast(const Game& game, int category);
 std::int32_t ScriptRollCounts(const Game& game, int category);

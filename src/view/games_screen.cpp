@@ -103,7 +103,6 @@ Figures GamesFigures(const GamesAnalysis& a) {
   const __int128 ends = static_cast<__int128>(a.low.Raw()) + a.high.Raw();
   const auto below = static_cast<std::int64_t>(ends >> 1);
   const auto mid = MoneyAmount::FromRaw(below + (ends % 2 != 0 && below % 2 != 0 ? 1 : 0));
-  const MoneyAmount advantage = a.handle.Raw() == 0 ? MoneyAmount() : Quotient(a.net, a.handle);
   return {
       amount("Sum", a.sum, kFourPlaces),
       amount("Mean", a.mean, kTwoPlaces),
@@ -120,7 +119,7 @@ Figures GamesFigures(const GamesAnalysis& a) {
       amount("Kurtosis", a.kurtosis, kTwoPlaces),
       amount("Net $", a.net, kTwoPlaces),
       amount("Handle $", a.handle, kTwoPlaces),
-      amount("Advantage", advantage, "#,##0.0# %;-#,##0.0# %;0 %"),
+      amount("Advantage", a.advantage, "#,##0.0# %;-#,##0.0# %;0 %"),
   };
 }
 

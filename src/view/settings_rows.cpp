@@ -13,6 +13,7 @@
 #include "config/configure.h"
 #include "config/payoffs.h"
 #include "view/figure.h"
+#include "view/probability_grid.h"
 #include "view/rules_rows.h"
 #include "view/state_record.h"
 
@@ -48,9 +49,6 @@ constexpr auto kLayVigChoices =
     std::to_array<std::string_view>({" Charge winning Lay bets only", " Charge all Lay bets"});
 constexpr auto kRoundingChoices =
     std::to_array<std::string_view>({"Rounded normally", "Rounded down", "Rounded up"});
-constexpr auto kProbabilityChoices = std::to_array<std::string_view>(
-    {" Show as percentage", " Show as +/- from true %",
-     " Show as # rolls out of:", " Show as +/- from true rolls out of:"});
 constexpr auto kWinChoices = std::to_array<std::string_view>(
     {" Manual", " Take Bet and Winnings", " Same Bet - Take Winnings", " Press 1 Unit",
      " Press Double", " Parlay", " Same Bet:", " Bet:"});
@@ -81,27 +79,12 @@ std::string Percent(MoneyAmount fraction) {
   return PlainNumber(fraction.Times(100)) + " %";
 }
 
-template <std::int32_t kBit>
-std::string NoticeBox(Game& game) {
-  return Box((game.NotifyFlags & kBit) != 0);
-}
-
 template <int kColor>
 std::string ColorText(Game& game) {
   char text[16];
   const auto color = static_cast<unsigned>(game.TableColors[kColor]) & 0xFFFFFF;
   std::snprintf(text, sizeof text, "%06X", color);
   return text;
-}
-
-// A sound list begins with "none".
-template <auto kChoice, auto kList>
-std::string SoundText(Game& game) {
-  const std::vector<std::string>& list = game.*kList;
-  const std::int32_t choice = game.*kChoice;
-  if (choice < 1 || choice > static_cast<std::int32_t>(list.size())) return "none";
-  const std::string& file = list[static_cast<std::size_t>(choice - 1)];
-  return file.substr(file.rfind('/') + 1);
 }
 
 std::string Joined(const std::vector<std::string>& names) {
@@ -157,154 +140,173 @@ std::string NetText(Game& game) {
   return FormatMoney(game.BetAmount[kBankroll] - game.AmountInvested);
 }
 std::string ProbabilityNameText(Game& game) {
-  return game.ProbabilityFileName.empty() ? "untitled" : game.ProbabilityFileName;
+  return std::string(ProbabilityFileLabel(game));
 }
-std::string DiceKindText(Game& game) {
-  return game.DiceProbability[0][0][0] == 0 ? "Percentage Dice" : "Free Form Dice";
+std::string KindOfDiceText(Game& game) {
+  return std::string(DiceKindText(game));
 }
 
 // ---- The screens --------------------------------------------------------------------------------
 
+using SoundList = std::vector<std::string> Preferences::*;
+constexpr SettingControl Sound(std::string_view caption, std::string_view control,
+                               std::string_view name, SoundList sounds) {
+  SettingControl made{caption, control, name};
+  made.sounds = sounds;
+  return made;
+}
+constexpr SettingControl Notice(std::string_view caption, std::string_view control,
+                                std::int32_t bit) {
+  SettingControl made{caption, control, "NotifyFlags"};
+  made.bit = bit;
+  return made;
+}
+
 constexpr SettingControl kChecksTab[] = {
-    {"Check Denominations", "BetAmount", 95},
-    {"Check Denominations", "BetAmount", 96},
-    {"Check Denominations", "BetAmount", 97},
-    {"Check Denominations", "BetAmount", 98},
-    {"Check Denominations", "BetAmount", 99},
-    {" Use \u00A2 symbol for checks < 1", "UseCentsSymbol"},
-    {" Dice Action: ", "DiceAction", -1, kDiceActionChoices},
-    {" Sim roll rate: ", "RollsPerHour", -1, {}, RollRateText},
-    {"Check design", "ChipPicture"},
-    {"Dice design", "DicePicture"},
+    {"Check Denominations", "txtDenomination0", "BetAmount", 95},
+    {"Check Denominations", "txtDenomination1", "BetAmount", 96},
+    {"Check Denominations", "txtDenomination2", "BetAmount", 97},
+    {"Check Denominations", "txtDenomination3", "BetAmount", 98},
+    {"Check Denominations", "txtDenomination4", "BetAmount", 99},
+    {" Use \u00A2 symbol for checks < 1", "chkUseCentsSymbol", "UseCentsSymbol"},
+    {" Dice Action: ", "optDiceAction", "DiceAction", -1, kDiceActionChoices},
+    {" Sim roll rate: ", "txtRollsPerHour", "RollsPerHour", -1, {}, RollRateText},
+    {"Rate shown as", "cmbRollsPerTime", "RollsPerTimeUnit", -1, kRateUnitTexts},
+    {"Check design", "picChipsSelected", "ChipPicture"},
+    {"Dice design", "picDiceSelected", "DicePicture"},
 };
 constexpr SettingControl kSoundTab[] = {
-    {" Disable all game sounds", "AllSoundOff"},
-    {" Disable Auto-Bet sounds", "AutoBetSoundOff"},
-    {"Stick person",
-     "StickPersonChoice",
-     -1,
-     {},
-     SoundText<&Game::StickPersonChoice, &Game::StickPersonList>},
-    {"Dice sound",
-     "DiceSoundChoice",
-     -1,
-     {},
-     SoundText<&Game::DiceSoundChoice, &Game::DiceSoundList>},
-    {"Chip sound",
-     "ChipSoundChoice",
-     -1,
-     {},
-     SoundText<&Game::ChipSoundChoice, &Game::ChipSoundList>},
-    {"Win sound", "WinSoundChoice", -1, {}, SoundText<&Game::WinSoundChoice, &Game::WinSoundList>},
+    {" Disable all game sounds", "chkDisableAllSound", "AllSoundOff"},
+    {" Disable Auto-Bet sounds", "chkAutoBetSounds", "AutoBetSoundOff"},
+    Sound("Stick person", "cmbStickPerson", "StickPersonChoice", &Preferences::StickPersonList),
+    Sound("Dice sound", "cmbDiceSound", "DiceSoundChoice", &Preferences::DiceSoundList),
+    Sound("Chip sound", "cmbChipSound", "ChipSoundChoice", &Preferences::ChipSoundList),
+    Sound("Win sound", "cmbWinSound", "WinSoundChoice", &Preferences::WinSoundList),
 };
 constexpr SettingControl kCompsTab[] = {
     {"Comp rate:",
+     "txtCompRate",
      "CompRate",
      -1,
      {},
      [](Game& game) { return PlainNumber(game.CompRate) + " %"; }},
-    {"Figure comps based on:", "BaseComps", -1, kCompChoices},
-    {" Always figure with the true dice probabilities", "CompsUseTrueProbs"},
-    {"Bets figured in comps", "CompBetMask", -1, {}, CompBetText},
+    {"Figure comps based on:", "optBaseComps", "BaseComps", -1, kCompChoices},
+    {" Always figure with the true dice probabilities", "chkCompsUseTrueProbs",
+     "CompsUseTrueProbs"},
+    {"Bets figured in comps", "lstCompBets", "CompBetMask", -1, {}, CompBetText},
 };
 constexpr SettingControl kColorsTab[] = {
-    {" Felt ", "TableColors", 0, {}, ColorText<0>},
-    {" Lines", "TableColors", 1, {}, ColorText<1>},
-    {" Text (Passline, Come, C)", "TableColors", 2, {}, ColorText<2>},
-    {" Text (Place)", "TableColors", 3, {}, ColorText<3>},
-    {" Text (Big 6/8, Props, E)", "TableColors", 4, {}, ColorText<4>},
-    {" Text (Field)", "TableColors", 5, {}, ColorText<5>},
-    {" Dice", "TableColors", 6, {}, ColorText<6>},
-    {" Dice pips", "TableColors", 7, {}, ColorText<7>},
-    {"Felt sample", "TextureRow"},
+    {" Felt ", "optTableColors0", "TableColors", 0, {}, ColorText<0>},
+    {" Lines", "optTableColors1", "TableColors", 1, {}, ColorText<1>},
+    {" Text (Passline, Come, C)", "optTableColors2", "TableColors", 2, {}, ColorText<2>},
+    {" Text (Place)", "optTableColors3", "TableColors", 3, {}, ColorText<3>},
+    {" Text (Big 6/8, Props, E)", "optTableColors4", "TableColors", 4, {}, ColorText<4>},
+    {" Text (Field)", "optTableColors5", "TableColors", 5, {}, ColorText<5>},
+    {" Dice", "optTableColors6", "TableColors", 6, {}, ColorText<6>},
+    {" Dice pips", "optTableColors7", "TableColors", 7, {}, ColorText<7>},
+    {"Felt sample", "picFelts", "TextureRow"},
 };
 constexpr SettingControl kMiscTab[] = {
-    {"Random number generator", "RngSelected", -1, kRngChoices},
-    {"Seeding", "UserSeedMode", -1, kSeedChoices},
-    {"Re-seed new games", "ReSeedNewGames"},
-    {" Actions not allowed", "NotifyFlags", -1, {}, NoticeBox<kNoticeActions>},
-    {" Betting limits reached", "NotifyFlags", -1, {}, NoticeBox<kNoticeLimits>},
-    {" Charges and/or change", "NotifyFlags", -1, {}, NoticeBox<kNoticeCharges>},
-    {" Auto-Bet messages normal play", "NotifyFlags", -1, {}, NoticeBox<kNoticeScript>},
-    {" Auto-Bet messages Hyper-Drive", "NotifyFlags", -1, {}, NoticeBox<kNoticeScriptHyper>},
-    {" Snap mouse-pointer", "SnapMouse"},
-    {" Color printer", "PrintColorWin", -1, {}, ColorPrinterText},
+    {"Random number generator", "cmbRNG", "RngSelected", -1, kRngChoices},
+    {"Seeding", "optSeedRNG", "UserSeedMode", -1, kSeedChoices},
+    {"Re-seed new games", "chkReSeed", "ReSeedNewGames"},
+    Notice(" Actions not allowed", "chkNotify0", kNoticeActions),
+    Notice(" Betting limits reached", "chkNotify1", kNoticeLimits),
+    Notice(" Charges and/or change", "chkNotify2", kNoticeCharges),
+    Notice(" Auto-Bet messages normal play", "chkNotify3", kNoticeScript),
+    Notice(" Auto-Bet messages Hyper-Drive", "chkNotify4", kNoticeScriptHyper),
+    {" Snap mouse-pointer", "chkSnapMouse", "SnapMouse"},
+    {" Color printer", "chkColorPrint", "PrintColorWin", -1, {}, ColorPrinterText},
 };
 constexpr SettingControl kBankrollTab[] = {
-    {"For every new game:", "BankrollInitType", -1, kBankrollChoices},
-    {" Start bankroll with:", "BankrollInitAmount"},
-    {" Allow negative bankroll amounts", "AllowNegBankroll"},
-    {"ATM amount", "ATMAmount"},
-    {"Current Bankroll:", "BetAmount", kBankroll},
-    {"Amount Invested:", "AmountInvested"},
-    {"Won/Lost:", "", -1, {}, NetText},
+    {"For every new game:", "optBankrollInitType", "BankrollInitType", -1, kBankrollChoices},
+    {" Start bankroll with:", "txtBankrollInitAmount", "BankrollInitAmount"},
+    {" Allow negative bankroll amounts", "chkAllowNegBankroll", "AllowNegBankroll"},
+    {"ATM amount", "txtAddSub", "ATMAmount"},
+    {"Current Bankroll:", "lblCurrentBankroll", "BetAmount", kBankroll},
+    {"Amount Invested:", "lblInvestedBankroll", "AmountInvested"},
+    {"Won/Lost:", "lblNet", "", -1, {}, NetText},
 };
 constexpr SettingControl kBetsTab[] = {
-    {"Minimum bet", "MinPlacardBet"},
-    {"Maximum bet", "MaxPlacardBet"},
-    {"Odds allowed: 2 and 12", "OddsAllowed", 0},
-    {"Odds allowed: 3 and 11", "OddsAllowed", 1},
-    {"Odds allowed: 4 and 10", "OddsAllowed", 2},
-    {"Odds allowed: 5 and 9", "OddsAllowed", 3},
-    {"Odds allowed: 6 and 8", "OddsAllowed", 4},
-    {"Max odds bet", "MaxOddsBet"},
-    {"Max prop bet payoff", "MaxPropBetPayoff"},
-    {"Odds calculation method:", "OddsCalcMethod", -1, kOddsChoices},
-    {" Allow \"Put\" bets", "AllowPutBets"},
-    {"Buy vig", "BuyVigPct", -1, {}, [](Game& game) { return Percent(game.BuyVigPct); }},
-    {"Buy vig", "BuyVigAllBets", -1, kBuyVigChoices},
-    {"Buy vig", "BuyVigRounding", -1, kRoundingChoices},
-    {"Lay vig", "LayVigPct", -1, {}, [](Game& game) { return Percent(game.LayVigPct); }},
-    {"Lay vig", "LayVigAllBets", -1, kLayVigChoices},
-    {"Lay vig", "LayVigRounding", -1, kRoundingChoices},
+    {"Minimum bet", "txtMinPlacardBet", "MinPlacardBet"},
+    {"Maximum bet", "txtMaxPlacardBet", "MaxPlacardBet"},
+    {"Odds allowed: 2 and 12", "txtOddsAllowed2", "OddsAllowed", 0},
+    {"Odds allowed: 3 and 11", "txtOddsAllowed3", "OddsAllowed", 1},
+    {"Odds allowed: 4 and 10", "txtOddsAllowed4", "OddsAllowed", 2},
+    {"Odds allowed: 5 and 9", "txtOddsAllowed5", "OddsAllowed", 3},
+    {"Odds allowed: 6 and 8", "txtOddsAllowed6", "OddsAllowed", 4},
+    {"Max odds bet", "txtMaxOddsBet", "MaxOddsBet"},
+    {"Max prop bet payoff", "txtMaxPropBetPayoff", "MaxPropBetPayoff"},
+    {"Odds calculation method:", "cmbOddsCalcMethod", "OddsCalcMethod", -1, kOddsChoices},
+    {" Allow \"Put\" bets", "chkAllowPutBets", "AllowPutBets"},
+    {"Buy vig",
+     "txtBuyVigPct",
+     "BuyVigPct",
+     -1,
+     {},
+     [](Game& game) { return Percent(game.BuyVigPct); }},
+    {"Buy vig", "optBuyVig", "BuyVigAllBets", -1, kBuyVigChoices},
+    {"Buy vig rounding", "cmbRoundBuyVig", "BuyVigRounding", -1, kRoundingChoices},
+    {"Lay vig",
+     "txtLayVigPct",
+     "LayVigPct",
+     -1,
+     {},
+     [](Game& game) { return Percent(game.LayVigPct); }},
+    {"Lay vig", "optLayVig", "LayVigAllBets", -1, kLayVigChoices},
+    {"Lay vig rounding", "cmbRoundLayVig", "LayVigRounding", -1, kRoundingChoices},
 };
 constexpr SettingControl kProbabilityTab[] = {
-    {" Use the probabilities depicted here.", "UseSkewedProbability"},
-    {"Probability File", "ProbabilityFileName", -1, {}, ProbabilityNameText},
-    {"Kind of dice", "DiceProbability", -1, {}, DiceKindText},
-    {"Display", "ProbabilityDisplay", -1, kProbabilityChoices},
-    {"Rolls out of", "RollsOutOf"},
+    {" Use the probabilities depicted here.", "chkUseSkewedProbability", "UseSkewedProbability"},
+    {"Probability File", "lblPrbFileName", "ProbabilityFileName", -1, {}, ProbabilityNameText},
+    {"Kind of dice", "lblDiceKind", "DiceProbability", -1, {}, KindOfDiceText},
+    {"Display", "optProbability", "ProbabilityDisplay", -1, kProbabilityDisplayCaptions},
+    {"Rolls out of", "txtRollsOutOf", "RollsOutOf"},
 };
 constexpr SettingControl kAdvantageTab[] = {
-    {"Count zero outcomes as decisions", "IncludeZeroOutcomes"},
-    {"Show misc. roll, dec, and time data", "ShowMiscData"},
+    {"Count zero outcomes as decisions", "mnuIncludeZeroOutcomes", "IncludeZeroOutcomes"},
+    {"Show misc. roll, dec, and time data", "mnuShowMiscData", "ShowMiscData"},
 };
 constexpr SettingControl kAutoPlayScreen[] = {
-    {"Winning bets", "HandleWinningBets", -1, kWinChoices},
+    {"Winning bets", "optHandleWinningBets", "HandleWinningBets", -1, kWinChoices},
     {"Winning bets: Same Bet:",
+     "txtModifyAmount9",
      "HandleAmount",
      kAutoWonSame - kFirstHandleOption,
      {},
      OptionText<kAutoWonSame>},
     {"Winning bets: Bet:",
+     "txtModifyAmount11",
      "HandleAmount",
      kAutoWonBet - kFirstHandleOption,
      {},
      OptionText<kAutoWonBet>},
-    {"Losing bets", "HandleLosingBets", -1, kLossChoices},
+    {"Losing bets", "optHandleLosingBets", "HandleLosingBets", -1, kLossChoices},
     {"Losing bets: Same Bet:",
+     "txtModifyAmount10",
      "HandleAmount",
      kAutoLostSame - kFirstHandleOption,
      {},
      OptionText<kAutoLostSame>},
     {"Losing bets: Bet:",
+     "txtModifyAmount12",
      "HandleAmount",
      kAutoLostBet - kFirstHandleOption,
      {},
      OptionText<kAutoLostBet>},
-    {"Bet amounts", "AutoAdjustBetAmounts", -1, kAdjustChoices},
-    {"Lay bets", "LayBias", -1, kLayBiasChoices},
-    {"Place bets", "PlaceBias", -1, kPlaceBiasChoices},
-    {"\"Do\" odds", "DoBias", -1, kDoBiasChoices},
-    {" Auto-Take Full Odds", "AutoTakeFullOdds"},
-    {" Auto-Remove Place Bets", "AutoRemovePlaceBets"},
-    {" Auto-Arrange Chips", "AutoArrangeChips"},
-    {"Auto-Roll Dice", "AutoRollDice"},
-    {"Rolls:", "NumAutoRolls"},
-    {"Left:", "AutoRollsRemaining"},
-    {"Delay:", "AutoRollDelay"},
-    {"Auto-Stop Rolling on:", "AutoStopOn", -1, {}, StopText},
-    {"Work on come-out", "WorkOnComeOut", -1, {}, WorkText},
+    {"Bet amounts", "optAutoAdjustBetAmounts", "AutoAdjustBetAmounts", -1, kAdjustChoices},
+    {"Lay bets", "cmbLayBias", "LayBias", -1, kLayBiasChoices},
+    {"Place bets", "cmbPlaceBias", "PlaceBias", -1, kPlaceBiasChoices},
+    {"\"Do\" odds", "cmbDoBias", "DoBias", -1, kDoBiasChoices},
+    {" Auto-Take Full Odds", "chkAutoTakeFullOdds", "AutoTakeFullOdds"},
+    {" Auto-Remove Place Bets", "chkAutoRemovePlaceBets", "AutoRemovePlaceBets"},
+    {" Auto-Arrange Chips", "chkAutoArrangeChips", "AutoArrangeChips"},
+    {"Auto-Roll Dice", "chkAutoRollDice", "AutoRollDice"},
+    {"Rolls:", "txtNumAutoRolls", "NumAutoRolls"},
+    {"Left:", "lblAutoRollsRemaining", "AutoRollsRemaining"},
+    {"Delay:", "txtDelayRoll", "AutoRollDelay"},
+    {"Auto-Stop Rolling on:", "listAutoStop", "AutoStopOn", -1, {}, StopText},
+    {"Work on come-out", "lstWorkOnComeOut", "WorkOnComeOut", -1, {}, WorkText},
 };
 
 constexpr std::string_view kPayoffsCaption = "Payoffs";
@@ -338,9 +340,10 @@ std::string ValueText(const StateValue& value) {
   return std::visit(Text(), value);
 }
 
-std::size_t ChoiceOf(const StateValue& value) {
-  if (const bool* on = std::get_if<bool>(&value)) return *on ? 1 : 0;
-  return static_cast<std::size_t>(std::get<std::int64_t>(value));
+StateValue Stored(Game& game, const SettingControl& control) {
+  const StateName* entry = FindStateName(control.name);
+  return entry == nullptr ? StateValue(std::string())
+                          : entry->read(game, {std::max(control.index, 0)});
 }
 
 // The payoffs that are not those of a fresh table.
@@ -385,15 +388,52 @@ std::string NameOfSetting(const SettingControl& control) {
   return control.index < 0 ? name : name + '(' + std::to_string(control.index) + ')';
 }
 
+std::vector<std::string> ChoicesOf(const Game& game, const SettingControl& control) {
+  std::vector<std::string> choices(control.choices.begin(), control.choices.end());
+  if (control.sounds != nullptr) {
+    choices = game.*control.sounds;
+    choices.insert(choices.begin(), "none");
+  }
+  return choices;
+}
+
+std::int64_t ChosenValue(Game& game, const SettingControl& control) {
+  const StateValue value = Stored(game, control);
+  if (const bool* on = std::get_if<bool>(&value)) return *on ? 1 : 0;
+  const std::int64_t* whole = std::get_if<std::int64_t>(&value);
+  if (whole == nullptr) return 0;
+  if (control.bit != 0) return (*whole & control.bit) != 0 ? 1 : 0;
+  return control.control.starts_with("chk") ? *whole != 0 : *whole;
+}
+
 std::string ShownSetting(Game& game, const SettingControl& control) {
   if (control.show != nullptr) return control.show(game);
-  const StateName* entry = FindStateName(control.name);
-  if (entry == nullptr) return {};
-  const StateValue value = entry->read(game, {std::max(control.index, 0)});
-  if (control.choices.empty()) return ValueText(value);
-  const std::size_t choice = ChoiceOf(value);
-  return choice < control.choices.size() ? std::string(Trim(control.choices[choice]))
-                                         : ValueText(value);
+  if (control.bit != 0) return Box(ChosenValue(game, control) != 0);
+  const std::vector<std::string> choices = ChoicesOf(game, control);
+  const auto choice = static_cast<std::size_t>(ChosenValue(game, control));
+  if (choice < choices.size()) return std::string(Trim(choices[choice]));
+  return control.sounds != nullptr ? choices[0] : ValueText(Stored(game, control));
+}
+
+std::string FieldText(Game& game, const SettingControl& control) {
+  const std::string shown = ShownSetting(game, control);
+  return shown.substr(0, shown.find(' '));
+}
+
+std::string WriteSetting(Game& game, const SettingControl& control, std::string_view value) {
+  if (control.bit == 0) return Configure(game, NameOfSetting(control), value);
+  const std::int32_t others = game.NotifyFlags & ~control.bit;
+  const std::int32_t flags = value == "1" ? others | control.bit : others;
+  return Configure(game, NameOfSetting(control), std::to_string(flags));
+}
+
+Figures BankrollFigures(const Game& game) {
+  const MoneyAmount bankroll = game.BetAmount[kBankroll];
+  const MoneyAmount net = bankroll - game.AmountInvested;
+  const std::string_view outcome = net.Raw() > 0 ? "Won:" : net.Raw() < 0 ? "Lost:" : "Won/Lost:";
+  return {{"Current Bankroll:", FormatMoney(bankroll), ToneOf(bankroll)},
+          {"Amount Invested:", FormatMoney(game.AmountInvested)},
+          {std::string(outcome), FormatMoney(net), ToneOf(net)}};
 }
 
 Rows SettingRows(Game& game) {

@@ -1,6 +1,7 @@
 #include "view/state_hash.h"
 
 #include <bit>
+#include <span>
 
 #include "base/hash.h"
 #include "stats/bankroll_history.h"
@@ -33,6 +34,10 @@ void Add(RowHash& hash, const Value& value) {
 }
 template <typename Value, std::size_t kSize>
 void Add(RowHash& hash, const std::array<Value, kSize>& values) {
+  for (const Value& value : values) Add(hash, value);
+}
+template <typename Value, std::size_t kSize>
+void Add(RowHash& hash, std::span<Value, kSize> values) {
   for (const Value& value : values) Add(hash, value);
 }
 template <typename... Values>
@@ -103,8 +108,8 @@ void AddStatistics(RowHash& hash, Game& game) {
 
 void AddBankroll(RowHash& hash, Game& game) {
   AddAll(hash, game.BankrollHigh, game.BankrollLow, game.BankrollSum, game.AmountInvested,
-         game.BankrollHistory, game.BankrollHistoryCount, game.GraphHigh, game.GraphLow,
-         game.GraphScale, game.GraphTop);
+         std::span(game.BankrollHistory).first(kHistorySize), game.BankrollHistoryCount,
+         game.GraphHigh, game.GraphLow, game.GraphScale, game.GraphTop);
   for (int position = 1; position <= game.BankrollHistoryCount; ++position) {
     Add(hash, BankrollAverage(game, position));
   }

@@ -683,6 +683,7 @@ const StateName
             Setting(NAME(PrintColorLoss)),
             Setting(NAME(PrintColorOther)),
             Setting(NAME(SnapMouse)),
+            Setting(BOUNDED(RollsPerTimeUnit, 0, 5)),
             Setting(NAME(IncludeZeroOutcomes)),
             Setting(NAME(ShowMiscData)),
             Setting(NAME(AdvantageScroll)),

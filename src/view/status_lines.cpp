@@ -25,7 +25,7 @@ StatusLine BetLine(const Game& game, int bet) {
   StatusText amount = Amount(game.BetAmount[bet]);
   amount.text += "  ";
   StatusLine line = {{NameOfBet(game, bet) + " bet " + WorkingState(game, bet) + ":  "}, amount};
-  if (IsLay(bet) || IsBuy(bet)) {
+  if (HasVig(bet)) {
     line.push_back({IsLay(bet) ? "vig: " : "vig:  "});
     line.push_back(Amount(VigStanding(game, bet)));
   }

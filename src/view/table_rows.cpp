@@ -20,7 +20,7 @@ Rows BetRows(const Game& game) {
   Rows rows;
   (game.BetAmount.Standing() & kLayoutBets).ForEach([&](int bet) {
     Row row = {NameOfLayoutBet(bet), WorkingState(game, bet), FormatMoney(game.BetAmount[bet])};
-    if (IsLay(bet) || IsBuy(bet)) row.push_back(FormatMoney(VigStanding(game, bet)));
+    if (HasVig(bet)) row.push_back(FormatMoney(VigStanding(game, bet)));
     rows.push_back(row);
   });
   return rows;

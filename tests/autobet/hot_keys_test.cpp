@@ -2,17 +2,15 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "autobet/script_file.h"
 #include "autobet/script_text.h"
 #include "automation/table_guards.h"
 #include "engine/start_up.h"
 #include "support/recording_surface.h"
+#include "support/scratch_folder.h"
 #include "view/table_rows.h"
 
 namespace feltmaster {
@@ -42,27 +40,13 @@ std::string RowBytes(char key, const std::string& file, const std::string& descr
   return key + Padded(file, 100) + Padded(description, 100) + std::string(55, '\0');
 }
 
-class HotKeysTest : public testing::Test {
+class HotKeysTest : public InScratchFolder {
  protected:
-  void SetUp() override {
-    folder_ = fs::path(testing::TempDir()) / ("hot_keys_" + std::to_string(::getpid()));
-    fs::remove_all(folder_);
-    fs::create_directories(folder_);
+  HotKeysTest() {
     game_.surface = &surface_;
     game_.AppPath = folder_.string() + '/';
   }
-  void TearDown() override { fs::remove_all(folder_); }
-
-  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
-  std::string Bytes() const {
-    std::ifstream file(Path("HotKeys.dta"), std::ios::binary);
-    std::ostringstream bytes;
-    bytes << file.rdbuf();
-    return bytes.str();
-  }
-  void Write(const std::string& name, std::string_view bytes) const {
-    std::ofstream(Path(name), std::ios::binary) << bytes;
-  }
+  std::string Bytes() const { return InScratchFolder::Bytes("HotKeys.dta"); }
   void WriteScript(const std::string& name, std::string_view text) {
     Game other;
     other.surface = &surface_;
@@ -82,7 +66,6 @@ class HotKeysTest : public testing::Test {
     return keys;
   }
 
-  fs::path folder_;
   ClipboardSurface surface_;
   Game game_;
 };

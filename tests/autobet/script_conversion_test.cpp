@@ -1,18 +1,16 @@
 #include "autobet/script_conversion.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <limits>
 #include <map>
-#include <sstream>
 
 #include "autobet/script_file.h"
 #include "game/game.h"
 #include "support/recording_surface.h"
+#include "support/scratch_folder.h"
 
 namespace feltmaster {
 namespace {
@@ -67,32 +65,10 @@ class SiblingBytes {
   std::string bytes_;
 };
 
-class ScriptConversion : public testing::Test {
+class ScriptConversion : public InScratchFolder {
  protected:
-  void SetUp() override {
-    folder_ = std::filesystem::path(testing::TempDir()) /
-              ("script_conversion_" +
-               std::string(testing::UnitTest::GetInstance()->current_test_info()->name()) +
-               std::to_string(::getpid()));
-    std::filesystem::remove_all(folder_);
-    std::filesystem::create_directories(folder_);
-    game_.surface = &surface_;
-  }
-  void TearDown() override { std::filesystem::remove_all(folder_); }
+  ScriptConversion() { game_.surface = &surface_; }
 
-  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
-  std::string Bytes(const std::string& name) const {
-    std::ifstream file(Path(name), std::ios::binary);
-    std::ostringstream bytes;
-    bytes << file.rdbuf();
-    return bytes.str();
-  }
-  std::string Write(const std::string& name, std::string_view bytes) const {
-    std::ofstream(Path(name), std::ios::binary) << bytes;
-    return Path(name);
-  }
-
-  std::filesystem::path folder_;
   RecordingSurface surface_;
   Game game_;
 };

@@ -1,18 +1,16 @@
 #include "autobet/script_file.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
 #include <limits>
-#include <sstream>
 
 #include "autobet/codes.h"
 #include "autobet/script_lines.h"
 #include "autobet/script_text.h"
 #include "base/record_file.h"
 #include "game/game.h"
+#include "support/scratch_folder.h"
 #include "surface/null_surface.h"
 
 namespace feltmaster {
@@ -20,30 +18,9 @@ namespace {
 
 constexpr std::string_view kHeader = "Feltmaster AutoBets, Data Format 5.0";
 
-class ScriptFile : public testing::Test {
+class ScriptFile : public InScratchFolder {
  protected:
-  void SetUp() override {
-    folder_ = std::filesystem::path(testing::TempDir()) /
-              ("script_file_" +
-               std::string(testing::UnitTest::GetInstance()->current_test_info()->name()) +
-               std::to_string(::getpid()));
-    std::filesystem::remove_all(folder_);
-    std::filesystem::create_directories(folder_);
-    game_.surface = &surface_;
-  }
-  void TearDown() override { std::filesystem::remove_all(folder_); }
-
-  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
-  std::string Bytes(const std::string& name) const {
-    std::ifstream file(Path(name), std::ios::binary);
-    std::ostringstream bytes;
-    bytes << file.rdbuf();
-    return bytes.str();
-  }
-  std::string Write(const std::string& name, std::string_view bytes) const {
-    std::ofstream(Path(name), std::ios::binary) << bytes;
-    return Path(name);
-  }
+  ScriptFile() { game_.surface = &surface_; }
   static Record Header(std::string_view title, MoneyAmount count) {
     Record header;
     header.SetText(0, 128, title);
@@ -54,7 +31,6 @@ class ScriptFile : public testing::Test {
     return std::get<std::vector<ScriptLine>>(ComposeScript(text));
   }
 
-  std::filesystem::path folder_;
   NullSurface surface_;
   Game game_;
 };

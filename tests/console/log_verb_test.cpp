@@ -1,6 +1,5 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -10,6 +9,7 @@
 
 #include "console/console_program.h"
 #include "files/glg_file.h"
+#include "support/scratch_folder.h"
 
 namespace feltmaster {
 namespace {
@@ -21,20 +21,11 @@ using ::testing::StartsWith;
 
 constexpr std::int64_t kDollar = 10'000;
 
-class LogVerbTest : public testing::Test {
+class LogVerbTest : public InScratchFolder {
  protected:
-  LogVerbTest() {
-    fs::remove_all(folder_);
-    fs::create_directories(folder_);
-  }
-  ~LogVerbTest() override { fs::remove_all(folder_); }
-
-  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
   ProgramRun Simulate(const std::string& options, const std::string& log) {
     return RunProgram("simulate --seed 5 " + options + " --log " + Path(log));
   }
-
-  fs::path folder_ = fs::temp_directory_path() / ("log-verb-test-" + std::to_string(getpid()));
 };
 
 TEST_F(LogVerbTest, ALogIsTheSameForEveryNumberOfJobsAndForItsParts) {

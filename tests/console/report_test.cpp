@@ -1,15 +1,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
-#include <unistd.h>
 
 #include <csignal>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 #include "console/console_program.h"
 #include "console/document_file.h"
+#include "support/scratch_folder.h"
 
 namespace feltmaster {
 namespace {
@@ -20,21 +19,8 @@ using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::StartsWith;
 
-class ReportFiles : public testing::Test {
+class ReportFiles : public InScratchFolder {
  protected:
-  ReportFiles() { fs::create_directories(folder_); }
-  ~ReportFiles() override { fs::remove_all(folder_); }
-
-  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
-  std::string Bytes(const std::string& name) const {
-    std::ifstream file(Path(name), std::ios::binary);
-    std::ostringstream bytes;
-    bytes << file.rdbuf();
-    return bytes.str();
-  }
-
-  const fs::path folder_ =
-      fs::temp_directory_path() / ("feltmaster_report_files_" + std::to_string(getpid()));
 };
 
 TEST_F(ReportFiles, TheEndOfTheNameTellsTheFormat) {

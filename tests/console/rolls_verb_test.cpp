@@ -1,13 +1,12 @@
 // feltmaster rolls, run as a user runs it.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 
 #include "console/console_program.h"
+#include "support/scratch_folder.h"
 
 namespace feltmaster {
 namespace {
@@ -15,26 +14,9 @@ namespace {
 namespace fs = std::filesystem;
 using ::testing::HasSubstr;
 
-class RollsVerb : public testing::Test {
+class RollsVerb : public InScratchFolder {
  protected:
-  void SetUp() override {
-    folder_ = fs::path(testing::TempDir()) / ("rolls_verb_" + std::to_string(getpid()));
-    fs::remove_all(folder_);
-    fs::create_directories(folder_);
-  }
-  void TearDown() override { fs::remove_all(folder_); }
-
-  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
-  void Write(const std::string& name, const std::string& bytes) const {
-    std::ofstream(Path(name), std::ios::binary) << bytes;
-  }
-  std::string Bytes(const std::string& name) const {
-    std::ifstream file(Path(name), std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
   static char Byte(int die1, int die2) { return static_cast<char>((die2 << 5) | (die1 << 2)); }
-
-  fs::path folder_;
 };
 
 TEST_F(RollsVerb, TextInAndOutAgain) {
@@ -89,7 +71,7 @@ TEST_F(RollsVerb, ShowCountsWhatTheFileHolds) {
 
 TEST_F(RollsVerb, WhatCannotBeDoneIsSaid) {
   Write("text", "no rolls at all");
-  Write("a.rol", {Byte(1, 1)});
+  Write("a.rol", std::string(1, Byte(1, 1)));
   fs::create_directory(folder_ / "folder");
   const std::pair<std::string, std::string> cases[] = {
       {"show " + Path("none.rol"), "cannot read " + Path("none.rol") + ": No such file"},

@@ -1,7 +1,6 @@
 // What a saved game and a Probability File hold, as the command line tells it.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -10,6 +9,7 @@
 #include <string>
 
 #include "console/console_program.h"
+#include "support/scratch_folder.h"
 
 namespace feltmaster {
 namespace {
@@ -18,19 +18,8 @@ namespace fs = std::filesystem;
 using ::testing::HasSubstr;
 using Json = nlohmann::json;
 
-class SavedFiles : public testing::Test {
+class SavedFiles : public InScratchFolder {
  protected:
-  void SetUp() override {
-    folder_ = fs::path(testing::TempDir()) / ("saved_files_" + std::to_string(getpid()));
-    fs::remove_all(folder_);
-    fs::create_directories(folder_);
-  }
-  void TearDown() override { fs::remove_all(folder_); }
-  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
-  static std::string Bytes(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
   static double Percent(const Json& dice, const std::string& name) {
     for (const Json& cell : dice["cells"]) {
       if (cell["name"] == name) return cell["percent"];
@@ -38,8 +27,6 @@ class SavedFiles : public testing::Test {
     ADD_FAILURE() << name;
     return 0;
   }
-
-  fs::path folder_;
 };
 
 TEST_F(SavedFiles, AGame) {
@@ -95,6 +82,19 @@ TEST_F(SavedFiles, AGamePastTheLimitOfTheSystem) {
   EXPECT_NE(std::system(command.c_str()), 0);
   EXPECT_THAT(Bytes(Path("answer")), HasSubstr("could not be saved: File too large."));
   EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 1) << "Half a file is left.";
+}
+
+// Where the machine goes down while a script of commands is at the table.
+TEST_F(SavedFiles, ATableThatIsToldToEndKeepsItsGame) {
+  const std::string command = "cd " + folder_.string() +
+                              " && mkfifo lines && exec 3<>lines && echo roll 3 3 >&3 && "
+                              "timeout -s TERM 1 " FELTMASTER_PROGRAM
+                              " console --json --data-dir data <&3 > answer";
+  EXPECT_NE(std::system(command.c_str()), 0);
+  EXPECT_FALSE(fs::exists(Path("data/active.tmp")));
+  const ProgramRun run = RunProgram("game show --json " + Path("data/default.crp"));
+  ASSERT_EQ(run.exit_code, 0) << run.complaints;
+  EXPECT_EQ(Json::parse(run.output)["rolls"], 1);
 }
 
 TEST_F(SavedFiles, NoGame) {

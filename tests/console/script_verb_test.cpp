@@ -1,12 +1,10 @@
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "console/verbs.h"
+#include "support/scratch_folder.h"
 
 namespace feltmaster {
 namespace {
@@ -17,24 +15,8 @@ struct Printout {
   std::string err;
 };
 
-class ScriptVerb : public testing::Test {
+class ScriptVerb : public InScratchFolder {
  protected:
-  void SetUp() override {
-    folder_ = std::filesystem::path(testing::TempDir()) /
-              ("script_verb_" +
-               std::string(testing::UnitTest::GetInstance()->current_test_info()->name()) +
-               std::to_string(::getpid()));
-    std::filesystem::remove_all(folder_);
-    std::filesystem::create_directories(folder_);
-  }
-  void TearDown() override { std::filesystem::remove_all(folder_); }
-
-  std::string Write(const std::string& name, std::string_view text) const {
-    std::ofstream(Path(name), std::ios::binary) << text;
-    return Path(name);
-  }
-  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
-
   static Printout Script(std::vector<std::string> words) {
     Printout run;
     CLI::App app("test", "feltmaster");
@@ -48,8 +30,6 @@ class ScriptVerb : public testing::Test {
     run.err = testing::internal::GetCapturedStderr();
     return run;
   }
-
-  std::filesystem::path folder_;
 };
 
 constexpr std::string_view kSound =

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
@@ -21,6 +20,7 @@
 #include "console/result_file.h"
 #include "console/svg_chart.h"
 #include "console/verbs.h"
+#include "support/scratch_folder.h"
 
 namespace feltmaster {
 namespace {
@@ -55,24 +55,10 @@ Outcome Simulate(std::vector<std::string> arguments) {
   return outcome;
 }
 
-std::string Bytes(const fs::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
-
-class SimulateVerb : public testing::Test {
+class SimulateVerb : public InScratchFolder {
  protected:
-  SimulateVerb() {
-    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    folder_ = fs::path(testing::TempDir()) /
-              (std::string("simulate_") + test->name() + std::to_string(::getpid()));
-    fs::remove_all(folder_);
-    fs::create_directories(folder_);
-    std::ofstream(In("field.txt")) << " Do this . . .\n     Bet $ 5 on Field\n";
-  }
-  ~SimulateVerb() override { fs::remove_all(folder_); }
+  SimulateVerb() { Write("field.txt", " Do this . . .\n     Bet $ 5 on Field\n"); }
 
-  std::string In(const std::string& name) const { return (folder_ / name).string(); }
   std::vector<std::string> Names() const {
     std::vector<std::string> names;
     for (const auto& entry : fs::directory_iterator(folder_)) {
@@ -81,25 +67,23 @@ class SimulateVerb : public testing::Test {
     std::sort(names.begin(), names.end());
     return names;
   }
-
-  fs::path folder_;
 };
 
 TEST_F(SimulateVerb, WritesWhatItFound) {
   const Outcome outcome =
-      Simulate({In("field.txt"), "--games", "50", "--rolls", "1,000", "--seed", "11", "--bankroll",
-                "200", "--stop-win", "100", "--set", "MinPlacardBet=5", "--json", In("out.json"),
-                "--csv", In("out.csv"), "--chart", In("out.svg")});
+      Simulate({Path("field.txt"), "--games", "50", "--rolls", "1,000", "--seed", "11",
+                "--bankroll", "200", "--stop-win", "100", "--set", "MinPlacardBet=5", "--json",
+                Path("out.json"), "--csv", Path("out.csv"), "--chart", Path("out.svg")});
   EXPECT_EQ(outcome.code, 0) << outcome.err;
   EXPECT_EQ(outcome.err, "");
-  const json results = json::parse(Bytes(In("out.json")));
+  const json results = json::parse(Bytes(Path("out.json")));
   EXPECT_EQ(results["complete"], true);
   EXPECT_EQ(results["games"], 50);
   EXPECT_EQ(results["experiment"]["seed"], 11);
   EXPECT_EQ(results["experiment"]["settings"][0]["value"], "5");
 
   // The rows add up to the totals.
-  std::istringstream rows(Bytes(In("out.csv")));
+  std::istringstream rows(Bytes(Path("out.csv")));
   std::string row;
   std::getline(rows, row);
   std::vector<std::string> heads;
@@ -136,7 +120,7 @@ TEST_F(SimulateVerb, WritesWhatItFound) {
                             "risk of ruin", "rolls per second", "Field"}) {
     EXPECT_NE(outcome.out.find(words), std::string::npos) << words;
   }
-  EXPECT_EQ(Bytes(In("out.svg")).rfind("<?xml", 0), 0U);
+  EXPECT_EQ(Bytes(Path("out.svg")).rfind("<?xml", 0), 0U);
   EXPECT_EQ(Names(), (std::vector<std::string>{"field.txt", "out.csv", "out.json", "out.svg"}));
 }
 
@@ -152,13 +136,13 @@ TEST_F(SimulateVerb, PlaysAtOnceWithoutAnything) {
 }
 
 TEST_F(SimulateVerb, RefusesInOneSentenceAndWritesNothing) {
-  std::ofstream(In("foreign.bet"), std::ios::binary) << std::string("\x89PNG\r\n\x1a\n\0\0", 10);
-  std::ofstream(In("empty.txt"));
-  std::ofstream(In("wrong.txt")) << " Do this . . .\n     Bet $ on Field\n";
-  std::ofstream(In("loose.txt")) << " then . . .\n     Bet $ 5 on Field\n";
+  std::ofstream(Path("foreign.bet"), std::ios::binary) << std::string("\x89PNG\r\n\x1a\n\0\0", 10);
+  std::ofstream(Path("empty.txt"));
+  std::ofstream(Path("wrong.txt")) << " Do this . . .\n     Bet $ on Field\n";
+  std::ofstream(Path("loose.txt")) << " then . . .\n     Bet $ 5 on Field\n";
   const auto before = Names();
 
-  const std::string field = In("field.txt");
+  const std::string field = Path("field.txt");
   struct Case {
     std::vector<std::string> arguments;
     std::string named;  // in the sentence
@@ -193,19 +177,19 @@ TEST_F(SimulateVerb, RefusesInOneSentenceAndWritesNothing) {
       {{"--set", "MinPlacardBet=5000"}, "maximum bet must be greater than or equal"},
       {{"--rng", "2", "--set", "RngSelected=3"}, "RngSelected"},
       {{"--bankroll", "100", "--set", "BankrollInitAmount=200"}, "BankrollInitAmount"},
-      {{In("missing.txt")}, "missing.txt"},
+      {{Path("missing.txt")}, "missing.txt"},
       {{folder_.string()}, folder_.string()},
-      {{In("foreign.bet")}, "foreign.bet"},
-      {{In("empty.txt")}, "empty.txt"},
-      {{In("wrong.txt")}, "wrong.txt"},
-      {{In("loose.txt")}, "loose.txt"},
+      {{Path("foreign.bet")}, "foreign.bet"},
+      {{Path("empty.txt")}, "empty.txt"},
+      {{Path("wrong.txt")}, "wrong.txt"},
+      {{Path("loose.txt")}, "loose.txt"},
       {{""}, "SCRIPT"},
-      {{field, "--csv", In("no/such/folder.csv")}, "folder.csv"},
+      {{field, "--csv", Path("no/such/folder.csv")}, "folder.csv"},
       {{field, "--csv", folder_.string()}, folder_.string()},
       {{field, "--chart", field}, "field.txt"},
-      {{field, "--csv", In("a.out"), "--json", In("a.out")}, "a.out"},
+      {{field, "--csv", Path("a.out"), "--json", Path("a.out")}, "a.out"},
       {{field, "--csv", "-", "--json", "-"}, "same file"},
-      {{field, "--csv", In("good.csv"), "--json", In("no/such/folder.json")}, "folder.json"},
+      {{field, "--csv", Path("good.csv"), "--json", Path("no/such/folder.json")}, "folder.json"},
   };
   for (const Case& one : cases) {
     SCOPED_TRACE(testing::PrintToString(one.arguments));
@@ -220,13 +204,13 @@ TEST_F(SimulateVerb, RefusesInOneSentenceAndWritesNothing) {
 }
 
 TEST_F(SimulateVerb, TellsAFailureOfTheScriptWithItsLine) {
-  std::ofstream(In("bad.txt")) << " Do this . . .\n     Bet $ 5 on Field\n"
-                                  "     Output to file. New line.\n";
-  const Outcome outcome = Simulate({In("bad.txt"), "--games", "3", "--csv", In("out.csv")});
+  std::ofstream(Path("bad.txt")) << " Do this . . .\n     Bet $ 5 on Field\n"
+                                    "     Output to file. New line.\n";
+  const Outcome outcome = Simulate({Path("bad.txt"), "--games", "3", "--csv", Path("out.csv")});
   EXPECT_EQ(outcome.code, 1);
   EXPECT_NE(outcome.err.find("bad.txt, line 3: "), std::string::npos) << outcome.err;
   EXPECT_NE(outcome.err.find("3 of 3 games"), std::string::npos) << outcome.err;
-  EXPECT_NE(Bytes(In("out.csv")).find("\n3,"), std::string::npos);
+  EXPECT_NE(Bytes(Path("out.csv")).find("\n3,"), std::string::npos);
 }
 
 TEST_F(SimulateVerb, TellsWhenStandardOutputIsFull) {
@@ -238,28 +222,28 @@ TEST_F(SimulateVerb, TellsWhenStandardOutputIsFull) {
 }
 
 TEST_F(SimulateVerb, ResultFilesAppearWholeOrNotAtAll) {
-  std::ofstream(In("kept")) << "old";
-  fs::permissions(In("kept"), fs::perms(0640));
-  fs::create_symlink("kept", In("link"));
+  std::ofstream(Path("kept")) << "old";
+  fs::permissions(Path("kept"), fs::perms(0640));
+  fs::create_symlink("kept", Path("link"));
   {
     ResultFile file;
-    ASSERT_EQ(file.Open(In("link")), "");
+    ASSERT_EQ(file.Open(Path("link")), "");
     file.Stream() << "half";
     EXPECT_EQ(file.Finish(), "");
-    EXPECT_EQ(Bytes(In("kept")), "old");
+    EXPECT_EQ(Bytes(Path("kept")), "old");
   }
   EXPECT_EQ(Names(), (std::vector<std::string>{"field.txt", "kept", "link"}));
-  EXPECT_EQ(Bytes(In("kept")), "old");
+  EXPECT_EQ(Bytes(Path("kept")), "old");
   {
     ResultFile file;
-    ASSERT_EQ(file.Open(In("link")), "");
+    ASSERT_EQ(file.Open(Path("link")), "");
     file.Stream() << "new";
     EXPECT_EQ(file.Finish(), "");
     EXPECT_EQ(file.PutInPlace(), "");
   }
-  EXPECT_EQ(Bytes(In("kept")), "new");
-  EXPECT_TRUE(fs::is_symlink(In("link")));
-  EXPECT_EQ(fs::status(In("kept")).permissions(), fs::perms(0640));
+  EXPECT_EQ(Bytes(Path("kept")), "new");
+  EXPECT_TRUE(fs::is_symlink(Path("link")));
+  EXPECT_EQ(fs::status(Path("kept")).permissions(), fs::perms(0640));
   EXPECT_EQ(Names(), (std::vector<std::string>{"field.txt", "kept", "link"}));
 }
 
@@ -268,7 +252,7 @@ TEST_F(SimulateVerb, InterruptionTellsWhatThereIs) {
 #ifndef FELTMASTER_PROGRAM
   GTEST_SKIP() << "the program is not built";
 #else
-  const std::string goal = In("out.json");
+  const std::string goal = Path("out.json");
   const pid_t child = fork();
   ASSERT_GE(child, 0);
   if (child == 0) {
@@ -317,13 +301,13 @@ void ExpectWellFormed(const std::string& document) {
 }
 
 TEST_F(SimulateVerb, ChartsAreWellFormed) {
-  const std::string odd = In("a <b> & \"c\".txt");
-  fs::copy_file(In("field.txt"), odd);
+  const std::string odd = Path("a <b> & \"c\".txt");
+  fs::copy_file(Path("field.txt"), odd);
   for (const char* games : {"1", "2", "300"}) {
     const Outcome outcome =
-        Simulate({odd, "--games", games, "--rolls", "50", "--chart", In("out.svg")});
+        Simulate({odd, "--games", games, "--rolls", "50", "--chart", Path("out.svg")});
     ASSERT_EQ(outcome.code, 0) << outcome.err;
-    const std::string document = Bytes(In("out.svg"));
+    const std::string document = Bytes(Path("out.svg"));
     ExpectWellFormed(document);
     EXPECT_NE(document.find("a &lt;b&gt; &amp; &quot;c&quot;.txt"), std::string::npos);
     EXPECT_EQ(document.find("nan"), std::string::npos);

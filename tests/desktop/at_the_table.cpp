@@ -15,7 +15,8 @@ AtTheTable::AtTheTable() {
   folder_ = name;
   game_ = std::make_unique<Game>();
   const std::string data_dir = (folder_ / "").string();
-  surface_ = std::make_unique<DesktopSurface>(*game_, data_dir);
+  surface_ =
+      std::make_unique<DesktopSurface>(*game_, data_dir, FELTMASTER_SOURCE_DIR "/docs/guide/");
   game_->surface = surface_.get();
   game_->AllSoundOff = true;
   game_->SnapMouse = false;
@@ -39,6 +40,7 @@ AtTheTable::~AtTheTable() {
 namespace {
 
 constexpr int kLongestDialog = 10'000;  // milliseconds
+constexpr int kLongestFocus = 2'000;
 
 std::string TextOf(QWidget& dialog) {
   const auto* text = dialog.findChild<QLabel*>(QStringLiteral("lblMsg"));
@@ -56,7 +58,16 @@ void AtTheTable::LookForDialog() {
     dialog->close();
     return;
   }
-  if (!dialog->isActiveWindow()) dialog->activateWindow();  // there is no window manager
+  if (dialog != seen_) {
+    seen_ = dialog;
+    since_seen_.start();
+  }
+  // Without a window manager the focus follows in its own time.
+  const QWidget* focus = QApplication::focusWidget();
+  if (focus == nullptr || focus->window() != dialog) {
+    dialog->activateWindow();
+    if (since_seen_.elapsed() < kLongestFocus) return;
+  }
   answered_ = dialog;
   since_answer_.start();
   dialog->installEventFilter(&hidden_);
@@ -71,9 +82,17 @@ void AtTheTable::LookForDialog() {
   answer(*dialog);
 }
 
-// The same window may come up again, for the next question.
+// The same window may come up again, for the next question. What was behind it is active again, as
+// a window manager would have it.
 bool AtTheTable::Hidden::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Hide && watched == table_.answered_) table_.answered_ = nullptr;
+  if (event->type() != QEvent::Hide) return false;
+  if (watched == table_.answered_) table_.answered_ = nullptr;
+  if (watched == table_.seen_) table_.seen_ = nullptr;
+  const auto* dialog = qobject_cast<QWidget*>(watched);
+  QWidget* behind = dialog == nullptr ? nullptr : dialog->parentWidget();
+  if (behind != nullptr && behind->isVisible()) {
+    QTimer::singleShot(0, behind, [behind] { behind->window()->activateWindow(); });
+  }
   return false;
 }
 

@@ -72,6 +72,8 @@ class AtTheTable : public testing::Test {
   Hidden hidden_{*this};
   QWidget* answered_ = nullptr;  // while it is still to be seen
   QElapsedTimer since_answer_;
+  QWidget* seen_ = nullptr;
+  QElapsedTimer since_seen_;
 };
 
 }  // namespace feltmaster

@@ -1,17 +1,39 @@
 #include "desktop/offscreen.h"
 
+#include <gtest/gtest.h>
+
 #include <cstdlib>
 #include <memory>
 
 namespace feltmaster {
 
+namespace {
+
+// The application goes before what the toolkit keeps to the end of the program.
+class Application : public testing::Environment {
+ public:
+  void Start() {
+    if (application_) return;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    application_ = std::make_unique<QApplication>(count_, arguments_);
+  }
+  void TearDown() override { application_.reset(); }
+
+ private:
+  char name_[17] = "feltmaster_tests";
+  char* arguments_[2] = {name_, nullptr};
+  int count_ = 1;
+  std::unique_ptr<QApplication> application_;
+};
+
+// The tests own it.
+Application* const the_application = new Application;
+const testing::Environment* const environment = testing::AddGlobalTestEnvironment(the_application);
+
+}  // namespace
+
 void StartOffscreen() {
-  if (QApplication::instance() != nullptr) return;
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  static char name[] = "feltmaster_tests";
-  static char* arguments[] = {name, nullptr};
-  static int count = 1;
-  static const auto application = std::make_unique<QApplication>(count, arguments);
+  the_application->Start();
 }
 
 double Difference(const QImage& a, const QImage& b) {

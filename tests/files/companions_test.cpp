@@ -2,7 +2,6 @@
 // and the questions before unsaved work is given up.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <chrono>
 #include <deque>
@@ -21,6 +20,7 @@
 #include "files/game_file.h"
 #include "files/probability_commands.h"
 #include "support/recording_surface.h"
+#include "support/scratch_folder.h"
 #include "view/state_hash.h"
 
 namespace feltmaster {
@@ -54,17 +54,12 @@ class ChoosingSurface : public RecordingSurface {
   std::function<void()> during_message;
 };
 
-class Companions : public testing::Test {
+class Companions : public InScratchFolder {
  protected:
-  void SetUp() override {
-    folder_ = fs::path(testing::TempDir()) / ("companions_" + std::to_string(getpid()));
-    fs::remove_all(folder_);
+  Companions() {
     fs::create_directories(folder_ / "data");
     game_ = NewTable();
   }
-  void TearDown() override { fs::remove_all(folder_); }
-
-  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
   std::unique_ptr<Game> NewTable() {
     auto game = std::make_unique<Game>();
     game->surface = &surface_;
@@ -103,7 +98,6 @@ class Companions : public testing::Test {
     return game;
   }
 
-  fs::path folder_;
   ChoosingSurface surface_;
   std::unique_ptr<Game> game_;
 };
@@ -270,6 +264,12 @@ TEST_F(Companions, TheOutputFileGoesOnAtItsEnd) {
   // Not among the games of the log.
   game_->ScriptOutputFile = game_->GamesLogFile = Path("both");
   ASSERT_TRUE(SaveGame(*game_, Path("a.crp")));
+  EXPECT_EQ(Opened()->GamesLogFile, Path("both"));
+  EXPECT_FALSE(fs::exists(Path("both")));
+  // Nor where one of the two is padded in another way.
+  std::string bytes = Bytes("a.crp");
+  bytes.replace(4 * 256 + 198, 2, std::string("\0x", 2));
+  Write("a.crp", bytes);
   EXPECT_EQ(Opened()->GamesLogFile, Path("both"));
   EXPECT_FALSE(fs::exists(Path("both")));
 }

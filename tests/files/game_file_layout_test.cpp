@@ -3,15 +3,13 @@
 #include <unistd.h>
 
 #include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <memory>
 #include <random>
-#include <sstream>
 
 #include "engine/start_up.h"
 #include "files/game_file.h"
 #include "files/game_layout.h"
+#include "support/scratch_folder.h"
 #include "surface/null_surface.h"
 #include "view/state_record.h"
 
@@ -44,39 +42,18 @@ std::string AnyName(std::mt19937_64& random) {
   return name;
 }
 
-class GameFileLayout : public testing::Test {
+class GameFileLayout : public InScratchFolder {
  protected:
-  void SetUp() override {
-    folder_ = std::filesystem::path(testing::TempDir()) /
-              ("game_file_layout_" + std::to_string(getpid()));  // tests run side by side
-    std::filesystem::remove_all(folder_);
-    std::filesystem::create_directories(folder_);
-    game_ = NewTable();
-    other_ = NewTable();
-  }
-  void TearDown() override { std::filesystem::remove_all(folder_); }
-
   std::unique_ptr<Game> NewTable() {
     auto game = std::make_unique<Game>();
     game->surface = &surface_;
     StartUp(*game, {.data_dir = Path(""), .seed = 1});
     return game;
   }
-  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
-  std::string Bytes(const std::string& name) const {
-    std::ifstream file(Path(name), std::ios::binary);
-    std::ostringstream bytes;
-    bytes << file.rdbuf();
-    return bytes.str();
-  }
-  void Write(const std::string& name, const std::string& bytes) const {
-    std::ofstream(Path(name), std::ios::binary) << bytes;
-  }
 
-  std::filesystem::path folder_;
   NullSurface surface_;
-  std::unique_ptr<Game> game_;
-  std::unique_ptr<Game> other_;
+  std::unique_ptr<Game> game_ = NewTable();
+  std::unique_ptr<Game> other_ = NewTable();
   std::mt19937_64 random_{20};
 };
 

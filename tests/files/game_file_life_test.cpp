@@ -2,13 +2,10 @@
 // was, the same bytes from every further saving, and files that no game has written.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <array>
 #include <bit>
 #include <cmath>
-#include <filesystem>
-#include <fstream>
 #include <limits>
 #include <memory>
 #include <random>
@@ -24,6 +21,7 @@
 #include "reference/session.h"
 #include "stats/bankroll_history.h"
 #include "support/recording_surface.h"
+#include "support/scratch_folder.h"
 #include "view/state_hash.h"
 #include "view/state_record.h"
 
@@ -35,22 +33,13 @@ static bool operator==(const ScriptFlag& a, const ScriptFlag& b) {
 
 namespace {
 
-namespace fs = std::filesystem;
 using reference::Command;
 
 // Scripts that remember: flags, Chip-Stacks, averages over the history.
 constexpr std::array kScripts = {"hot_hand", "long_watch", "martingale_line", "press_and_regress"};
 
-class GameFileLife : public testing::Test {
+class GameFileLife : public InScratchFolder {
  protected:
-  void SetUp() override {
-    folder_ = fs::path(testing::TempDir()) / ("game_file_life_" + std::to_string(getpid()));
-    fs::remove_all(folder_);
-    fs::create_directories(folder_);
-  }
-  void TearDown() override { fs::remove_all(folder_); }
-
-  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
   std::unique_ptr<Game> NewTable() {
     auto game = std::make_unique<Game>();
     game->surface = &surface_;
@@ -65,15 +54,7 @@ class GameFileLife : public testing::Test {
     game.ScriptActive = 1;
     RunInitialisationCycle(game);
   }
-  static std::string Bytes(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-  static void Write(const std::string& path, const std::string& bytes) {
-    std::ofstream(path, std::ios::binary) << bytes;
-  }
 
-  fs::path folder_;
   RecordingSurface surface_;
 };
 

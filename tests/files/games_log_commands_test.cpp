@@ -2,10 +2,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <deque>
-#include <filesystem>
 #include <memory>
 
 #include "engine/start_up.h"
@@ -14,11 +12,11 @@
 #include "files/games_log.h"
 #include "files/glg_file.h"
 #include "support/recording_surface.h"
+#include "support/scratch_folder.h"
 
 namespace feltmaster {
 namespace {
 
-namespace fs = std::filesystem;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -50,18 +48,13 @@ class ChoosingSurface : public RecordingSurface {
   std::array<std::string, 2> defaults;
 };
 
-class GamesLogCommandsTest : public testing::Test {
+class GamesLogCommandsTest : public InScratchFolder {
  protected:
   GamesLogCommandsTest() {
-    fs::remove_all(folder_);
-    fs::create_directories(folder_);
     game_->surface = &surface_;
     StartUp(*game_, {.data_dir = Path(""), .seed = 1});
     surface_.messages.clear();
   }
-  ~GamesLogCommandsTest() override { fs::remove_all(folder_); }
-
-  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
   void WriteLog(const std::string& name, const std::vector<std::int64_t>& nets) {
     std::vector<GlgGame> games;
     for (const std::int64_t net : nets) games.push_back({}), games.back()[8] = net * kDollar;
@@ -76,7 +69,6 @@ class GamesLogCommandsTest : public testing::Test {
     return nets;
   }
 
-  fs::path folder_ = fs::temp_directory_path() / ("log-commands-test-" + std::to_string(getpid()));
   ChoosingSurface surface_;
   std::unique_ptr<Game> game_ = std::make_unique<Game>();
 };

@@ -2,11 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/resource.h>
-#include <unistd.h>
 
-#include <filesystem>
 #include <memory>
 #include <thread>
 #include <vector>
@@ -17,11 +13,11 @@
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
 #include "support/recording_surface.h"
+#include "support/scratch_folder.h"
 
 namespace feltmaster {
 namespace {
 
-namespace fs = std::filesystem;
 using namespace money_literals;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
@@ -29,17 +25,12 @@ using ::testing::Not;
 
 constexpr std::int64_t kDollar = 10'000;
 
-class GamesLogTest : public testing::Test {
+class GamesLogTest : public InScratchFolder {
  protected:
   GamesLogTest() {
-    fs::remove_all(folder_);
-    fs::create_directories(folder_);
     game_->surface = &surface_;
     StartUp(*game_, {.data_dir = Path(""), .seed = 1});
   }
-  ~GamesLogTest() override { fs::remove_all(folder_); }
-
-  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
   void HaveRolls(std::int32_t rolls) { game_->Events[0].count = rolls; }
   // Games whose every amount tells which one it is.
   static GlgGame NumberedGame(std::int64_t number) {
@@ -55,30 +46,8 @@ class GamesLogTest : public testing::Test {
     return games;
   }
 
-  fs::path folder_ = fs::temp_directory_path() / ("games-log-test-" + std::to_string(getpid()));
   RecordingSurface surface_;
   std::unique_ptr<Game> game_ = std::make_unique<Game>();
-};
-
-// A file cannot grow beyond so many bytes while it lives: the disk is full.
-class FullDisk {
- public:
-  explicit FullDisk(std::uint64_t bytes) {
-    old_handler_ = signal(SIGXFSZ, SIG_IGN);
-    getrlimit(RLIMIT_FSIZE, &old_limit_);
-    const rlimit limit = {bytes, old_limit_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FullDisk() {
-    setrlimit(RLIMIT_FSIZE, &old_limit_);
-    signal(SIGXFSZ, old_handler_);
-  }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-
- private:
-  rlimit old_limit_{};
-  sighandler_t old_handler_;
 };
 
 TEST_F(GamesLogTest, AFinishedGameIsOneRecordByteForByte) {
@@ -192,39 +161,6 @@ TEST_F(GamesLogTest, WhatIsNoLogIsRefusedAndStaysAsItIs) {
   GamesLogReader log;
   ASSERT_FALSE(log.Open(path));
   EXPECT_EQ(log.Count(), 1);
-}
-
-TEST_F(GamesLogTest, AFullDiskIsToldAndTheOldLogIsWhole) {
-  const std::string path = Path("default.glg");
-  const std::string other = Path("other.glg");
-  const std::string bytes = GlgBytes(NumberedGames(3));
-  const std::vector<GlgGame> more = NumberedGames(9);
-  HaveRolls(5);
-  for (const std::uint64_t room : {0u, 100u, 1024u, 1100u, 1279u}) {
-    WriteBytes(path, bytes);
-    WriteBytes(other, GlgBytes(more));
-    surface_.messages.clear();
-    {
-      const FullDisk full(room);
-      EXPECT_FALSE(LogFinishedGame(*game_));
-      EXPECT_TRUE(AppendLog(other, path));
-      if (room < bytes.size()) {
-        EXPECT_TRUE(DeleteFromLog(path, 1, 1));
-      }
-      EXPECT_TRUE(CopyLog(other, path));
-      if (room == 0) {
-        EXPECT_TRUE(MakeEmptyLog(path));
-      }
-    }
-    EXPECT_EQ(ReadBytes(path), bytes) << room;
-    ASSERT_EQ(surface_.messages.size(), 1u);
-    EXPECT_EQ(surface_.messages[0].title, "Games Log");
-    EXPECT_EQ(surface_.messages[0].text,
-              path + "\nFile too large, Error #27 occurred, at: UpdateGamesPlayed");
-    for (const auto& entry : fs::directory_iterator(folder_)) {
-      EXPECT_THAT(entry.path().string(), Not(HasSubstr(".new")));
-    }
-  }
 }
 
 TEST_F(GamesLogTest, CopiesOfTheProgramShareALog) {

@@ -23,6 +23,7 @@
 #include "files/glg_file.h"
 #include "support/failing_calls.h"
 #include "support/recording_surface.h"
+#include "support/scratch_folder.h"
 #include "view/state_hash.h"
 
 namespace feltmaster {
@@ -32,24 +33,12 @@ namespace fs = std::filesystem;
 using ::testing::AnyOf;
 using ::testing::HasSubstr;
 
-class WriteFaults : public testing::Test {
+class WriteFaults : public InScratchFolder {
  protected:
-  void SetUp() override {
-    folder_ = fs::path(testing::TempDir()) / ("write_faults_" + std::to_string(getpid()));
-    fs::remove_all(folder_);
+  WriteFaults() {
     fs::create_directories(folder_ / "data");
     game_->surface = &surface_;
     StartUp(*game_, {.data_dir = (folder_ / "data" / "").string(), .seed = 1});
-  }
-  void TearDown() override {
-    game_->ScriptOutput.reset();
-    fs::remove_all(folder_);
-  }
-
-  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
-  static std::string Bytes(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
   }
   void SetLines(std::size_t count) {
     ScriptLine remark;
@@ -96,7 +85,6 @@ class WriteFaults : public testing::Test {
     EXPECT_TRUE(saved);
   }
 
-  fs::path folder_;
   RecordingSurface surface_;
   std::unique_ptr<Game> game_ = std::make_unique<Game>();
 };
@@ -344,6 +332,9 @@ TEST_F(WriteFaults, AGamesLogHoldsTheOldGamesOrTheNewOnes) {
             rolls.push_back(now.games.at(static_cast<std::size_t>(i))[0]);
           }
           const std::vector<std::int64_t> before = {10'000, 20'000, 30'000};
+          for (const auto& message : surface_.messages) {
+            EXPECT_THAT(message.text, HasSubstr(log + "\nNo space left on device, Error #28"));
+          }
           if (done) {
             ASSERT_EQ(rolls, change.rolls);
           } else if (failed.failure == Failure::kOnce) {

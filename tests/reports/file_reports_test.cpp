@@ -1,9 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <memory>
 
@@ -14,11 +12,11 @@
 #include "reports/print_commands.h"
 #include "reports/printer_surface.h"
 #include "reports/text_writer.h"
+#include "support/scratch_folder.h"
 
 namespace feltmaster {
 namespace {
 
-namespace fs = std::filesystem;
 using namespace money_literals;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
@@ -30,16 +28,12 @@ using Message = RecordingSurface::Message;
 constexpr std::int32_t kYesOrNo = 1030;
 
 // Reports on files: the Games Log and the Dice Roll File.
-class FileReports : public testing::Test {
+class FileReports : public InScratchFolder {
  protected:
   FileReports() {
-    fs::create_directories(folder_);
     game_->surface = &surface_;
     StartUp(*game_, {.data_dir = "", .seed = 7});
   }
-  ~FileReports() override { fs::remove_all(folder_); }
-
-  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
   bool Print(std::string_view name, Confirm confirm = Confirm::kAsk) {
     surface_.printed.clear();
     surface_.messages.clear();
@@ -68,8 +62,6 @@ class FileReports : public testing::Test {
     ASSERT_TRUE(OpenDiceRollFile(*game_, Path("luck.rol")));
   }
 
-  const fs::path folder_ =
-      fs::temp_directory_path() / ("feltmaster_file_reports_" + std::to_string(getpid()));
   PrinterSurface surface_;
   std::unique_ptr<Game> game_ = std::make_unique<Game>();
 };

@@ -24,6 +24,31 @@ TEST(BankrollHistory, AverageWithoutRollsIsZero) {
   EXPECT_EQ(MovingAverage(game, false, 1, 10), Dollars(0));
 }
 
+// Two games with the same bankrolls: the averages of one are read after each roll, those of the
+// other once, in the middle of a page.
+TEST(BankrollHistory, AveragesOfAPageThatNobodyReadAreThere) {
+  for (const std::int32_t window : {0, 1, 120, 525}) {
+    for (const int rolls : {524, 525, 526, 1049, 1051, 1580, 2103}) {
+      Game read;
+      Game unread;
+      for (Game* game : {&read, &unread}) {
+        RestartGraph(*game);
+        game->GraphAverageRolls = window;
+      }
+      for (int roll = 1; roll <= rolls; ++roll) {
+        const MoneyAmount bankroll = Dollars(roll * 7919 % 1000);
+        Track(read, bankroll);
+        SettleAverages(read);
+        Track(unread, bankroll);
+      }
+      for (int position = 1; position <= kGraphRolls; ++position) {
+        ASSERT_EQ(BankrollAverage(unread, position), BankrollAverage(read, position))
+            << "position " << position << " after " << rolls << " rolls, window " << window;
+      }
+    }
+  }
+}
+
 TEST(GraphScale, GrowsUntilThePageFits) {
   Game game;
   RestartGraph(game);

@@ -2,13 +2,11 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <ctime>
-#include <filesystem>
 #include <memory>
 #include <random>
 #include <vector>
@@ -18,28 +16,25 @@
 #include "files/games_log.h"
 #include "files/glg_file.h"
 #include "support/recording_surface.h"
+#include "support/scratch_folder.h"
 #include "view/games_screen.h"
 
 namespace feltmaster {
 namespace {
 
-namespace fs = std::filesystem;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 constexpr std::int64_t kDollar = 10'000;
 constexpr int kShown = 8;
 
-class GamesAnalysisTest : public testing::Test {
+class GamesAnalysisTest : public InScratchFolder {
  protected:
   GamesAnalysisTest() {
-    fs::create_directories(folder_);
     game_->surface = &surface_;
     StartUp(*game_, {});
-    game_->GamesLogFile = (folder_ / "games.glg").string();
+    game_->GamesLogFile = Path("games.glg");
   }
-  ~GamesAnalysisTest() override { fs::remove_all(folder_); }
-
   void Write(const std::vector<GlgGame>& games) {
     WriteBytes(game_->GamesLogFile, GlgBytes(games));
   }
@@ -64,7 +59,6 @@ class GamesAnalysisTest : public testing::Test {
     return GamesFigures(analysis)[row].text;
   }
 
-  fs::path folder_ = fs::temp_directory_path() / ("games-analysis-" + std::to_string(getpid()));
   RecordingSurface surface_;
   std::unique_ptr<Game> game_ = std::make_unique<Game>();
 };
@@ -355,6 +349,12 @@ TEST_F(GamesAnalysisTest, AmountsBeyondAllSumsAreTold) {
             game_->GamesLogFile + "\nOverflow, Error #6 occurred, at: Open Games");
   EXPECT_EQ(game_->GamesCount, 77);
   EXPECT_THAT(game_->GamesValueBox, ElementsAre("", ""));
+  GlgGame boundless{};  // no amount says how many times its handle this game has won
+  boundless[5] = 1;
+  boundless[8] = INT64_MAX / 2;
+  Write({boundless});
+  EXPECT_FALSE(AnalyzeGames(*game_, kNetValue));
+  EXPECT_EQ(surface_.messages.size(), 2u);
 }
 
 TEST_F(GamesAnalysisTest, AMillionGames) {
