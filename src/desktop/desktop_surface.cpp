@@ -332,7 +332,16 @@ std::optional<FileError> DesktopSurface::Print(const Document& document) {
 }
 
 void DesktopSurface::SetClipboard(std::string_view text) {
-  QApplication::clipboard()->setText(ToQt(text));
+  // Tabs and the ends of lines part cells and rows.
+  QString shared;
+  for (;;) {
+    const std::size_t end = text.find_first_of("\t\r\n");
+    shared += ToQt(text.substr(0, end));
+    if (end == std::string_view::npos) break;
+    shared += QLatin1Char(text[end]);
+    text.remove_prefix(end + 1);
+  }
+  QApplication::clipboard()->setText(shared);
 }
 
 std::string DesktopSurface::Clipboard() {

@@ -82,7 +82,8 @@ GamesScreen::GamesScreen(Screens& screens)
       pages_(new QStackedWidget),
       highest_(FigureLabel("lblHighGames")),
       histogram_(this, TheGame()),
-      data_(this, "picData", "vscrRaw", {{"Game #", 14, Qt::AlignRight}, {"", 0, Qt::AlignRight}}),
+      data_(this, "picData", "vscrRaw",
+            {{"Game #", 14, Qt::AlignRight}, {"", 36, Qt::AlignRight}, {"", 0}}),
       range_of_(new QLabel),
       progress_(new QFrame(pages_)),
       bar_(new QProgressBar),
@@ -99,6 +100,9 @@ GamesScreen::GamesScreen(Screens& screens)
   BuildProgress();
   follow_.setSingleShot(true);
   connect(&follow_, &QTimer::timeout, this, [this] { FollowLog(); });
+  TheGame().GamesValueBox = {};
+  TheGame().GamesDeviationBox = {};
+  ShowAnalysis();  // blank, so that the window takes the room that it needs
 }
 
 void GamesScreen::BuildMenus() {
@@ -447,10 +451,10 @@ void GamesScreen::ShowAnalysis() {
     caption_[i]->setText(ToQt(figures[i].caption));
     ShowFigure(*current_[i], analysis_ ? ToQt(figures[i].text) : QString(), figures[i].tone);
   }
-  const QString text = !analysis_            ? "The analysis was given up.\nF5 begins it again."
-                       : shown.games == 0    ? "No games are logged yet."
-                       : shown.included == 0 ? "No games of these outcomes."
-                                             : "";
+  QString text;
+  if (given_up_) text = "The analysis was given up.\nF5 begins it again.";
+  if (analysis_ && shown.included == 0) text = "No games of these outcomes.";
+  if (analysis_ && shown.games == 0) text = "No games are logged yet.";
   histogram_.Show(analysis_ ? &*analysis_ : nullptr, text);
   highest_->setText(ToQt(PaintGamesHistogram(game, shown).highest));
   ShowRange();

@@ -189,6 +189,7 @@ void PaintedList::paintEvent(QPaintEvent*) {
     header.section = column;
     const QRect room = TextRect({0, column});
     header.text = fontMetrics().elidedText(shown.header, Qt::ElideRight, room.width());
+    if (shown.align.testFlag(Qt::AlignRight)) header.text += ' ';
     header.textAlignment = shown.align | Qt::AlignVCenter;
     style()->drawControl(QStyle::CE_Header, &header, &painter, this);
   }

@@ -81,7 +81,9 @@ Screens::~Screens() {
 
 ScreenWindow* Screens::Find(WindowCommand which) const {
   const auto found = open_.find(which);
-  return found == open_.end() ? nullptr : found->second.data();
+  if (found == open_.end() || found->second.isNull()) return nullptr;
+  // One that was closed in a chain of rolls is deleted when the chain has ended.
+  return found->second->isVisible() ? found->second.data() : nullptr;
 }
 
 void Screens::Open(WindowCommand which) {

@@ -23,6 +23,7 @@ class OtherScreens : public AtTheTable {
  protected:
   ScreenWindow& Open(WindowCommand which) {
     window_->AllScreens().Open(which);
+    QApplication::processEvents();
     return *window_->AllScreens().Find(which);
   }
   static void ChooseIn(QWidget& screen, const char* entry) {
@@ -34,6 +35,16 @@ class OtherScreens : public AtTheTable {
     if (auto* const found = Find<QAbstractButton>(screen, button)) found->click();
   }
 };
+
+TEST_F(OtherScreens, AScreenThatWasClosedComesUpAnew) {
+  for (int i = 0; i < 2; ++i) {
+    ScreenWindow& screen = Open(WindowCommand::kFlags);
+    screen.close();  // and is deleted when its turn comes
+    ScreenWindow& again = Open(WindowCommand::kFlags);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(window_->AllScreens().Find(WindowCommand::kFlags), &again);
+  }
+}
 
 // ---- Chip-Stacks --------------------------------------------------------------------------------
 
