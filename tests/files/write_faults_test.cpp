@@ -356,8 +356,10 @@ TEST_F(WriteFaults, TheReasonIsTold) {
   };
   fs::create_directory(folder_ / "folder.crp");
   std::ofstream(Path("plain")) << "x";
+  ASSERT_EQ(mkfifo(Path("pipe").c_str(), 0600), 0);
   const Case cases[] = {
       {"/dev/full", "No space left on device"},
+      {Path("pipe"), "No such device or address"},
       {Path("folder.crp"), "Is a directory"},
       {Path("no/such/a.crp"), "No such file or directory"},
       {Path("plain/a.crp"), "Not a directory"},
