@@ -304,7 +304,7 @@ TEST_F(WriteFaults, AGamesLogHoldsTheOldGamesOrTheNewOnes) {
   const std::string part = Path("part.glg");
   const std::vector<GlgGame> old_games = {{10'000}, {20'000}, {30'000}};
   const std::vector<GlgGame> part_games = {{40'000}, {50'000}};
-  WriteBytes(part, GlgBytes(part_games));
+  Write(part, GlgBytes(part_games));
   game_->Events[0].count = 9;
 
   struct Change {
@@ -321,7 +321,7 @@ TEST_F(WriteFaults, AGamesLogHoldsTheOldGamesOrTheNewOnes) {
     bool done = false;
     const int calls = FailEachCall(
         [&] {
-          WriteBytes(log, GlgBytes(old_games));
+          Write(log, GlgBytes(old_games));
           surface_.messages.clear();
         },
         [&] { done = change.make(); },
