@@ -40,11 +40,11 @@ void PutLittleEndian(char* bytes, Unsigned value) {
 }
 
 std::optional<FileError> WriteInPlace(const std::string& path, std::string_view bytes) {
-  Descriptor file(::open(path.c_str(), O_WRONLY | O_CLOEXEC));
-  if (!file.IsOpen() || !file.Write(bytes) || file.Close() != 0) {
-    return SystemError(errno);
-  }
-  return std::nullopt;
+  // A pipe that nobody reads is an error, not waited for.
+  Descriptor file(::open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK));
+  const bool written = file.IsOpen() && ::fcntl(file.Number(), F_SETFL, O_WRONLY) == 0 &&
+                       file.Write(bytes) && file.Close() == 0;
+  return written ? std::nullopt : std::optional(SystemError(errno));
 }
 
 }  // namespace

@@ -230,7 +230,7 @@ float Ran2(Game& game, std::int32_t& idum) {
     }
     state.Iy = idum = Ran2Step(idum);
   }
-  state.J = 1 + static_cast<std::int32_t>(std::floor(kShuffleCells * std::int64_t{state.Iy} /
+  state.J = 1 + static_cast<std::int32_t>(std::floor(kShuffleCells * static_cast<double>(state.Iy) /
                                                      static_cast<double>(kRan2Modulus)));
   if (state.J > kShuffleCells || state.J < 1) {
     game.LastErrorText = "\nAn error occurred in function Ran2";

@@ -143,7 +143,7 @@ void ResumeDiceRollFile(Game& game) {
 bool SetDiceRollMode(Game& game, DiceRollMode mode) {
   constexpr std::array<std::string_view, 3> kTitles = {"", "Record Dice Rolls During Game Play",
                                                        "Playback Dice Rolls During Game Play"};
-  const std::string title(kTitles[mode]);
+  const std::string title(kTitles[static_cast<std::size_t>(mode)]);
   if (mode != kRecorderOff && game.DiceRollFileName.empty()) {
     SwitchOff(game);
     Tell(game, title, "You need to open a file first.");

@@ -33,8 +33,8 @@ TEST_F(LogVerbTest, ALogIsTheSameForEveryNumberOfJobsAndForItsParts) {
   const ProgramRun one = Simulate(games + "--games 200 --jobs 1 --csv " + Path("all.csv"), "1.glg");
   ASSERT_EQ(one.exit_code, 0) << one.complaints;
   ASSERT_EQ(Simulate(games + "--games 200 --jobs 3", "3.glg").exit_code, 0);
-  const std::string whole = ReadBytes(Path("1.glg"));
-  EXPECT_EQ(ReadBytes(Path("3.glg")), whole);
+  const std::string whole = Bytes(Path("1.glg"));
+  EXPECT_EQ(Bytes(Path("3.glg")), whole);
 
   const GlgLog log = ReadGlg(whole);
   ASSERT_EQ(log.count, 200);
@@ -70,22 +70,22 @@ TEST_F(LogVerbTest, ALogIsTheSameForEveryNumberOfJobsAndForItsParts) {
                                        " --into " + Path("whole.glg") + " --json");
   EXPECT_EQ(merged.exit_code, 0) << merged.complaints;
   EXPECT_EQ(json::parse(merged.output)["games"], 200);
-  EXPECT_EQ(ReadBytes(Path("whole.glg")), whole);
+  EXPECT_EQ(Bytes(Path("whole.glg")), whole);
   // A part that is played again replaces what was there.
   ASSERT_EQ(Simulate(games + "--games 120", "a.glg").exit_code, 0);
-  EXPECT_EQ(ReadGlg(ReadBytes(Path("a.glg"))).count, 120);
+  EXPECT_EQ(ReadGlg(Bytes(Path("a.glg"))).count, 120);
 }
 
 TEST_F(LogVerbTest, EveryGameThatAScriptEndsIsLogged) {
-  WriteBytes(Path("reset.txt"),
-             "When . . .\n"
-             "  The # of rolls in the game are equal to 7\n"
-             "then . . .\n"
-             "  Reset table\n");
+  Write(Path("reset.txt"),
+        "When . . .\n"
+        "  The # of rolls in the game are equal to 7\n"
+        "then . . .\n"
+        "  Reset table\n");
   ASSERT_EQ(Simulate(Path("reset.txt") + " --rolls 200 --games 40 --jobs 1", "1.glg").exit_code, 0);
   ASSERT_EQ(Simulate(Path("reset.txt") + " --rolls 200 --games 40 --jobs 4", "4.glg").exit_code, 0);
-  EXPECT_EQ(ReadBytes(Path("1.glg")), ReadBytes(Path("4.glg")));
-  const GlgLog log = ReadGlg(ReadBytes(Path("1.glg")));
+  EXPECT_EQ(Bytes(Path("1.glg")), Bytes(Path("4.glg")));
+  const GlgLog log = ReadGlg(Bytes(Path("1.glg")));
   EXPECT_EQ(log.count, 40 * 29);  // 28 of 7 rolls each and one of 4
   std::int64_t rolls = 0;
   for (const GlgGame& game : log.games) rolls += game[0] / kDollar;
@@ -102,7 +102,7 @@ TEST_F(LogVerbTest, ShowsExportsAndDraws) {
     game[31] = 12345;
     games.push_back(game);
   }
-  WriteBytes(Path("six.glg"), GlgBytes(games));
+  Write(Path("six.glg"), GlgBytes(games));
   const std::string show = "log show " + Path("six.glg");
   const json all = json::parse(RunProgram(show + " --json").output);
   EXPECT_EQ(all["value"], "net");
@@ -125,7 +125,7 @@ TEST_F(LogVerbTest, ShowsExportsAndDraws) {
   EXPECT_THAT(text.output, StartsWith(Path("six.glg") + ": $ Bets Won/Lost (Net)\n\nWon "));
   EXPECT_THAT(text.output, HasSubstr("\n6 games (100.0%) from -30 to 40\n"));
   EXPECT_THAT(text.output, HasSubstr("########"));
-  const std::string svg = ReadBytes(Path("six.svg"));
+  const std::string svg = Bytes(Path("six.svg"));
   EXPECT_THAT(svg, HasSubstr("class=\"lost\""));
   EXPECT_THAT(svg, HasSubstr("mean 5.00"));
 
@@ -139,14 +139,14 @@ TEST_F(LogVerbTest, ShowsExportsAndDraws) {
   EXPECT_EQ(list[5]["net"], 40);
   EXPECT_EQ(list[5]["stack19"], 1.2345);
 
-  WriteBytes(Path("none.glg"), GlgHeader(0));
+  Write(Path("none.glg"), GlgHeader(0));
   EXPECT_EQ(json::parse(RunProgram("log show " + Path("none.glg") + " --json").output)["games"], 0);
   EXPECT_EQ(RunProgram("log export " + Path("none.glg") + " --json -").output, "[\n]\n");
 }
 
 TEST_F(LogVerbTest, RefusesInOneSentenceAndChangesNothing) {
-  WriteBytes(Path("no.glg"), std::string(600, 'x'));
-  WriteBytes(Path("one.glg"), GlgBytes({GlgGame{}}));
+  Write(Path("no.glg"), std::string(600, 'x'));
+  Write(Path("one.glg"), GlgBytes({GlgGame{}}));
   const std::string refusal =
       "is either from an older version, has been corrupted, or is not a true Feltmaster Games "
       "File.\n";
@@ -174,8 +174,8 @@ TEST_F(LogVerbTest, RefusesInOneSentenceAndChangesNothing) {
     EXPECT_EQ(run.Lines().size(), 0u) << command;
   }
   EXPECT_FALSE(fs::exists(Path("new.glg")));
-  EXPECT_EQ(ReadBytes(Path("one.glg")), GlgBytes({GlgGame{}}));
-  EXPECT_EQ(ReadBytes(Path("no.glg")), std::string(600, 'x'));
+  EXPECT_EQ(Bytes(Path("one.glg")), GlgBytes({GlgGame{}}));
+  EXPECT_EQ(Bytes(Path("no.glg")), std::string(600, 'x'));
 }
 
 }  // namespace

@@ -58,10 +58,10 @@ class GamesLogCommandsTest : public InScratchFolder {
   void WriteLog(const std::string& name, const std::vector<std::int64_t>& nets) {
     std::vector<GlgGame> games;
     for (const std::int64_t net : nets) games.push_back({}), games.back()[8] = net * kDollar;
-    WriteBytes(Path(name), GlgBytes(games));
+    Write(Path(name), GlgBytes(games));
   }
   std::vector<std::int64_t> NetsIn(const std::string& name) const {
-    const GlgLog log = ReadGlg(ReadBytes(Path(name)));
+    const GlgLog log = ReadGlg(Bytes(Path(name)));
     std::vector<std::int64_t> nets;
     for (int i = 0; i < log.count; ++i) {
       nets.push_back(log.games[static_cast<std::size_t>(i)][8] / kDollar);
@@ -76,7 +76,7 @@ class GamesLogCommandsTest : public InScratchFolder {
 TEST_F(GamesLogCommandsTest, NewAsksForTheGamesOfAnUnnamedLog) {
   EXPECT_TRUE(NewLogCommand(*game_));  // there is no log yet
   EXPECT_THAT(surface_.messages, IsEmpty());
-  EXPECT_EQ(ReadBytes(Path("default.glg")), GlgHeader(0));
+  EXPECT_EQ(Bytes(Path("default.glg")), GlgHeader(0));
 
   WriteLog("default.glg", {1, 2, 3});
   surface_.Answer(kAnswerCancel);
@@ -100,7 +100,7 @@ TEST_F(GamesLogCommandsTest, NewAsksForTheGamesOfAnUnnamedLog) {
   EXPECT_TRUE(NewLogCommand(*game_));
   EXPECT_EQ(surface_.captions.back(), "Save Games Log As");
   EXPECT_THAT(NetsIn("kept.glg"), ElementsAre(1, 2, 3));
-  EXPECT_EQ(ReadBytes(Path("default.glg")), GlgHeader(0));
+  EXPECT_EQ(Bytes(Path("default.glg")), GlgHeader(0));
   EXPECT_EQ(game_->GamesLogFile, Path("default.glg"));
   EXPECT_EQ(game_->GamesTopLine, 1);
   EXPECT_THAT(game_->GamesValueBox, ElementsAre("", ""));
@@ -124,7 +124,7 @@ TEST_F(GamesLogCommandsTest, NewAsksForTheGamesOfAnUnnamedLog) {
 TEST_F(GamesLogCommandsTest, OpenSaveAsAndMerge) {
   WriteLog("a.glg", {1, 2});
   WriteLog("b.glg", {3});
-  WriteBytes(Path("no.glg"), "no log at all");
+  Write(Path("no.glg"), "no log at all");
   surface_.files = {"no.glg", "a"};  // the dialog stays open for another name
   EXPECT_TRUE(OpenLogCommand(*game_));
   EXPECT_EQ(game_->GamesLogFile, Path("a.glg"));
@@ -148,7 +148,7 @@ TEST_F(GamesLogCommandsTest, OpenSaveAsAndMerge) {
   EXPECT_EQ(surface_.messages[0].text,
             Path("b.glg") + "\nis already on file.\n\nDo you want to overwrite it?");
   EXPECT_EQ(game_->GamesLogFile, Path("b.glg"));
-  EXPECT_EQ(ReadBytes(Path("b.glg")), ReadBytes(Path("a.glg")));
+  EXPECT_EQ(Bytes(Path("b.glg")), Bytes(Path("a.glg")));
 
   surface_.Answer(kAnswerYes);
   EXPECT_TRUE(DeleteChosenFile(*game_, "Open Games Log", Path("b.glg")));
@@ -228,7 +228,7 @@ TEST_F(GamesLogCommandsTest, FindGoesRoundTheLog) {
   surface_.Type("");
   EXPECT_EQ(find(FindDirection::kAsk), 0);
   EXPECT_EQ(surface_.messages.size(), 2u);  // an empty answer ends it
-  WriteBytes(Path("default.glg"), GlgHeader(0));
+  Write(Path("default.glg"), GlgHeader(0));
   EXPECT_EQ(find(FindDirection::kPrevious), 0);
 }
 
@@ -241,7 +241,7 @@ TEST_F(GamesLogCommandsTest, AGameFileNamesItsLog) {
   ASSERT_TRUE(OpenGame(*game_, Path("game.crp"), true));
   EXPECT_EQ(game_->GamesLogFile, Path("a.glg"));
 
-  WriteBytes(Path("a.glg"), "no log");
+  Write(Path("a.glg"), "no log");
   game_->GamesLogFile = in_use;
   surface_.messages.clear();
   ASSERT_TRUE(OpenGame(*game_, Path("game.crp"), true));
@@ -254,7 +254,7 @@ TEST_F(GamesLogCommandsTest, AGameFileNamesItsLog) {
   game_->Events[0].count = 4;
   EXPECT_TRUE(LogFinishedGame(*game_));
   EXPECT_EQ(game_->GamesLogFile, in_use);
-  EXPECT_EQ(ReadGlg(ReadBytes(in_use)).count, 1);
+  EXPECT_EQ(ReadGlg(Bytes(in_use)).count, 1);
 }
 
 }  // namespace

@@ -79,18 +79,18 @@ TEST_F(GamesLogTest, AFinishedGameIsOneRecordByteForByte) {
     expected[static_cast<std::size_t>(12 + stack)] = (stack - 3) * kDollar;
   }
   ASSERT_TRUE(LogFinishedGame(*game_));
-  EXPECT_EQ(ReadBytes(Path("default.glg")), GlgBytes({expected}));
+  EXPECT_EQ(Bytes(Path("default.glg")), GlgBytes({expected}));
 
   ResetBetResults(*game_);
   ASSERT_TRUE(LogFinishedGame(*game_));
-  const GlgLog log = ReadGlg(ReadBytes(Path("default.glg")));
+  const GlgLog log = ReadGlg(Bytes(Path("default.glg")));
   ASSERT_EQ(log.count, 2);
   EXPECT_EQ(log.games[0], expected);
   EXPECT_EQ(log.games[1][9], 0);  // nothing was bet
 
   HaveRolls(0);
   EXPECT_FALSE(LogFinishedGame(*game_));
-  EXPECT_EQ(ReadGlg(ReadBytes(Path("default.glg"))).count, 2);
+  EXPECT_EQ(ReadGlg(Bytes(Path("default.glg"))).count, 2);
   EXPECT_THAT(surface_.messages, IsEmpty());
 }
 
@@ -98,7 +98,7 @@ TEST_F(GamesLogTest, ALogThatWasCutShortGoesOnWithItsCompleteGames) {
   const std::string whole = GlgBytes(NumberedGames(5));
   const std::string path = Path("cut.glg");
   for (std::size_t size = 256; size < whole.size(); size += 100) {
-    WriteBytes(path, whole.substr(0, size));
+    Write(path, whole.substr(0, size));
     const auto complete = static_cast<std::int32_t>(size / 256 - 1);
     ASSERT_TRUE(OpenGamesLog(*game_, path));
     GamesLogReader log;
@@ -106,7 +106,7 @@ TEST_F(GamesLogTest, ALogThatWasCutShortGoesOnWithItsCompleteGames) {
     ASSERT_EQ(log.Count(), complete) << size;
     HaveRolls(9);
     ASSERT_TRUE(LogFinishedGame(*game_));
-    const GlgLog now = ReadGlg(ReadBytes(path));
+    const GlgLog now = ReadGlg(Bytes(path));
     ASSERT_EQ(now.count, complete + 1);
     ASSERT_EQ(now.games.back()[0], 9 * kDollar);
     if (complete > 0) {
@@ -114,9 +114,9 @@ TEST_F(GamesLogTest, ALogThatWasCutShortGoesOnWithItsCompleteGames) {
     }
   }
   // A game was written and the program ended before its header: it never was.
-  WriteBytes(path, GlgHeader(1) + GlgRecord(NumberedGame(1)) + GlgRecord(NumberedGame(2)));
+  Write(path, GlgHeader(1) + GlgRecord(NumberedGame(1)) + GlgRecord(NumberedGame(2)));
   ASSERT_TRUE(UpdateGamesPlayed(*game_, path));
-  const GlgLog log = ReadGlg(ReadBytes(path));
+  const GlgLog log = ReadGlg(Bytes(path));
   EXPECT_EQ(log.count, 2);
   ASSERT_EQ(log.games.size(), 2u);
   EXPECT_EQ(log.games[1][0], 9 * kDollar);
@@ -139,7 +139,7 @@ TEST_F(GamesLogTest, WhatIsNoLogIsRefusedAndStaysAsItIs) {
   const std::string path = Path("strange.glg");
   HaveRolls(1);
   for (const std::string& bytes : strange) {
-    WriteBytes(path, bytes);
+    Write(path, bytes);
     surface_.messages.clear();
     EXPECT_FALSE(OpenGamesLog(*game_, path));
     ASSERT_EQ(surface_.messages.size(), 1u);
@@ -152,12 +152,12 @@ TEST_F(GamesLogTest, WhatIsNoLogIsRefusedAndStaysAsItIs) {
     if (bytes.empty()) continue;
     EXPECT_FALSE(UpdateGamesPlayed(*game_, path));
     EXPECT_EQ(surface_.messages.size(), 2u);
-    EXPECT_EQ(ReadBytes(path), bytes);
+    EXPECT_EQ(Bytes(path), bytes);
   }
-  EXPECT_TRUE((WriteBytes(path, with_title("  Feltking Games File, Data Format 5.0")),
+  EXPECT_TRUE((Write(path, with_title("  Feltking Games File, Data Format 5.0")),
                OpenGamesLog(*game_, path)));
   // A count that the file cannot hold costs no memory and reads no further than the file.
-  WriteBytes(path, GlgHeader(2'147'483'647) + GlgRecord(NumberedGame(1)));
+  Write(path, GlgHeader(2'147'483'647) + GlgRecord(NumberedGame(1)));
   GamesLogReader log;
   ASSERT_FALSE(log.Open(path));
   EXPECT_EQ(log.Count(), 1);
@@ -183,7 +183,7 @@ TEST_F(GamesLogTest, CopiesOfTheProgramShareALog) {
     });
   }
   for (std::thread& copy : copies) copy.join();
-  const GlgLog log = ReadGlg(ReadBytes(path));
+  const GlgLog log = ReadGlg(Bytes(path));
   constexpr int kDeleted = kGames / 10;
   ASSERT_EQ(log.count, kCopies * kGames - kDeleted);
   std::vector<GlgGame> games(log.games.begin(), log.games.begin() + log.count);
@@ -196,15 +196,15 @@ TEST_F(GamesLogTest, DeletedGamesCloseRanksInAFileOfTheSameLength) {
   const std::string path = Path("five.glg");
   const std::vector<GlgGame> games = NumberedGames(5);
   const std::string tail = "what stood behind the games";
-  WriteBytes(path, GlgBytes(games) + tail);
+  Write(path, GlgBytes(games) + tail);
   ASSERT_FALSE(DeleteFromLog(path, 2, 2));
-  EXPECT_EQ(ReadBytes(path), GlgHeader(4) + GlgRecord(games[0]) + GlgRecord(games[2]) +
-                                 GlgRecord(games[3]) + GlgRecord(games[4]) + GlgRecord(games[4]) +
-                                 tail);
+  EXPECT_EQ(Bytes(path), GlgHeader(4) + GlgRecord(games[0]) + GlgRecord(games[2]) +
+                             GlgRecord(games[3]) + GlgRecord(games[4]) + GlgRecord(games[4]) +
+                             tail);
   EXPECT_TRUE(DeleteFromLog(path, 4, 5));
   ASSERT_FALSE(DeleteFromLog(path, 1, 4));
-  EXPECT_EQ(ReadGlg(ReadBytes(path)).count, 0);
-  EXPECT_EQ(ReadBytes(path).size(), 6 * 256 + tail.size());
+  EXPECT_EQ(ReadGlg(Bytes(path)).count, 0);
+  EXPECT_EQ(Bytes(path).size(), 6 * 256 + tail.size());
 }
 
 TEST_F(GamesLogTest, TheConsoleLogsTheGamesThatEnd) {
@@ -237,7 +237,7 @@ TEST_F(GamesLogTest, TheConsoleLogsTheGamesThatEnd) {
   EXPECT_EQ(answers[14]["value"], 3);
   EXPECT_EQ(answers[15]["ok"], false);
   EXPECT_EQ(answers[16]["ok"], false);
-  const GlgLog bytes = ReadGlg(ReadBytes(log));
+  const GlgLog bytes = ReadGlg(Bytes(log));
   ASSERT_EQ(bytes.count, 3);
   EXPECT_EQ(bytes.games[0][0], 1 * kDollar);
   EXPECT_EQ(bytes.games[0][8], 20 * kDollar);

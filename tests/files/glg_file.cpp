@@ -1,8 +1,6 @@
 #include "files/glg_file.h"
 
 #include <cstring>
-#include <fstream>
-#include <iterator>
 
 namespace feltmaster {
 
@@ -40,15 +38,6 @@ GlgLog ReadGlg(const std::string& bytes) {
     std::memcpy(log.games.emplace_back().data(), &bytes[at], 256);
   }
   return log;
-}
-
-std::string ReadBytes(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
-void WriteBytes(const std::string& path, const std::string& bytes) {
-  std::ofstream(path, std::ios::binary) << bytes;
 }
 
 }  // namespace feltmaster

@@ -22,7 +22,4 @@ struct GlgLog {
 };
 GlgLog ReadGlg(const std::string& bytes);
 
-std::string ReadBytes(const std::string& path);
-void WriteBytes(const std::string& path, const std::string& bytes);
-
 }  // namespace feltmaster

@@ -105,7 +105,7 @@ TEST_F(RollRecorder, PlaybackMakesTheSameGame) {
 
 TEST_F(RollRecorder, TheEndOfTheFile) {
   const std::string question = "Playback stopped.\nRewind for playback?";
-  Write("two.rol", {Byte(1, 2), Byte(4, 4)});
+  Write("two.rol", std::string{Byte(1, 2), Byte(4, 4)});
   Use("two.rol", kPlayback);
   surface_.messages.clear();
   Roll(2);

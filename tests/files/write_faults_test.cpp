@@ -304,7 +304,7 @@ TEST_F(WriteFaults, AGamesLogHoldsTheOldGamesOrTheNewOnes) {
   const std::string part = Path("part.glg");
   const std::vector<GlgGame> old_games = {{10'000}, {20'000}, {30'000}};
   const std::vector<GlgGame> part_games = {{40'000}, {50'000}};
-  WriteBytes(part, GlgBytes(part_games));
+  Write(part, GlgBytes(part_games));
   game_->Events[0].count = 9;
 
   struct Change {
@@ -321,7 +321,7 @@ TEST_F(WriteFaults, AGamesLogHoldsTheOldGamesOrTheNewOnes) {
     bool done = false;
     const int calls = FailEachCall(
         [&] {
-          WriteBytes(log, GlgBytes(old_games));
+          Write(log, GlgBytes(old_games));
           surface_.messages.clear();
         },
         [&] { done = change.make(); },
@@ -356,8 +356,10 @@ TEST_F(WriteFaults, TheReasonIsTold) {
   };
   fs::create_directory(folder_ / "folder.crp");
   std::ofstream(Path("plain")) << "x";
+  ASSERT_EQ(mkfifo(Path("pipe").c_str(), 0600), 0);
   const Case cases[] = {
       {"/dev/full", "No space left on device"},
+      {Path("pipe"), "No such device or address"},
       {Path("folder.crp"), "Is a directory"},
       {Path("no/such/a.crp"), "No such file or directory"},
       {Path("plain/a.crp"), "Not a directory"},

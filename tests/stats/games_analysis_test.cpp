@@ -36,7 +36,7 @@ class GamesAnalysisTest : public InScratchFolder {
     game_->GamesLogFile = Path("games.glg");
   }
   void Write(const std::vector<GlgGame>& games) {
-    WriteBytes(game_->GamesLogFile, GlgBytes(games));
+    InScratchFolder::Write(game_->GamesLogFile, GlgBytes(games));
   }
   // Games with these nets, in ten-thousandths, each with a handle of $100.
   void WriteNets(const std::vector<std::int64_t>& nets) {
@@ -369,7 +369,7 @@ TEST_F(GamesAnalysisTest, AMillionGames) {
     game[8] = std::llround(net(random)) * kDollar;
     bytes += GlgRecord(game);
   }
-  WriteBytes(game_->GamesLogFile, bytes);
+  InScratchFolder::Write(game_->GamesLogFile, bytes);
   bytes = {};
   int told = 0;
   double last = -1;
