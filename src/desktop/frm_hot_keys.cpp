@@ -47,7 +47,7 @@ HotKeysScreen::HotKeysScreen(Screens& screens)
   auto* const column = new QVBoxLayout(body);
   column->addWidget(Fields());
   list_.setAccessibleName("Hot-Keys");
-  list_.setMinimumHeight(list_.sizeHint().height() * (kHotKeyRowsShown + 2) / 18);
+  list_.setMinimumHeight(list_.HeightFor(kHotKeyRowsShown));
   column->addWidget(&list_, 1);
   ConnectList();
   qApp->installEventFilter(this);

@@ -18,6 +18,7 @@ namespace feltmaster {
 namespace {
 
 constexpr int kUsualRows = 16;
+constexpr double kOpenColumn = 50;  // letters, of a column that takes what is left
 constexpr int kFewestRows = 4;
 constexpr int kScrollEvery = 60;  // milliseconds, while the pointer is held beside the list
 constexpr int kNotch = 120;       // of a wheel
@@ -91,6 +92,9 @@ int PaintedList::RowHeight() const {
 }
 int PaintedList::HeaderHeight() const {
   return fontMetrics().height() + 8;
+}
+int PaintedList::HeightFor(int rows) const {
+  return HeaderHeight() + rows * RowHeight() + 2;
 }
 int PaintedList::RowsShown() const {
   return std::max(0, (height() - HeaderHeight() - 1) / RowHeight());
@@ -202,16 +206,15 @@ void PaintedList::paintEvent(QPaintEvent*) {
 
 QSize PaintedList::sizeHint() const {
   double letters = 0;
-  for (const ListColumn& column : columns_) letters += column.letters > 0 ? column.letters : 30;
-  return {Letters(*this, letters) + bar_.sizeHint().width(),
-          HeaderHeight() + kUsualRows * RowHeight() + 2};
+  for (const ListColumn& column : columns_)
+    letters += column.letters > 0 ? column.letters : kOpenColumn;
+  return {Letters(*this, letters) + bar_.sizeHint().width(), HeightFor(kUsualRows)};
 }
 
 QSize PaintedList::minimumSizeHint() const {
   double letters = 0;
   for (const ListColumn& column : columns_) letters += column.letters > 0 ? column.letters : 12;
-  return {Letters(*this, letters) + bar_.sizeHint().width(),
-          HeaderHeight() + kFewestRows * RowHeight() + 2};
+  return {Letters(*this, letters) + bar_.sizeHint().width(), HeightFor(kFewestRows)};
 }
 
 // ---- Events -------------------------------------------------------------------------------------

@@ -51,8 +51,9 @@ class PaintedList : public QWidget {
 
   void SetHeader(int column, const QString& header);
   void Show(std::vector<ListRow> rows);
-  // Rows that fit whole.
+  // Rows that fit whole, and the height that so many need.
   int RowsShown() const;
+  int HeightFor(int rows) const;
   // The scale of the scroll bar, and where it stands.
   void ShowScroll(int first, int last, int place);
 
