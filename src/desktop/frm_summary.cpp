@@ -112,7 +112,7 @@ SummaryScreen::SummaryScreen(Screens& screens) : ScreenWindow(screens, kTraits) 
 }
 
 QSize SummaryScreen::PreferredSize() const {
-  const int edge = fontMetrics().height();
+  const int edge = 4 * fontMetrics().height();  // figures grow while a game is played
   return page_->sizeHint() + QSize(edge, edge + menuBar()->sizeHint().height());
 }
 

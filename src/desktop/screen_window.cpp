@@ -2,8 +2,12 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QScrollArea>
+#include <QTableView>
+#include <QTimer>
 #include <algorithm>
 
 #include "desktop/screens.h"
@@ -11,6 +15,23 @@
 #include "view/user_guide.h"
 
 namespace feltmaster {
+
+namespace {
+
+// What a scrolled page, or a table in its width, has not got room for.
+QSize LackOf(const QAbstractScrollArea& area) {
+  const QSize room = area.viewport()->size();
+  QSize wanted = room;
+  if (const auto* scroll = qobject_cast<const QScrollArea*>(&area)) {
+    const QWidget* page = scroll->widget();
+    if (page != nullptr) wanted = page->sizeHint().expandedTo(page->minimumSizeHint());
+  } else if (const auto* table = qobject_cast<const QTableView*>(&area)) {
+    wanted.setWidth(table->horizontalHeader()->length());
+  }
+  return (wanted - room).expandedTo(QSize(0, 0));
+}
+
+}  // namespace
 
 ScreenWindow::ScreenWindow(Screens& screens, const ScreenTraits& traits)
     : QMainWindow(screens.Table(), Qt::Window), screens_(screens), traits_(traits) {
@@ -29,11 +50,14 @@ void ScreenWindow::ShowInPlace() {
     const ScreenPlacement* kept = traits_.place ? &TheGame().PlacementOf(*traits_.place) : nullptr;
     const QPoint step = QPoint(28, 32) * screens_.OpenCount();
     QRect place(screens_.Table()->geometry().topLeft() + QPoint(24, 24) + step, PreferredSize());
-    if (kept != nullptr && kept->width > 0 && kept->height > 0) {
+    const bool first = kept == nullptr || kept->width <= 0 || kept->height <= 0;
+    if (!first) {
       place = QRect(kept->left, kept->top, kept->width, kept->height);
     }
     setGeometry(OnScreen(place));
     show();
+    // What was filled in while the window was hidden is laid out only now.
+    if (first) QTimer::singleShot(0, this, [this] { GrowToContent(); });
     KeepPlace(true);
   }
   setWindowState(windowState() & ~Qt::WindowMinimized);
@@ -44,6 +68,15 @@ void ScreenWindow::ShowInPlace() {
 std::int32_t ScreenWindow::HelpTopic() const {
   const std::int32_t own = HelpTopicOf(traits_.object_name);
   return own != 0 ? own : traits_.help_topic;
+}
+
+void ScreenWindow::GrowToContent() {
+  QSize lacking(0, 0);
+  for (const QAbstractScrollArea* area : findChildren<QAbstractScrollArea*>()) {
+    lacking = lacking.expandedTo(LackOf(*area));
+  }
+  if (lacking.isNull()) return;
+  setGeometry(OnScreen(QRect(geometry().topLeft(), size() + lacking)));
 }
 
 void ScreenWindow::KeepPlace(bool open) {

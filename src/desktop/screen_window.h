@@ -51,6 +51,8 @@ class ScreenWindow : public QMainWindow {
 
  private:
   void KeepPlace(bool open);
+  // Makes the window as large as what it shows asks for, as far as the screen allows.
+  void GrowToContent();
 
   Screens& screens_;
   ScreenTraits traits_;
