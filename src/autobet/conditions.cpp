@@ -423,8 +423,7 @@ ConditionAnswer CompareThings(Game& game, const CompiledLine& line, std::int32_t
     LeftSide left;
     left.value = ValuesOf(game, line.subject, -1);
     const SlotAnswer answer = CompareWithTarget(line, game, left, right, block_kind);
-    const bool first_look =
-        line.subject.form == SelectionForm::kAverage && RollsMade(game) == 0;
+    const bool first_look = line.subject.form == SelectionForm::kAverage && RollsMade(game) == 0;
     return {answer.now, answer.now && (!answer.before || first_look)};
   }
   const SlotRange range = SlotsOf(game, line.subject);

@@ -5,6 +5,7 @@
 
 #include "autobet/script_lines.h"
 #include "autobet/script_text.h"
+#include "autobet/text_form.h"
 #include "base/number_format.h"
 #include "base/text.h"
 
@@ -12,13 +13,6 @@ namespace feltmaster {
 
 namespace {
 
-constexpr std::size_t kWholeDigits = 13;  // of an amount, in front of the point
-constexpr std::size_t kDecimals = 4;
-constexpr std::size_t kStackDigits = 2;
-constexpr std::size_t kAverageDigits = 3;
-constexpr std::string_view kEach = "each";
-constexpr std::string_view kAll = "all";
-constexpr std::string_view kAverageWords = "roll average )";
 constexpr std::int32_t kHelpOnLabels = 554;
 constexpr std::int32_t kHelpOnFlags = 558;
 
@@ -104,7 +98,7 @@ const ComparisonRow* Kept(const LineDraft& draft) {
 
 std::string AmountText(Field field, std::string_view text) {
   const MoneyAmount amount = ParseMoney(text);
-  if (field == Field::kTimesOrEach && amount == MoneyAmount()) return std::string(kEach);
+  if (field == Field::kTimesOrEach && amount == MoneyAmount()) return std::string(kEachTime);
   if (field == Field::kPositiveAmount) return PlainNumber(Abs(amount));
   return PlainNumber(amount);
 }
@@ -114,7 +108,7 @@ std::int32_t NumberOf(std::string_view digits) {
 std::string NumberText(bool is_average, std::string_view text) {
   const std::int32_t most = is_average ? 999 : 99;
   const std::int32_t number = std::clamp(NumberOf(text), 0, most);
-  return is_average && number == 0 ? std::string(kAll) : std::to_string(number);
+  return is_average && number == 0 ? std::string(kAllRolls) : std::to_string(number);
 }
 
 // Puts the fields in order after a choice.
@@ -136,7 +130,7 @@ std::string_view TruthWords(Field field, bool truth) {
   }
 }
 std::string_view TimesWords(Field field, std::string_view amount) {
-  const bool one = amount == kEach || ParseMoney(amount) == MoneyAmount(1);
+  const bool one = amount == kEachTime || ParseMoney(amount) == MoneyAmount(1);
   if (field == Field::kRolls) return one ? "roll" : "rolls";
   return one ? "time" : "times";
 }
@@ -395,12 +389,12 @@ void SettleField(LineDraft& draft, DraftPart part) {
 bool FieldTakes(const LineDraft& draft, const ShownPart& part, std::string_view text) {
   switch (part.part) {
     case DraftPart::kAmount:
-      return (part.field == Field::kTimesOrEach && text == kEach) ||
+      return (part.field == Field::kTimesOrEach && text == kEachTime) ||
              IsAmountText(text, part.field != Field::kPositiveAmount);
     case DraftPart::kStack:
     case DraftPart::kTargetStack: {
       const bool average = part.field == Field::kAverage;
-      return (average && text == kAll) ||
+      return (average && text == kAllRolls) ||
              (IsDigits(text) && text.size() <= (average ? kAverageDigits : kStackDigits));
     }
     default:

@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "autobet/script_lines.h"
+#include "autobet/text_form.h"
 #include "autobet/vocabulary.h"
 #include "base/number_format.h"
 #include "base/text.h"
@@ -13,13 +14,6 @@ namespace feltmaster {
 
 namespace {
 
-constexpr std::size_t kWholeDigits = 13;  // of an amount, in front of the point
-constexpr std::size_t kDecimals = 4;
-constexpr std::size_t kStackDigits = 2;
-constexpr std::size_t kAverageDigits = 3;
-constexpr std::string_view kAverageWords = "roll average )";
-constexpr std::string_view kAllRolls = "all";
-constexpr std::string_view kEachTime = "each";
 constexpr MoneyAmount kTrueAmount = MoneyAmount(-1);
 
 bool IsBlank(char c) {

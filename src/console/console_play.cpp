@@ -1,4 +1,5 @@
 #include <limits>
+#include <optional>
 #include <ranges>
 #include <string>
 #include <vector>
@@ -112,40 +113,43 @@ std::int32_t CountRolls(Game& game, Function&& play) {
   return RollCounts(game, 0) - before;
 }
 
-Reply AutoRoll(Console& console, Arguments& args) {
-  Game& game = console.Table;
+// A chain of rolls: as many as the command says, or until it stops by itself.
+struct Chain {
+  std::int32_t rolls = 0;
+  std::string words;
+};
+template <typename Start>
+std::optional<Chain> PlayChain(Game& game, Arguments& args, Start&& start) {
   const bool counted = !args.AtEnd();
   const std::int64_t wanted =
       counted ? args.Number("N", 0, std::numeric_limits<std::int32_t>::max()) : 0;
   args.End();
-  if (args.Failed()) return Refused(args);
-
+  if (args.Failed()) return std::nullopt;
   const MoneyAmount before = game.BetAmount[kBankroll];
-  game.KeepRolling = false;  // the roll command is a toggle
+  game.KeepRolling = false;  // what starts a chain is a toggle
   if (counted) SetNumAutoRolls(game, wanted);
-  if (!game.AutoRollDice) SetAutoRollDice(game, true);
-  const std::int32_t rolls = CountRolls(game, [&] { RollCommand(game); });
-  return Done(JsonOf(rolls), std::to_string(rolls) + " rolls. " + BankrollInWords(game, before));
+  const std::int32_t rolls = CountRolls(game, start);
+  return Chain{rolls, std::to_string(rolls) + " rolls. " + BankrollInWords(game, before)};
+}
+
+Reply AutoRoll(Console& console, Arguments& args) {
+  Game& game = console.Table;
+  const std::optional<Chain> chain = PlayChain(game, args, [&] {
+    if (!game.AutoRollDice) SetAutoRollDice(game, true);
+    RollCommand(game);
+  });
+  return chain ? Done(JsonOf(chain->rolls), chain->words) : Refused(args);
 }
 
 Reply HyperDrive(Console& console, Arguments& args) {
   Game& game = console.Table;
-  const bool counted = !args.AtEnd();
-  const std::int64_t wanted =
-      counted ? args.Number("N", 0, std::numeric_limits<std::int32_t>::max()) : 0;
-  args.End();
-  if (args.Failed()) return Refused(args);
-
-  const MoneyAmount before = game.BetAmount[kBankroll];
-  game.KeepRolling = false;  // Hyper-Drive's button is a toggle
-  if (counted) SetNumAutoRolls(game, wanted);
-  const std::int32_t rolls = CountRolls(game, [&] { ToggleHyperDrive(game); });
+  const std::optional<Chain> chain = PlayChain(game, args, [&] { ToggleHyperDrive(game); });
+  if (!chain) return Refused(args);
   std::string stop;
   for (const ShownMessage& message : console.Surface.Messages) {
     if (message.title == "Hyper-Drive Stopped") stop = message.text;
   }
-  return Done(JsonObject().Add("rolls", rolls).Add("stop", stop).Text(),
-              std::to_string(rolls) + " rolls. " + BankrollInWords(game, before));
+  return Done(JsonObject().Add("rolls", chain->rolls).Add("stop", stop).Text(), chain->words);
 }
 
 Reply Bet(Console& console, Arguments& args) {

@@ -44,7 +44,8 @@ std::string Play([[maybe_unused]] const TableOptions& options, [[maybe_unused]] 
   return {};
 #else
   return "this program was built without its desktop; with the packages qt6-base-dev, "
-         "qt6-multimedia-dev and qt6-svg-dev installed, ./run builds it. \"feltmaster console\" plays the table in "
+         "qt6-multimedia-dev and qt6-svg-dev installed, ./run builds it. \"feltmaster console\" "
+         "plays the table in "
          "this terminal.";
 #endif
 }

@@ -9,8 +9,8 @@
 
 namespace feltmaster {
 
-// The game's texts are single bytes, in UTF-8 or, from old files, in Latin-1. Lines and the cells of
-// tables stay apart.
+// The game's texts are single bytes, in UTF-8 or, from old files, in Latin-1. Lines and the cells
+// of tables stay apart.
 inline QString ToQt(std::string_view text) {
   QString converted;
   while (true) {

@@ -240,7 +240,7 @@ std::string_view HyperDriveCaption(const Game& game) {
 }
 
 std::vector<RollCell> RollCells(const Game& game, const RollPanel& panel,
-                                  const PanelLayout& layout) {
+                                const PanelLayout& layout) {
   constexpr std::int32_t kInsetBefore = 2;
   constexpr std::int32_t kInsetBehind = 3;
   std::vector<RollCell> cells;

@@ -84,7 +84,7 @@ struct RollCell {
   bool IsMarked = false;
 };
 std::vector<RollCell> RollCells(const Game& game, const RollPanel& panel,
-                                  const PanelLayout& layout);
+                                const PanelLayout& layout);
 // The label by which the size of the font is found: it starts at the cell's height less 6, is at
 // least 4, and falls until this is narrower than the cell's width less 6.
 std::string_view WidestPanelLabel(PanelDisplay display);
