@@ -293,23 +293,54 @@ TEST_F(ThePlayer, AnswersAScriptAndRunsHotKeys) {
   EXPECT_EQ(RollCounts(*game_, 0), 1);
 }
 
-// Every entry of the menus does something that can be seen: a dialog, a window or a change of the
-// game.
+// Every entry of the menus does something that can be seen: a check that follows the game, a
+// window, or a dialog.
 TEST_F(ThePlayer, ReachesEveryMenuEntry) {
+  const std::set<WindowCommand> modal = {WindowCommand::kConfigure, WindowCommand::kAutoBet,
+                                         WindowCommand::kHotKeys, WindowCommand::kAbout};
   for (const MenuCommand& command : MenuCommands()) {
+    SCOPED_TRACE(command.name);
     auto* action = window_->findChild<QAction*>(QString::fromUtf8(command.name.data()));
-    ASSERT_NE(action, nullptr) << command.name;
+    ASSERT_NE(action, nullptr);
     EXPECT_EQ(action->text().toStdString(), command.caption);
     EXPECT_EQ(action->shortcut().toString().toStdString(), command.shortcut);
     if (command.checked != nullptr) {
       const bool before = command.checked(*game_);
       action->trigger();
-      EXPECT_NE(command.checked(*game_), before) << command.name;
-      EXPECT_EQ(action->isChecked(), !before) << command.name;
+      EXPECT_NE(command.checked(*game_), before);
+      EXPECT_EQ(action->isChecked(), !before);
       action->trigger();
-      EXPECT_EQ(command.checked(*game_), before) << command.name;
+      EXPECT_EQ(command.checked(*game_), before);
+    } else if (modal.contains(command.window)) {
+      Expect([](QWidget& screen) { screen.close(); });
+      action->trigger();
+      NothingExpected();
+    } else if (command.window != WindowCommand::kNone &&
+               command.window != WindowCommand::kCloseTable) {
+      action->trigger();
+      const WindowCommand shown = command.window == WindowCommand::kHelpSearch
+                                      ? WindowCommand::kHelpContents
+                                      : command.window;
+      ASSERT_NE(window_->AllScreens().Find(shown), nullptr);
+      EXPECT_TRUE(window_->AllScreens().Find(shown)->isVisible());
+      window_->AllScreens().Close(shown);
     }
   }
+  game_->GameChanged = false;
+  ExpectPress("cmdButton0");
+  Choose("mnuShowPath");
+  EXPECT_EQ(Titles.back(), "Path");
+  for (const char* file_command : {"mnuOpen", "mnuSave", "mnuSaveAs"}) {
+    Expect([](QWidget& dialog) { Find<QAbstractButton>(dialog, "cmdCancel")->click(); });
+    Choose(file_command);
+    EXPECT_THAT(Titles.back(), testing::HasSubstr("Game File")) << file_command;
+  }
+  Choose("mnuRollDice");
+  EXPECT_EQ(RollCounts(*game_, 0), 1);
+  game_->GameChanged = false;
+  Choose("mnuExit");
+  EXPECT_FALSE(window_->isVisible());
+  NothingExpected();
 }
 
 }  // namespace
