@@ -23,7 +23,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const auto again = ComposeScript(printed);
   fuzz::Require(std::holds_alternative<std::vector<ScriptLine>>(again), "its own text is read");
   const auto& second = std::get<std::vector<ScriptLine>>(again);
-  fuzz::Require(std::ranges::equal(lines, second, {}, LineTextOf, LineTextOf),
+  const auto text_of = [](const ScriptLine& line) { return LineTextOf(line); };
+  fuzz::Require(std::ranges::equal(lines, second, {}, text_of, text_of),
                 "its own text says the same");
   return 0;
 }
