@@ -24,6 +24,12 @@ void RyonScreen::closeEvent(QCloseEvent* event) {
   if (!AllScreens().Closing()) ClosePanel(TheGame());
 }
 
+void RyonScreen::StepAside(bool aside) {
+  const bool shown = isVisible();
+  setWindowFlag(Qt::WindowStaysOnTopHint, !aside);
+  setVisible(shown);  // a change of the flags has hidden it
+}
+
 void RyonScreen::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_F12) {
     close();

@@ -13,6 +13,7 @@ class RyonScreen : public ScreenWindow {
   explicit RyonScreen(Screens& screens);
 
   void Refresh() override { panel_->Refresh(); }
+  void StepAside(bool aside) override;
 
  protected:
   void closeEvent(QCloseEvent* event) override;

@@ -29,6 +29,9 @@ class ScreenWindow : public QMainWindow {
   // most sixty times a second; cheap when nothing has changed for this screen.
   virtual void Refresh() {}
 
+  // While a modal screen is up, one that floats over the others does not.
+  virtual void StepAside(bool) {}
+
   const ScreenTraits& Traits() const { return traits_; }
   // Shows the window at its kept place, or beside the table when it has none.
   void ShowInPlace();

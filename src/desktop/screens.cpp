@@ -76,7 +76,11 @@ std::vector<WindowCommand> Screens::All() {
 }
 
 Screens::~Screens() {
-  for (auto& [command, window] : open_) delete window;
+  for (auto& [command, window] : open_) {
+    if (!window) continue;
+    window->hide();  // a field that is left now is still read by a whole screen
+    delete window;
+  }
 }
 
 ScreenWindow* Screens::Find(WindowCommand which) const {
@@ -104,10 +108,15 @@ void Screens::Open(WindowCommand which) {
   window->setWindowModality(Qt::ApplicationModal);
   QEventLoop until_closed;
   QObject::connect(window, &QObject::destroyed, &until_closed, &QEventLoop::quit);
+  for (auto& [command, other] : open_) {
+    if (other) other->StepAside(true);
+  }
   window->ShowInPlace();
   until_closed.exec();
   for (auto& [command, other] : open_) {
-    if (other) BelongTo(*other, *table_);
+    if (!other) continue;
+    BelongTo(*other, *table_);
+    other->StepAside(false);
   }
 }
 
