@@ -1,6 +1,8 @@
 #include "desktop/desktop.h"
 
 #include <QApplication>
+#include <cstdio>
+#include <cstdlib>
 #include <memory>
 
 #include "desktop/about_dialog.h"
@@ -19,11 +21,27 @@ bool HasDisplay() {
   return false;
 }
 
+namespace {
+
+// The toolkit ends the program when a display that the environment names does not answer.
+void TellOfDeadDisplay(QtMsgType type, const QMessageLogContext&, const QString&) {
+  if (type != QtFatalMsg) return;
+  std::fputs(
+      "feltmaster: the display that $DISPLAY or $WAYLAND_DISPLAY names cannot be opened; "
+      "\"feltmaster console\" plays the table in this terminal.\n",
+      stderr);
+  std::_Exit(2);
+}
+
+}  // namespace
+
 int RunDesktop(const DesktopOptions& options) {
   char name[] = "feltmaster";
   char* arguments[] = {name, nullptr};
   int count = 1;
+  const QtMessageHandler usual = qInstallMessageHandler(TellOfDeadDisplay);
   QApplication application(count, arguments);
+  qInstallMessageHandler(usual);
   QApplication::setApplicationName(QStringLiteral("feltmaster"));
   QApplication::setApplicationDisplayName({});  // titles are told to the letter
   QGuiApplication::setDesktopFileName(QStringLiteral("feltmaster"));
