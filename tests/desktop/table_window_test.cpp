@@ -1,9 +1,13 @@
 #include <gmock/gmock.h>
 
 #include <QAction>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QFile>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMimeData>
+#include <QUrl>
 #include <fstream>
 #include <set>
 #include <variant>
@@ -16,6 +20,7 @@
 #include "base/number_format.h"
 #include "desktop/at_the_table.h"
 #include "engine/chip_list.h"
+#include "files/game_file.h"
 #include "game/bets.h"
 #include "stats/roll_statistics.h"
 #include "table/key_walk.h"
@@ -236,6 +241,37 @@ TEST_F(ThePlayer, StopsAnAutoRollThatDoesNotPause) {
   Press(kRailAboveGrid, Qt::RightButton);
   EXPECT_GE(RollCounts(*game_, 0), 1);
   EXPECT_LT(RollCounts(*game_, 0), 10);
+}
+
+TEST_F(ThePlayer, IsAskedBeforeAScriptIsDisturbed) {
+  WriteScript("Do this . . .\n again\n  Go to \"again\"\n");
+  ExpectPress("cmdButton2");
+  ExpectPress("cmdButton1");
+  Meanwhile([this] { Press(On(kPassLine)); }, 700);
+  Meanwhile([this] { Type(Qt::Key_Left); }, 1000);
+  Roll(1, 2);
+  EXPECT_THAT(Titles, ElementsAre("Auto-Bet Active", "Auto-Bet Active"));
+  EXPECT_FALSE(game_->AutoBetRunning);
+  EXPECT_EQ(On_(kPassLine), Dollars(0));
+  NothingExpected();
+}
+
+TEST_F(ThePlayer, OpensAGameThatIsDroppedOnTheWindow) {
+  game_->BetAmount.Set(kField, Dollars(5));
+  const std::string file = File("dropped.crp");
+  ASSERT_TRUE(SaveGame(*game_, file));
+  game_->BetAmount.Set(kField, Dollars(0));
+  game_->GameChanged = false;
+  QMimeData data;
+  data.setUrls({QUrl::fromLocalFile(QString::fromStdString(file))});
+  QDragEnterEvent enter(QPoint(100, 100), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(window_.get(), &enter);
+  EXPECT_TRUE(enter.isAccepted());
+  QDropEvent drop(QPointF(100, 100), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(window_.get(), &drop);
+  QTest::qWait(100);
+  EXPECT_EQ(On_(kField), Dollars(5));
+  EXPECT_EQ(window_->windowTitle(), "Feltmaster (dropped.crp)");
 }
 
 // The game is not taken from under the chain that is told to end.
