@@ -181,13 +181,19 @@ MoneyAmount SumOf(const Game& game, int first, int last) {
   return sum;
 }
 
+// "all" or one bet, and nothing behind it.
+constexpr int kAllBets = 0;
+int AllOrBet(const Game& game, Arguments& args) {
+  const int slot = args.Take("all") ? kAllBets : args.BetOrStack(game);
+  args.End();
+  return slot;
+}
+
 Reply Remove(Console& console, Arguments& args) {
   Game& game = console.Table;
-  const bool all = args.Take("all");
-  const int slot = all ? 0 : args.BetOrStack(game);
-  args.End();
+  const int slot = AllOrBet(game, args);
   if (args.Failed()) return Refused(args);
-  if (all) {
+  if (slot == kAllBets) {
     RemoveAllBets(game);
     return Amount(SumOf(game, 1, kBetCount),
                   "On the table $" + FormatMoney(game.TotalOnTable) + ".\n");
@@ -207,11 +213,9 @@ Reply Buy(Console& console, Arguments& args) {
 
 Reply Call(Console& console, Arguments& args, int on_off) {
   Game& game = console.Table;
-  const bool all = args.Take("all");
-  const int slot = all ? 0 : args.BetOrStack(game);
-  args.End();
+  const int slot = AllOrBet(game, args);
   if (args.Failed()) return Refused(args);
-  if (all) {
+  if (slot == kAllBets) {
     CallAllBets(game, on_off);
     return Done();
   }

@@ -14,6 +14,7 @@
 #include "base/text.h"
 #include "console/console_command.h"
 #include "console/json_text.h"
+#include "console/line_json.h"
 namespace feltmaster {
 
 namespace {
@@ -138,21 +139,7 @@ Reply ScriptFields(Console& console, Arguments& args) {
   args.End();
   if (args.Failed()) return Refused(args);
   const ScriptLine& line = game.ScriptLines[static_cast<std::size_t>(number - 1)];
-  const std::string json = JsonObject()
-                               .Add("LineKind", line.LineKind)
-                               .Add("LineCode", line.LineCode)
-                               .Add("LineName", line.LineName)
-                               .Add("LineAmount", line.LineAmount)
-                               .Add("LineSubject", line.LineSubject)
-                               .Add("LineSubjectStack", line.LineSubjectStack)
-                               .Add("LineReserved1", line.LineReserved1)
-                               .Add("LineTarget", line.LineTarget)
-                               .Add("LineTargetStack", line.LineTargetStack)
-                               .Add("LineReserved2", line.LineReserved2)
-                               .Add("LineSelected", line.LineSelected)
-                               .Add("LineShade", line.LineShade)
-                               .Add("LineText", line.LineText)
-                               .Text();
+  const std::string json = LineAsJson(line, LineFields::kAll);
   return Done(json, json + '\n');
 }
 

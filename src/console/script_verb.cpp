@@ -13,6 +13,7 @@
 #include "base/record_file.h"
 #include "base/text.h"
 #include "console/json_text.h"
+#include "console/line_json.h"
 #include "console/verbs.h"
 #include "surface/null_surface.h"
 
@@ -94,22 +95,6 @@ std::string Printable(std::string text) {
   return text;
 }
 
-std::string JsonRecord(const ScriptLine& line) {
-  return JsonObject()
-      .Add("LineKind", line.LineKind)
-      .Add("LineCode", line.LineCode)
-      .Add("LineName", line.LineName)
-      .Add("LineAmount", line.LineAmount)
-      .Add("LineSubject", line.LineSubject)
-      .Add("LineSubjectStack", line.LineSubjectStack)
-      .Add("LineReserved1", line.LineReserved1)
-      .Add("LineTarget", line.LineTarget)
-      .Add("LineTargetStack", line.LineTargetStack)
-      .Add("LineReserved2", line.LineReserved2)
-      .Add("LineText", line.LineText)
-      .Text();
-}
-
 int List(const ScriptOptions& options) {
   Desk desk;
   if (const int refused = desk.Load(options.file)) return refused;
@@ -120,7 +105,7 @@ int List(const ScriptOptions& options) {
   }
   std::cout << '[';
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    std::cout << (i == 0 ? "\n" : ",\n") << JsonRecord(lines[i]);
+    std::cout << (i == 0 ? "\n" : ",\n") << LineAsJson(lines[i], LineFields::kStored);
   }
   std::cout << "\n]\n";
   return Printed(kDone);
