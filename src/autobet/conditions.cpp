@@ -19,10 +19,7 @@ std::int64_t InAmountUnits(std::int64_t count) {
   return count * MoneyAmount::kScale;
 }
 
-bool JustRolled(const Game& game, int number) {
-  return RollsSinceLast(game, number) == 0;
-}
-bool CrapsJustRolled(const Game& game) {
+bool CrapsJustRolled(Game& game) {
   return JustRolled(game, 2) || JustRolled(game, 3) || JustRolled(game, 12);
 }
 
@@ -125,7 +122,7 @@ ConditionAnswer AskFlags(const Game& game, const CompiledLine& line) {
   return {Holds(line.relation, InAmountUnits(matches), line.amount.Raw()), false};
 }
 
-ConditionAnswer AskRollEvent(const Game& game, const CompiledLine& line) {
+ConditionAnswer AskRollEvent(Game& game, const CompiledLine& line) {
   const int event = line.counter;
   const std::int64_t amount = line.amount.Raw();
   const bool each = amount == 0;

@@ -36,7 +36,7 @@ void PlayRolls(Game& game, std::int32_t rolls) {
 void DrawRolls(Game& game, std::int32_t rolls) {
   for (std::int32_t roll = 0; roll < rolls; ++roll) {
     DrawDice(game);
-    game.Events[0].count = roll + 1;
+    game.EventCounts[0] = roll + 1;
   }
   ResetScriptCounters(game, 0);  // no script has seen them
 }

@@ -82,7 +82,7 @@ RollFrequenciesScreen::RollFrequenciesScreen(Screens& screens) : ScreenWindow(sc
 }
 
 void RollFrequenciesScreen::Refresh() {
-  const Game& game = TheGame();
+  Game& game = TheGame();
   const int event = ChosenEntry(game).event;
   event_->setCurrentIndex(std::clamp(game.RollFreqsListIndex, 0, kFrequencyEntries - 1));
   const Figures figures = FrequencyFigures(game, event, skewed_);

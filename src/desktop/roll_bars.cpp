@@ -34,7 +34,7 @@ RollBars::RollBars(QWidget* parent) : QWidget(parent) {
   setAccessibleName(QStringLiteral("Roll totals"));
 }
 
-void RollBars::Show(const Game& game, const RollTotals& totals) {
+void RollBars::Show(Game& game, const RollTotals& totals) {
   const QSize least = minimumSizeHint();
   totals_ = totals;
   rows_ = RollTotalRows(game);

@@ -13,7 +13,7 @@ class RollBars : public QWidget {
  public:
   explicit RollBars(QWidget* parent);
 
-  void Show(const Game& game, const RollTotals& totals);
+  void Show(Game& game, const RollTotals& totals);
 
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;

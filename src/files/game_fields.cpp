@@ -283,8 +283,7 @@ constexpr GameField Streaks(Place place) {
 
 constexpr int kGapFields = 90 * kGaps;
 std::int32_t& GapCell(Game& game, int element) {
-  return game.RollGapTable[static_cast<std::size_t>(element / kGaps + 1)]
-                          [static_cast<std::size_t>(element % kGaps)];
+  return GapCell(game, element / kGaps + 1, element % kGaps);
 }
 
 bool& HighlightCell(Game& game, int element) {

@@ -72,7 +72,7 @@ std::vector<NamedEvent> PairEventsByTotal() {
   return events;
 }
 
-Table EventTable(const Game& game, std::string_view heading, bool skewed,
+Table EventTable(Game& game, std::string_view heading, bool skewed,
                  const std::vector<NamedEvent>& events) {
   Table table;
   table.columns = {Align::kLeft, Align::kRight, Align::kRight, Align::kRight, Align::kRight};

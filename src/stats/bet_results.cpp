@@ -11,7 +11,7 @@
 namespace feltmaster {
 namespace {
 
-using Rows = std::array<MoneyAmount, kResultRows>;
+using Rows = ResultRows;
 
 Rows& RowsOf(ResultTable& table, int series, int bet) {
   return table[static_cast<std::size_t>(series)][static_cast<std::size_t>(bet)];
@@ -32,12 +32,16 @@ void MarkLastRoll(Rows& rows, MoneyAmount amount) {
   rows[kResultLastRollAmount] = amount;
 }
 
-void ForgetLastRoll(BetResults& results, int series, int bet) {
-  for (ResultTable* table : {&results.BetWagers, &results.BetWins, &results.BetLosses}) {
-    Rows& rows = RowsOf(*table, series, bet);
-    rows[kResultLastRollCount] = MoneyAmount();
-    rows[kResultLastRollAmount] = MoneyAmount();
-  }
+void ForgetLastRoll(ResultTables& results, ResultSeries series) {
+  results.Earlier[series] = results.Written(series);
+  results.LastRoll[series].ForEach([&](int bet) {
+    for (ResultTable* table : {&results.BetWagers, &results.BetWins, &results.BetLosses}) {
+      Rows& rows = RowsOf(*table, series, bet);
+      rows[kResultLastRollCount] = MoneyAmount();
+      rows[kResultLastRollAmount] = MoneyAmount();
+    }
+  });
+  results.LastRoll[series].Clear();
 }
 
 // The ledger keeps the Come bets on their numbers and their odds as bits.
@@ -75,21 +79,18 @@ void Count(DecisionTally& tally, std::uint32_t serial) {
 
 // The set of bets that worked in this roll, by its number in the ledger. A set it has no room for
 // settles what was counted.
-std::int32_t WorkingSetOfRoll(Game& game) {
-  PhantomLedger& ledger = game.Ledger;
+std::size_t WorkingSetOfRoll(Game& game) {
+  WorkingSetTallies& rolls = game.Ledger.rolls;
   const BetSet& working = game.BetState.Working();
-  std::int32_t& set = ledger.last_set[game.PrevPoint != 0];
-  const auto is = [&](std::int32_t number) {
-    return ledger.working_sets[static_cast<std::size_t>(number)] == working;
-  };
-  if (set >= 0 && is(set)) [[likely]]
+  std::size_t& set = game.Ledger.last_set[game.PrevPoint != 0];
+  if (set < rolls.count && rolls.sets[set] == working) [[likely]]
     return set;
-  for (set = 0; set < ledger.set_count; ++set) {
-    if (is(set)) return set;
+  for (set = 0; set < rolls.count; ++set) {
+    if (rolls.sets[set] == working) return set;
   }
-  if (set == PhantomLedger::kWorkingSets) SettlePhantoms(game);
-  set = ledger.set_count++;
-  ledger.working_sets[static_cast<std::size_t>(set)] = working;
+  if (rolls.count == WorkingSetTallies::kMost) SettlePhantoms(game);
+  set = rolls.count++;
+  rolls.sets[set] = working;
   return set;
 }
 
@@ -155,6 +156,7 @@ class Settlement {
   void Put(ResultTable& table, std::size_t kind, int bet, MoneyAmount amount,
            const DecisionTally& tally) {
     Rows& rows = RowsOf(table, kPhantom, bet);
+    game_.Earlier[kPhantom].Add(bet);
     AddAmounts(rows, MoneyAmount::FromWhole(tally.count), amount.Times(tally.count), amount);
     std::uint32_t& latest = latest_[kind][static_cast<std::size_t>(bet)];
     if (tally.last < latest) return;
@@ -162,7 +164,7 @@ class Settlement {
     rows[kResultLast] = amount;
     if (tally.last == game_.RollSerial) {
       MarkLastRoll(rows, amount);
-      game_.PhantomLastRoll.Add(bet);
+      game_.LastRoll[kPhantom].Add(bet);
     }
   }
 
@@ -182,15 +184,15 @@ void SettleRolls(Settlement& settlement, Judgement roll, const BetSet& bets,
 }
 
 void SettleByDice(Settlement& settlement, const PhantomLedger& ledger) {
-  for (std::size_t set = 0; set < static_cast<std::size_t>(ledger.set_count); ++set) {
-    const BetSet& working = ledger.working_sets[set];
+  for (std::size_t set = 0; set < ledger.rolls.count; ++set) {
+    const BetSet& working = ledger.rolls.sets[set];
     for (int pair = 0; pair < kDicePairs; ++pair) {
       DecisionTally all;  // whatever the point was
-      for (int slot = 0; slot <= kSlotCount; ++slot) {
+      for (int point = 0; point <= 12; ++point) {
         const DecisionTally& tally =
-            ledger.rolls[set][static_cast<std::size_t>(slot)][static_cast<std::size_t>(pair)];
+            ledger.rolls
+                .tallies[set][static_cast<std::size_t>(point)][static_cast<std::size_t>(pair)];
         if (tally.count == 0) continue;
-        const int point = slot == kSlotCount ? 0 : NumberOfSlot(slot);
         SettleRolls(settlement, {pair, point}, working & kLineBets, tally);
         all.count += tally.count;
         all.last = std::max(all.last, tally.last);
@@ -238,13 +240,8 @@ bool IsComeFlagCell(ResultKind kind, int series, int bet, int row) {
 
 void BeginRollResults(Game& game) {
   ++game.RollSerial;
-  if (!game.DecidedLastRoll.Empty()) {
-    game.DecidedLastRoll.ForEach([&](int bet) { ForgetLastRoll(game, kActual, bet); });
-    game.DecidedLastRoll.Clear();
-  }
-  if (!game.PhantomLastRoll.Empty()) {
-    game.PhantomLastRoll.ForEach([&](int bet) { ForgetLastRoll(game, kPhantom, bet); });
-    game.PhantomLastRoll.Clear();
+  for (const ResultSeries series : {kActual, kPhantom}) {
+    if (!game.LastRoll[series].Empty()) ForgetLastRoll(game, series);
   }
 
   // The bets that the last roll decided are gone; with a point on, others have come to its number.
@@ -255,23 +252,23 @@ void BeginRollResults(Game& game) {
 }
 
 void RecordPhantomDecisions(Game& game) {
-  const auto set = static_cast<std::size_t>(WorkingSetOfRoll(game));
-  const auto slot =
-      static_cast<std::size_t>(game.PrevPoint == 0 ? kSlotCount : SlotOfNumber(game.PrevPoint));
+  const std::size_t set = WorkingSetOfRoll(game);
+  const auto point = static_cast<std::size_t>(game.PrevPoint);
   const auto pair = static_cast<std::size_t>(PairOfDice(game.Die1, game.Die2));
-  Count(game.Ledger.rolls[set][slot][pair], game.RollSerial);
+  Count(game.Ledger.rolls.tallies[set][point][pair], game.RollSerial);
   CountComeBets(game, game.Die1 + game.Die2);
 }
 
 void SettlePhantoms(Game& game) {
   PhantomLedger& ledger = game.Ledger;
-  if (ledger.set_count == 0) return;
+  if (ledger.rolls.count == 0) return;
   Settlement settlement(game);
   SettleByDice(settlement, ledger);
   SettleComeBets(settlement, ledger);
-  const std::uint32_t come_on = ledger.come_on;
-  ledger = PhantomLedger();
-  ledger.come_on = come_on;
+  ledger.rolls.Clear();
+  ledger.come_won = {};
+  ledger.come_lost = {};
+  ledger.come_lost_last = {};
 }
 
 void RecordBetResult(Game& game, int bet, MoneyAmount amount, MoneyAmount result) {
@@ -295,7 +292,7 @@ void RecordBetResult(Game& game, int bet, MoneyAmount amount, MoneyAmount result
   } else {
     record(game.BetLosses, -result);
   }
-  game.DecidedLastRoll.Add(bet);
+  game.LastRoll[kActual].Add(bet);
 }
 
 MoneyAmount ResultCell(Game& game, ResultKind kind, int series, int bet, int row) {
@@ -314,12 +311,13 @@ void SetResultCell(Game& game, ResultKind kind, int series, int bet, int row, Mo
     return;
   }
   RowsOf(TableOf(game, kind), series, bet)[static_cast<std::size_t>(row)] = value;
-  if (IsLayoutBet(bet) && (row == kResultLastRollCount || row == kResultLastRollAmount)) {
-    (series == kPhantom ? game.PhantomLastRoll : game.DecidedLastRoll).Add(bet);
-  }
+  const bool of_last_roll = row == kResultLastRollCount || row == kResultLastRollAmount;
+  std::array<BetSet, 2>& bets = IsLayoutBet(bet) && of_last_roll ? game.LastRoll : game.Earlier;
+  bets[static_cast<std::size_t>(series)].Add(bet);
 }
 
 void TotalBetResults(Game& game, int first_bet, int last_bet, bool clear_first) {
+  game.Earlier[kActual].Add(0);
   for (ResultTable* table : {&game.BetWagers, &game.BetWins, &game.BetLosses}) {
     Rows& total = RowsOf(*table, kActual, 0);
     for (std::size_t row = kResultCount; row < kResultRows; ++row) {

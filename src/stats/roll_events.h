@@ -86,7 +86,6 @@ inline constexpr std::array<NumberGroup, 18> kNumberGroups = [] {
 
 // The events of one pair of dice, in the order in which a roll files them, and kNoEvent behind
 // them.
-inline constexpr std::size_t kMostEvents = 11;
 struct PairEvents {
   std::uint8_t count = 0;
   std::array<std::uint8_t, kMostEvents> event = [] {

@@ -9,14 +9,7 @@
 namespace feltmaster {
 namespace {
 
-constexpr int kGapLimit = kGaps - 1;  // gaps of so many rolls and more share a cell
-
-RollEvent& Event(Game& game, int category) {
-  return game.Events[static_cast<std::size_t>(category)];
-}
-const RollEvent& Event(const Game& game, int category) {
-  return game.Events[static_cast<std::size_t>(category)];
-}
+constexpr std::size_t kGapLimit = kGaps - 1;  // gaps of so many rolls and more share a cell
 
 // A game ends long before a counter is full, but a file may bring a full one: it then wraps.
 void Grow(std::int32_t& counter, std::int32_t by = 1) {
@@ -24,18 +17,51 @@ void Grow(std::int32_t& counter, std::int32_t by = 1) {
                                       static_cast<std::uint32_t>(by));
 }
 
-void HitRollCategory(Game& game, int category, std::uint32_t clock) {
-  RollEvent& event = Event(game, category);
-  const std::uint32_t gap = clock - event.hit;
-  event.hit_before = event.hit;
-  event.hit = clock;
-  auto& gaps = game.RollGapTable[static_cast<std::size_t>(category)];
+// The rows of the events of each pair of dice, in the order of kPairEvents.
+using EventRows = std::array<std::uint16_t, kMostEvents>;
+constexpr std::array<EventRows, kDicePairs> kEventRows = [] {
+  static_assert(EventFile::RowOf(kNoEvent) <= 0xFFFF);
+  std::array<EventRows, kDicePairs> rows{};
+  for (std::size_t pair = 0; pair < kDicePairs; ++pair) {
+    for (std::size_t i = 0; i < kMostEvents; ++i) {
+      rows[pair][i] = static_cast<std::uint16_t>(EventFile::RowOf(kPairEvents[pair].event[i]));
+    }
+  }
+  return rows;
+}();
+
+// One event of a roll.
+void FileEvent(std::int32_t* row, std::uint32_t clock) {
+  const std::uint64_t gap = clock - static_cast<std::uint32_t>(*row);
+  *row = static_cast<std::int32_t>(clock);
+  std::int32_t* const gaps = row + 1;
   if (gap <= kGapLimit) [[likely]] {
     Grow(gaps[gap]);
   } else {
     Grow(gaps[kGapLimit]);
     Grow(gaps[0], static_cast<std::int32_t>(gap));
   }
+}
+
+void FileNotes(RollStatistics& statistics) {
+  const std::uint32_t last = std::exchange(statistics.Unfiled.count, 0) - 1;
+  std::int32_t* const cells = statistics.Filed.Cells();
+  std::uint32_t clock = statistics.RollClock - last;
+  for (std::uint32_t roll = 0; roll < last; ++roll, ++clock) {
+#pragma GCC unroll 11
+    for (const std::uint16_t row : kEventRows[statistics.Unfiled.pairs[roll]]) {
+      FileEvent(cells + row, clock);
+    }
+  }
+  const EventRows& rows = kEventRows[statistics.Unfiled.pairs[last]];
+  for (std::size_t i = 0; i < kMostEvents; ++i) {
+    statistics.HitsBefore[i] = static_cast<std::uint32_t>(cells[rows[i]]);
+    FileEvent(cells + rows[i], clock);
+  }
+}
+
+void FileRolls(RollStatistics& statistics) {
+  if (statistics.Unfiled.count != 0) FileNotes(statistics);
 }
 
 std::int32_t& Counter(Game& game, GameCounter counter) {
@@ -104,28 +130,43 @@ std::int32_t CountFollowed(const Game& game, int category) {
   return category == 1 ? static_cast<std::int32_t>(game.RollClock) : RollCounts(game, category);
 }
 
+// Whether an event of dice is one of the last counted roll.
+bool HitByLastRoll(const Game& game, int category) {
+  return game.LastCountedRoll >= 0 &&
+         (kPairsOfEvent[static_cast<std::size_t>(category)] >> game.LastCountedRoll & 1) != 0;
+}
 bool HitByThisRoll(const Game& game, int category) {
   if (game.RollClock == game.RollClockAtStart) return false;
-  if (category <= kLastPlainCategory) return true;
-  if (game.LastCountedRoll < 0) return false;
-  const PairEvents& events = kPairEvents[static_cast<std::size_t>(game.LastCountedRoll)];
-  const auto* const end = events.event.begin() + events.count;
-  return std::find(events.event.begin(), end, category) != end;
+  return category <= kLastPlainCategory || HitByLastRoll(game, category);
 }
 
-// The clock at the last hit, when the event had counted so many and was last hit at that time.
-std::uint32_t HitForScript(const Game& game, int category, std::int32_t count, std::uint32_t hit) {
+std::uint32_t HitOf(Game& game, int category) {
+  FileRolls(game);
+  return game.Filed.Hit(category);
+}
+// Of an event of the last counted roll: the clock at the hit before it.
+std::uint32_t HitBeforeLastRoll(Game& game, int category) {
+  FileRolls(game);
+  const PairEvents& events = kPairEvents[static_cast<std::size_t>(game.LastCountedRoll)];
+  const auto* const place = std::find(events.event.begin(), events.event.end(), category);
+  return game.HitsBefore[static_cast<std::size_t>(place - events.event.begin())];
+}
+
+// The clock at the last hit of an event that has counted so many; `hit` tells the event's own.
+template <typename Hit>
+std::uint32_t HitForScript(const Game& game, int category, std::int32_t count, Hit hit) {
   const ScriptEvent& script = ScriptPart(game, category);
-  return category <= kLastPlainCategory || count == script.mark_count ? script.mark : hit;
+  return category <= kLastPlainCategory || count == script.mark_count ? script.mark : hit();
 }
-std::uint32_t ScriptHit(const Game& game, int category) {
-  return HitForScript(game, category, CountFollowed(game, category), Event(game, category).hit);
+std::uint32_t ScriptHit(Game& game, int category) {
+  return HitForScript(game, category, CountFollowed(game, category),
+                      [&] { return HitOf(game, category); });
 }
-std::uint32_t ScriptHitSeen(const Game& game, int category) {
+std::uint32_t ScriptHitSeen(Game& game, int category) {
   if (game.ScriptResets.Has(category)) return ScriptPart(game, category).hit_seen;
   if (!HitByThisRoll(game, category)) return ScriptHit(game, category);
   return HitForScript(game, category, Less(CountFollowed(game, category), 1),
-                      Event(game, category).hit_before);
+                      [&] { return HitBeforeLastRoll(game, category); });
 }
 
 std::uint32_t ClockOf(const Game& game, int category) {
@@ -156,15 +197,13 @@ void RecordRollStatistics(Game& game) {
   } else if (game.DiceTotal == 7 || game.DiceTotal == game.Point) {
     game.Point = 0;
   }
-  Grow(Event(game, 0).count);
+  Grow(game.EventCounts[0]);
   Grow(Counter(game, kRollsThisHand));
   if (game.PrevPoint == 0) Grow(Counter(game, kComeOutRolls));
-  const std::uint32_t clock = ++game.RollClock;
-
+  if (game.Unfiled.count == RollNotes::kRoom) FileNotes(game);
   const int pair = PairOfDice(game.Die1, game.Die2);
-  const PairEvents& events = kPairEvents[static_cast<std::size_t>(pair)];
-#pragma GCC unroll 11
-  for (const std::uint8_t category : events.event) HitRollCategory(game, category, clock);
+  game.Unfiled.pairs[game.Unfiled.count++] = static_cast<std::uint8_t>(pair);
+  ++game.RollClock;
   Grow(game.PairRolls[static_cast<std::size_t>(pair)]);
   game.LastCountedRoll = pair;
 }
@@ -202,7 +241,7 @@ void ResetScriptCounters(Game& game, int category) {
 }
 
 std::int32_t RollCounts(const Game& game, int category) {
-  std::int32_t count = Event(game, category).count;
+  std::int32_t count = game.EventCounts[static_cast<std::size_t>(category)];
   std::uint64_t pairs = kPairsOfEvent[static_cast<std::size_t>(category)];
   for (; pairs != 0; pairs &= pairs - 1) {
     Grow(count, game.PairRolls[static_cast<std::size_t>(std::countr_zero(pairs))]);
@@ -210,9 +249,19 @@ std::int32_t RollCounts(const Game& game, int category) {
   return count;
 }
 
-std::int32_t RollsSinceLast(const Game& game, int category) {
+std::int32_t RollsSinceLast(Game& game, int category) {
   if (category == 0) return game.RollsSeenByScript;
-  return static_cast<std::int32_t>(game.RollClock - Event(game, category).hit);
+  return static_cast<std::int32_t>(game.RollClock - HitOf(game, category));
+}
+
+bool JustRolled(Game& game, int category) {
+  if (category > kLastPlainCategory && game.Unfiled.count != 0) {
+    // The last roll is still noted, and tells without filing. Only a file may bring a mark that
+    // lies ahead of the clock.
+    if (HitByLastRoll(game, category)) return true;
+    if (game.Filed.Hit(category) != game.RollClock) return false;
+  }
+  return RollsSinceLast(game, category) == 0;
 }
 
 std::int32_t ScriptRollCounts(const Game& game, int category) {
@@ -224,18 +273,19 @@ std::int32_t ScriptRollCountsSeen(const Game& game, int category) {
   return Less(ScriptRollCounts(game, category), HitByThisRoll(game, category) ? 1 : 0);
 }
 
-std::int32_t ScriptRollsSince(const Game& game, int category) {
+std::int32_t ScriptRollsSince(Game& game, int category) {
   return static_cast<std::int32_t>(ClockOf(game, category) - ScriptHit(game, category));
 }
 
-std::int32_t ScriptRollsSinceSeen(const Game& game, int category) {
+std::int32_t ScriptRollsSinceSeen(Game& game, int category) {
   return static_cast<std::int32_t>(ClockAtStartOf(game, category) - ScriptHitSeen(game, category));
 }
 
 void SetRollCounts(Game& game, int category, std::int32_t value) {
   ScriptEvent& script = HoldScriptCounters(game, category);
   const std::int32_t before = CountFollowed(game, category);
-  Grow(Event(game, category).count, Less(value, RollCounts(game, category)));
+  Grow(game.EventCounts[static_cast<std::size_t>(category)],
+       Less(value, RollCounts(game, category)));
   const std::int32_t rise = Less(CountFollowed(game, category), before);
   Grow(script.count_base, rise);
   Grow(script.mark_count, rise);
@@ -247,7 +297,9 @@ void SetRollsSinceLast(Game& game, int category, std::int32_t value) {
     return;
   }
   HoldScriptCounters(game, category);
-  Event(game, category).hit = game.RollClock - static_cast<std::uint32_t>(value);
+  FileRolls(game);
+  game.Filed.Cells()[EventFile::RowOf(category)] =
+      Less(static_cast<std::int32_t>(game.RollClock), value);
 }
 
 void SetScriptRollCounts(Game& game, int category, std::int32_t value) {
@@ -266,6 +318,15 @@ void SetScriptRollsSince(Game& game, int category, std::int32_t value) {
 void SetScriptRollsSinceSeen(Game& game, int category, std::int32_t value) {
   HoldScriptCounters(game, category).hit_seen =
       ClockAtStartOf(game, category) - static_cast<std::uint32_t>(value);
+}
+
+std::span<const std::int32_t, kGaps> GapsOf(Game& game, int category) {
+  FileRolls(game);
+  return game.Filed.Gaps(category);
+}
+std::int32_t& GapCell(Game& game, int category, int gap) {
+  FileRolls(game);
+  return game.Filed.Cells()[EventFile::RowOf(category) + 1 + static_cast<std::size_t>(gap)];
 }
 
 float ProbablePercent(const Game& game, int category, bool skewed) {

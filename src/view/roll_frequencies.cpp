@@ -100,13 +100,9 @@ namespace {
 
 constexpr std::size_t kLastGap = kGaps - 1;  // holds all gaps of its length and longer
 
-const std::array<std::int32_t, kGaps>& GapsOf(const Game& game, int event) {
-  return game.RollGapTable[static_cast<std::size_t>(event)];
-}
-
 }  // namespace
 
-double AverageGap(const Game& game, int event) {
+double AverageGap(Game& game, int event) {
   const auto& gaps = GapsOf(game, event);
   // Gaps of exactly 200 rolls are in neither sum of lengths, but they are counted.
   std::int64_t rolls = gaps[0];
@@ -118,7 +114,7 @@ double AverageGap(const Game& game, int event) {
   return count == 0 ? 0 : static_cast<double>(rolls) / static_cast<double>(count);
 }
 
-Figures FrequencyFigures(const Game& game, int event, bool skewed) {
+Figures FrequencyFigures(Game& game, int event, bool skewed) {
   const std::int64_t all = RollCounts(game, 0);
   const std::int64_t rolls = RollCounts(game, event);
   const double actual = all == 0 ? 0 : static_cast<double>(rolls) / static_cast<double>(all) * 100;
@@ -134,13 +130,13 @@ Figures FrequencyFigures(const Game& game, int event, bool skewed) {
   };
 }
 
-Rows FrequencyRows(const Game& game, const FrequencyEntry& entry, bool skewed) {
+Rows FrequencyRows(Game& game, const FrequencyEntry& entry, bool skewed) {
   Rows rows = RowsOf(FrequencyFigures(game, entry.event, skewed));
   rows.insert(rows.begin(), {"Display frequencies for:", std::string(entry.caption)});
   return rows;
 }
 
-Rows GapRows(const Game& game, int event) {
+Rows GapRows(Game& game, int event) {
   const auto& gaps = GapsOf(game, event);
   Rows rows;
   for (std::size_t gap = 1; gap <= kLastGap; ++gap) {

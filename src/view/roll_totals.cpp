@@ -115,7 +115,7 @@ double RollScaleTop(double most) {
   return step * (rounded / step) + step;
 }
 
-RollTotals RollTotalsOf(const Game& game) {
+RollTotals RollTotalsOf(Game& game) {
   RollTotals totals;
   totals.heading = HeadingOf(game.RollTotalsDisplay);
   totals.total_rolls = CountText(std::int64_t{RollCounts(game, 0)});
@@ -160,7 +160,7 @@ std::string ProbableText(double percent) {
   return FormatNumber(percent, "#,##0.00#");
 }
 
-Rows RollTotalRows(const Game& game) {
+Rows RollTotalRows(Game& game) {
   const RollTotals totals = RollTotalsOf(game);
   Row labels = {std::string(totals.heading)};
   Row rolls = {"# of rolls"};

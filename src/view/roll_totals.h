@@ -39,7 +39,7 @@ struct RollTotals {
   std::array<double, 5> axis{};  // 0 to the top of the scale, in percent
 };
 
-RollTotals RollTotalsOf(const Game& game);
+RollTotals RollTotalsOf(Game& game);
 
 // The top of a scale that holds `most` percent: the next multiple of 5 from 8 on, of 4 below. A
 // most that rounds to such a multiple without being one takes the multiple after it.
@@ -73,7 +73,7 @@ extern const std::array<RollTotalsColors, kRollTotalsColorings> kRollTotalsColor
 RollTotalsColors RollTotalsColorsOf(const Game& game, std::size_t bar);
 
 // The table above the bars, a column for each: heading and labels, counts, rolls since, percents.
-Rows RollTotalRows(const Game& game);
+Rows RollTotalRows(Game& game);
 
 // A probable percentage as it is shown: two places, and the third of the skewed ones.
 std::string ProbableText(double percent);

@@ -92,7 +92,7 @@ void AddStatistics(RowHash& hash, Game& game) {
            ScriptRollsSince(game, category), ScriptRollsSinceSeen(game, category));
   }
   for (int category = 0; category < kRollCategories; ++category) {
-    Add(hash, game.RollGapTable[static_cast<std::size_t>(category)]);
+    Add(hash, GapsOf(game, category));
   }
   Add(hash, game.GameCounters);
   for (const ResultKind kind : {ResultKind::kWagers, ResultKind::kWins, ResultKind::kLosses}) {

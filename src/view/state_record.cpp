@@ -156,7 +156,7 @@ constexpr StateName Counter(std::string_view name) {
 }
 
 // The counters of the roll events, which are not kept in the form they are read in.
-template <std::int32_t (*kGet)(const Game&, int), void (*kSet)(Game&, int, std::int32_t)>
+template <auto kGet, void (*kSet)(Game&, int, std::int32_t)>
 constexpr StateName RollEvents(std::string_view name) {
   return Custom(
       name, StateType::kWhole, 1, {{{0, kRollCategories - 1}}},
@@ -582,13 +582,10 @@ const StateName
             Custom(
                 "RollGapTable", kWhole, 2, {{{0, kRollCategories - 1}, {0, kGaps - 1}}},
                 [](Game& game, const StateIndex& index) {
-                  return Wrap(game.RollGapTable[static_cast<std::size_t>(index[0])]
-                                               [static_cast<std::size_t>(index[1])]);
+                  return Wrap(GapCell(game, index[0], index[1]));
                 },
                 [](Game& game, const StateIndex& index, const StateValue& value) {
-                  return Assign(game.RollGapTable[static_cast<std::size_t>(index[0])]
-                                                 [static_cast<std::size_t>(index[1])],
-                                value);
+                  return Assign(GapCell(game, index[0], index[1]), value);
                 }),
             ROW(GameCounters, 0, kGameCounters - 1),
             COUNTER(RollsThisHand),

@@ -112,7 +112,7 @@ TEST(CheckLimits, LeavingTakesEffect) {
   EXPECT_EQ(game.BankrollLow, 1000_usd);
   EXPECT_EQ(game.PayTable[kField].PayDenominator, 5_usd);
 
-  game.Events[0].count = 10;
+  game.EventCounts[0] = 10;
   game.BetAmount.Set(kBankroll, 900_usd);
   EXPECT_EQ(table.CheckTells(), "");
   EXPECT_EQ(game.BankrollHigh, 1000_usd);

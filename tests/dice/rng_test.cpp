@@ -26,7 +26,7 @@ struct Table {
   // One roll, counted as the game counts it: 10 * first die + second die.
   int Roll() {
     DrawDice(game);
-    ++game.Events[0].count;
+    ++game.EventCounts[0];
     return game.Die1 * 10 + game.Die2;
   }
   std::vector<int> Rolls(int count) {

@@ -67,7 +67,7 @@ void ExpectSoundCounts(Game& game) {
   ASSERT_EQ(rolls, RollCounts(game, 0));
 
   for (int event = 2; event < kRollCategories; ++event) {
-    const auto& gaps = game.RollGapTable[static_cast<std::size_t>(event)];
+    const auto& gaps = GapsOf(game, event);
     std::int64_t hits = 0;
     std::int64_t length = gaps[0];  // of the gaps longer than 200
     for (int gap = 1; gap <= 200; ++gap) {

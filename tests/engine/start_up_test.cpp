@@ -92,7 +92,7 @@ TEST(ResetGame, ClearsTheTableAndKeepsTheRules) {
   game.Point = 6;
   game.TotalOnTable = 20_usd;
   game.BankrollSum = 77_usd;
-  game.Events[0].count = 99;
+  game.EventCounts[0] = 99;
   game.ScriptFlags = {{"a", true, true}};
   game.HyperDriveStopText = "x";
   game.GameFileName = "x.crp";

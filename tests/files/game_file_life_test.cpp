@@ -141,7 +141,7 @@ TEST_F(GameFileLife, HyperDriveGoesOn) {
   game->NumAutoRolls = 700;
   game->AutoRollsRemaining = 700;
   ToggleHyperDrive(*game);
-  ASSERT_EQ(game->Events[0].count, 700);
+  ASSERT_EQ(game->EventCounts[0], 700);
   ASSERT_TRUE(SaveGame(*game, Path("a.crp")));
   std::unique_ptr<Game> other = NewTable();
   ASSERT_TRUE(OpenGame(*other, Path("a.crp"), true));

@@ -93,7 +93,7 @@ TEST_F(GamesLogCommandsTest, NewAsksForTheGamesOfAnUnnamedLog) {
 
   game_->GamesTopLine = 3;
   game_->GamesValueBox = {"1", "2"};
-  game_->Events[0].count = 5;
+  game_->EventCounts[0] = 5;
   surface_.messages.clear();
   surface_.Answer(kAnswerYes);
   surface_.files = {"kept"};
@@ -114,7 +114,7 @@ TEST_F(GamesLogCommandsTest, NewAsksForTheGamesOfAnUnnamedLog) {
 
   // A log with a name of its own needs no question.
   surface_.messages.clear();
-  game_->Events[0].count = 0;
+  game_->EventCounts[0] = 0;
   game_->GamesLogFile = Path("kept.glg");
   EXPECT_TRUE(NewLogCommand(*game_));
   EXPECT_THAT(surface_.messages, IsEmpty());
@@ -251,7 +251,7 @@ TEST_F(GamesLogCommandsTest, AGameFileNamesItsLog) {
 
   // A log that is gone with its folder gives way to the default log when a game is logged.
   game_->GamesLogFile = Path("gone/x.glg");
-  game_->Events[0].count = 4;
+  game_->EventCounts[0] = 4;
   EXPECT_TRUE(LogFinishedGame(*game_));
   EXPECT_EQ(game_->GamesLogFile, in_use);
   EXPECT_EQ(ReadGlg(Bytes(in_use)).count, 1);

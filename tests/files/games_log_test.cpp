@@ -31,7 +31,7 @@ class GamesLogTest : public InScratchFolder {
     game_->surface = &surface_;
     StartUp(*game_, {.data_dir = Path(""), .seed = 1});
   }
-  void HaveRolls(std::int32_t rolls) { game_->Events[0].count = rolls; }
+  void HaveRolls(std::int32_t rolls) { game_->EventCounts[0] = rolls; }
   // Games whose every amount tells which one it is.
   static GlgGame NumberedGame(std::int64_t number) {
     GlgGame game;

@@ -305,7 +305,7 @@ TEST_F(WriteFaults, AGamesLogHoldsTheOldGamesOrTheNewOnes) {
   const std::vector<GlgGame> old_games = {{10'000}, {20'000}, {30'000}};
   const std::vector<GlgGame> part_games = {{40'000}, {50'000}};
   Write(part, GlgBytes(part_games));
-  game_->Events[0].count = 9;
+  game_->EventCounts[0] = 9;
 
   struct Change {
     std::function<bool()> make;

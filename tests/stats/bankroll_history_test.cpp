@@ -11,7 +11,7 @@ MoneyAmount Dollars(std::int64_t whole) {
 
 void Track(Game& game, MoneyAmount bankroll) {
   game.BetAmount.Set(kBankroll, bankroll);
-  ++game.Events[0].count;
+  ++game.EventCounts[0];
   TrackBankroll(game);
 }
 

@@ -74,11 +74,11 @@ TEST(RollStatistics, AFullCounterFromAFileDoesNoHarm) {
   for (int i = 0; i < kRollCategories; ++i) SetRollCounts(game, i, kFull);
   game.GameCounters.fill(kFull);
   SetRollsSinceLast(game, 7, kFull);
-  game.RollGapTable[7][0] = kFull;
+  GapCell(game, 7, 0) = kFull;
   Count(game, 3, 4);
   HandMissed(game);
   EXPECT_EQ(RollsSinceLast(game, 7), 0);
-  EXPECT_EQ(game.RollGapTable[7][200], 1);
+  EXPECT_EQ(GapsOf(game, 7)[200], 1);
 }
 
 TEST(Hands, EndWithASevenOut) {

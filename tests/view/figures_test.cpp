@@ -211,11 +211,10 @@ TEST_F(FiguresTest, FrequenciesOfAnEvent) {
   SetRollCounts(*game_, 0, 1500);
   SetRollCounts(*game_, 24, 4);
   SetRollsSinceLast(*game_, 24, 12);
-  auto& gaps = game_->RollGapTable[24];
-  gaps[1] = 2;
-  gaps[199] = 1;
-  gaps[200] = 2;  // one of 200 rolls, which no sum holds, and one of 250
-  gaps[0] = 250;
+  GapCell(*game_, 24, 1) = 2;
+  GapCell(*game_, 24, 199) = 1;
+  GapCell(*game_, 24, 200) = 2;  // one of 200 rolls, which no sum holds, and one of 250
+  GapCell(*game_, 24, 0) = 250;
   EXPECT_THAT(
       RowsOf(FrequencyFigures(*game_, 24, true)),
       ElementsAre(Row{"Total game rolls:", "1,500"}, Row{"Total rolls this selection:", "4"},

@@ -53,7 +53,7 @@ TEST(StateHash, ChangesWithEveryPartOfTheGame) {
       [](Game& g) { SetRollCounts(g, 90, 1); },
       [](Game& g) { SetRollsSinceLast(g, 7, 1000); },
       [](Game& g) { SetScriptRollsSinceSeen(g, 7, 1000); },
-      [](Game& g) { g.RollGapTable[2][200] += 1; },
+      [](Game& g) { GapCell(g, 2, 200) += 1; },
       [](Game& g) { g.GameCounters[kLastHandMisses] += 1; },
       [](Game& g) { SetResultCell(g, ResultKind::kLosses, kPhantom, 88, 5, MoneyAmount(77)); },
       [](Game& g) { SetResultCell(g, ResultKind::kWagers, kActual, 1, 1, MoneyAmount(77)); },
