@@ -125,6 +125,7 @@ void GuidePage::Dress() {
     if (table == nullptr) continue;
     QTextTableFormat format = table->format();
     format.setBorder(1);
+    format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
     format.setBorderCollapse(true);
     format.setBorderBrush(palette().brush(QPalette::Mid));
     format.setCellPadding(Letters(*this, 0.7));
@@ -169,6 +170,7 @@ HelpWindow::HelpWindow(Screens& screens)
   contents_ = List(left, "lstContents", "Contents");
   hits_ = List(left, "lstFound", "Found");
   hits_->setRootIsDecorated(false);
+  hits_->setAlternatingRowColors(true);  // each hit has two lines
   hits_->hide();
   for (QWidget* part : {static_cast<QWidget*>(search_), static_cast<QWidget*>(contents_),
                         static_cast<QWidget*>(hits_)}) {
