@@ -33,6 +33,19 @@ QString PlaceOfSection(const GuideChapter& chapter, const GuideSection& section)
   return place;
 }
 
+// The reader of Markdown begins a table behind a block of code with an empty line, and that heading
+// is not bold.
+void MendFirstCell(const QTextTable& table) {
+  const QTextTableCell cell = table.cellAt(0, 0);
+  QTextCursor text = cell.firstCursorPosition();
+  if (!text.block().text().isEmpty() || text == cell.lastCursorPosition()) return;
+  text.deleteChar();
+  text.setPosition(cell.lastCursorPosition().position(), QTextCursor::KeepAnchor);
+  QTextCharFormat bold;
+  bold.setFontWeight(QFont::Bold);
+  text.mergeCharFormat(bold);
+}
+
 QTreeWidget* List(QWidget* parent, const char* name, const char* spoken) {
   auto* const list = new QTreeWidget(parent);
   list->setObjectName(QString::fromLatin1(name));
@@ -123,6 +136,7 @@ void GuidePage::Dress() {
   for (QTextFrame* frame : document()->rootFrame()->childFrames()) {
     auto* const table = qobject_cast<QTextTable*>(frame);
     if (table == nullptr) continue;
+    MendFirstCell(*table);
     QTextTableFormat format = table->format();
     format.setBorder(1);
     format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
