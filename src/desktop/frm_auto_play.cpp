@@ -323,13 +323,17 @@ void AutoPlayScreen::ShowWorkPanel(bool show) {
   work_->setFocus();
 }
 
+// Under its button, or above it where there is more room.
 void AutoPlayScreen::PlaceWorkPanel() {
-  const QPoint below = work_button_->mapTo(this, QPoint(0, work_button_->height()));
-  const QSize wanted(std::max(work_button_->width(), Letters(*this, 46)), Letters(*this, 50));
+  const QRect button(work_button_->mapTo(this, QPoint(0, 0)), work_button_->size());
   const QRect room = rect().adjusted(4, 4, -4, -4);
-  QRect place(below, wanted.boundedTo(room.size()));
+  const int below = room.bottom() - button.bottom();
+  const int above = button.top() - room.top();
+  const QSize wanted(std::max(button.width(), Letters(*this, 46)), Letters(*this, 50));
+  QRect place(button.bottomLeft() + QPoint(0, 1),
+              wanted.boundedTo({room.width(), std::max(below, above)}));
+  if (above > below) place.moveBottom(button.top() - 1);
   place.moveRight(std::min(place.right(), room.right()));
-  place.moveBottom(std::min(place.bottom(), room.bottom()));
   work_panel_.setGeometry(place);
 }
 

@@ -323,6 +323,9 @@ TEST_F(AutoPlay, TheListOfWhatWorksOnTheComeOut) {
   Click(screen_, "picWorkOnComeout");
   auto* const list = Find<QListWidget>(screen_, "lstWorkOnComeOut");
   ASSERT_TRUE(list->isVisible());
+  const auto* const button = Find(screen_, "picWorkOnComeout");
+  EXPECT_FALSE(list->parentWidget()->geometry().intersects(
+      QRect(button->mapTo(&screen_, QPoint(0, 0)), button->size())));
   const auto equals_model = [&] {
     const Rows rows = WorkOnComeOutRows(*game_);
     if (list->count() != static_cast<int>(rows.size())) return false;
