@@ -282,9 +282,7 @@ void ScriptEditor::Replace(std::size_t at, std::size_t count, const std::vector<
   std::vector<ScriptLine>& script = game_.ScriptLines;
   const auto first = script.begin() + static_cast<std::ptrdiff_t>(at);
   const auto place = script.erase(first, first + static_cast<std::ptrdiff_t>(count));
-  const auto put = script.insert(place, lines.begin(), lines.end());
-  std::for_each(put, put + static_cast<std::ptrdiff_t>(lines.size()),
-                [](ScriptLine& line) { line.LineSelected = true; });
+  script.insert(place, lines.begin(), lines.end());  // selected as they were
   game_.ScriptCursorLine = Rows().Clamped(cursor);
   SelectAnchor = game_.ScriptCursorLine;
   TopLine = Rows().Clamped(TopLine);

@@ -17,6 +17,13 @@ namespace {
 
 constexpr double kMargin = 4;
 
+// The font, made smaller if the text needs more room than there is.
+QFont Fitting(QFont font, const QString& text, double room) {
+  const double needed = QFontMetricsF(font).horizontalAdvance(text);
+  if (needed > room) font.setPointSizeF(font.pointSizeF() * room / needed);
+  return font;
+}
+
 // A closed padlock in a square.
 void PaintLock(QPainter& painter, const QRectF& box, const QColor& color) {
   painter.setPen(QPen(color, box.width() / 7));
@@ -96,18 +103,19 @@ void CellPicture::paintEvent(QPaintEvent*) {
       painter.fillRect(box, ground);
       painter.setPen(colors.color(QPalette::Midlight));
       painter.drawLine(box.bottomLeft(), box.bottomRight());
+      const double lock = QFontMetricsF(small).ascent();
       if (!cell.name.isEmpty()) {
-        painter.setFont(small);
+        const double room = box.width() - 2 * kMargin - (cell.locked ? lock : 0);
+        painter.setFont(Fitting(small, cell.name, room));
         painter.setPen(colors.color(QPalette::PlaceholderText));
         painter.drawText(box.adjusted(kMargin, 2, 0, 0), Qt::AlignLeft | Qt::AlignTop, cell.name);
       }
       const QRectF text_box = TextRectOf(place).adjusted(kMargin, 0, -kMargin, 0);
       if (cell.locked) {
-        const double side = QFontMetricsF(small).ascent();
         // In the corner that the name leaves free.
         const double left =
-            cell.name.isEmpty() ? box.left() + kMargin / 2 : box.right() - kMargin / 2 - side;
-        PaintLock(painter, QRectF(left, box.top() + kMargin / 2, side, side),
+            cell.name.isEmpty() ? box.left() + kMargin / 2 : box.right() - kMargin / 2 - lock;
+        PaintLock(painter, QRectF(left, box.top() + kMargin / 2, lock, lock),
                   colors.color(QPalette::Text));
       }
       painter.setFont(font());

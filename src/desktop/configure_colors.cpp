@@ -165,7 +165,9 @@ class ColorsPage : public ConfigurePage {
       rows->addWidget(option);
       Controls().Add(setting.control, option, [this, option, element] {
         QPixmap swatch(option->iconSize());
-        swatch.fill(ColorOf(TheGame().TableColors[static_cast<std::size_t>(element)]));
+        swatch.fill(palette().color(QPalette::Dark));  // an edge: white is a colour, too
+        const std::int32_t color = TheGame().TableColors[static_cast<std::size_t>(element)];
+        QPainter(&swatch).fillRect(swatch.rect().adjusted(1, 1, -1, -1), ColorOf(color));
         option->setIcon(swatch);
       });
     }

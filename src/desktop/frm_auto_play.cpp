@@ -73,8 +73,8 @@ AutoPlayScreen::AutoPlayScreen(Screens& screens)
                   0, 1);
   grid->addWidget(AmountsGroup(), 1, 0);
   grid->addWidget(ChoicesGroup(), 1, 1);
-  grid->addWidget(AutoRollGroup(), 2, 0, 1, 2);
-  grid->setRowStretch(2, 1);
+  grid->addWidget(AutoRollGroup(), 0, 2, 2, 1);
+  grid->setRowStretch(1, 1);
   BuildWorkPanel();
 }
 
@@ -216,8 +216,7 @@ AmountField* AutoPlayScreen::AddNumber(const char* name, const char* setting, in
 
 QWidget* AutoPlayScreen::AutoRollGroup() {
   auto* const group = new QGroupBox("Auto-Roll");
-  auto* const row = new QHBoxLayout(group);
-  auto* const column = new QVBoxLayout;
+  auto* const column = new QVBoxLayout(group);
   AddBox(*column, kBoxes[3].name, kBoxes[3].caption);
   auto* const form = new QGridLayout;
   const auto add = [&](int line, const char* caption, QWidget* control) {
@@ -240,12 +239,9 @@ QWidget* AutoPlayScreen::AutoRollGroup() {
   form->addWidget(new QLabel("seconds"), 2, 2);
   form->setColumnStretch(3, 1);
   column->addLayout(form);
-  column->addStretch(1);
-  row->addLayout(column);
 
-  auto* const right = new QVBoxLayout;
   auto* const caption = new QLabel("Auto-&Stop Rolling on:");
-  right->addWidget(caption);
+  column->addWidget(caption);
   stops_ = new QListWidget;
   stops_->setObjectName("listAutoStop");
   stops_->setAccessibleName("Auto-Stop Rolling on");
@@ -253,8 +249,7 @@ QWidget* AutoPlayScreen::AutoRollGroup() {
   for (const std::string_view text : AutoStopTexts()) stops_->addItem(ToQt(text));
   stops_->setMinimumHeight(stops_->sizeHintForRow(0) * 5);
   caption->setBuddy(stops_);
-  right->addWidget(stops_, 1);
-  row->addLayout(right, 1);
+  column->addWidget(stops_, 1);
   connect(stops_, &QListWidget::itemSelectionChanged, this, [this] { KeepStops(); });
   shows_.push_back([this] {
     const QSignalBlocker quiet(stops_);
@@ -328,13 +323,17 @@ void AutoPlayScreen::ShowWorkPanel(bool show) {
   work_->setFocus();
 }
 
+// Under its button, or above it where there is more room.
 void AutoPlayScreen::PlaceWorkPanel() {
-  const QPoint below = work_button_->mapTo(this, QPoint(0, work_button_->height()));
-  const QSize wanted(std::max(work_button_->width(), Letters(*this, 46)), Letters(*this, 50));
+  const QRect button(work_button_->mapTo(this, QPoint(0, 0)), work_button_->size());
   const QRect room = rect().adjusted(4, 4, -4, -4);
-  QRect place(below, wanted.boundedTo(room.size()));
+  const int below = room.bottom() - button.bottom();
+  const int above = button.top() - room.top();
+  const QSize wanted(std::max(button.width(), Letters(*this, 46)), Letters(*this, 50));
+  QRect place(button.bottomLeft() + QPoint(0, 1),
+              wanted.boundedTo({room.width(), std::max(below, above)}));
+  if (above > below) place.moveBottom(button.top() - 1);
   place.moveRight(std::min(place.right(), room.right()));
-  place.moveBottom(std::min(place.bottom(), room.bottom()));
   work_panel_.setGeometry(place);
 }
 

@@ -345,7 +345,11 @@ QWidget* AutoBetScreen::BuildTypedLine() {
     ShowFault({});
     Suggest();
   });
-  connect(typed_, &QLineEdit::returnPressed, this, [this] { TakeTypedLine(); });
+  connect(typed_, &QLineEdit::returnPressed, this, [this] {
+    // With a row of the list chosen, the key takes that row into the line; the list has it next.
+    const QAbstractItemView& list = *completer_->popup();
+    if (!list.isVisible() || !list.currentIndex().isValid()) TakeTypedLine();
+  });
   typed_fault_ = new QLabel(area);
   typed_fault_->setObjectName("lblTypedFault");
   QPalette fault_colors = typed_fault_->palette();

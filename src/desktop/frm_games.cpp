@@ -355,6 +355,11 @@ std::optional<GamesAnalysis> GamesScreen::Analysed(const GamesProgress& progress
 // While events are let through, only the button that gives up is heard.
 void GamesScreen::Analyze() {
   if (analysing_) return;
+  if (analysed_log_ != TheGame().GamesLogFile) {  // nothing of the other one stays
+    histogram_.Show(nullptr);
+    analysis_.reset();
+    ShowAnalysis();
+  }
   analysing_ = true;
   given_up_ = false;
   qApp->installEventFilter(this);

@@ -20,6 +20,7 @@ namespace {
 
 enum Column { kNumber, kValue, kName };
 constexpr int kDecimals = 4;
+constexpr int kFirstRows = 25;     // that a window without a kept place shows
 constexpr int kNumberLetters = 2;  // of a Chip-Stack's number, 0 to 99
 
 constexpr std::array<const char*, 4> kVisibleCaptions = {
@@ -64,6 +65,10 @@ StackValuesScreen::StackValuesScreen(Screens& screens)
     OpenBox(cell_);
     return true;
   };
+}
+
+QSize StackValuesScreen::PreferredSize() const {
+  return {list_.sizeHint().width(), list_.HeightFor(kFirstRows) + menuBar()->sizeHint().height()};
 }
 
 void StackValuesScreen::BuildMenus() {

@@ -22,6 +22,7 @@ class StackValuesScreen : public ScreenWindow {
 
  protected:
   bool MayClose() override;
+  QSize PreferredSize() const override;
   void keyPressEvent(QKeyEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -33,6 +33,19 @@ QString PlaceOfSection(const GuideChapter& chapter, const GuideSection& section)
   return place;
 }
 
+// The reader of Markdown begins a table behind a block of code with an empty line, and that heading
+// is not bold.
+void MendFirstCell(const QTextTable& table) {
+  const QTextTableCell cell = table.cellAt(0, 0);
+  QTextCursor text = cell.firstCursorPosition();
+  if (!text.block().text().isEmpty() || text == cell.lastCursorPosition()) return;
+  text.deleteChar();
+  text.setPosition(cell.lastCursorPosition().position(), QTextCursor::KeepAnchor);
+  QTextCharFormat bold;
+  bold.setFontWeight(QFont::Bold);
+  text.mergeCharFormat(bold);
+}
+
 QTreeWidget* List(QWidget* parent, const char* name, const char* spoken) {
   auto* const list = new QTreeWidget(parent);
   list->setObjectName(QString::fromLatin1(name));
@@ -123,8 +136,10 @@ void GuidePage::Dress() {
   for (QTextFrame* frame : document()->rootFrame()->childFrames()) {
     auto* const table = qobject_cast<QTextTable*>(frame);
     if (table == nullptr) continue;
+    MendFirstCell(*table);
     QTextTableFormat format = table->format();
     format.setBorder(1);
+    format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
     format.setBorderCollapse(true);
     format.setBorderBrush(palette().brush(QPalette::Mid));
     format.setCellPadding(Letters(*this, 0.7));
@@ -169,6 +184,7 @@ HelpWindow::HelpWindow(Screens& screens)
   contents_ = List(left, "lstContents", "Contents");
   hits_ = List(left, "lstFound", "Found");
   hits_->setRootIsDecorated(false);
+  hits_->setAlternatingRowColors(true);  // each hit has two lines
   hits_->hide();
   for (QWidget* part : {static_cast<QWidget*>(search_), static_cast<QWidget*>(contents_),
                         static_cast<QWidget*>(hits_)}) {

@@ -22,12 +22,21 @@ namespace {
 constexpr double kFainter = 0.35;
 constexpr double kLegible = 4.5;  // contrast of small letters
 
+// On the worst of the grounds on which figures stand: a table, a window, a page of tabs.
+double ContrastOn(const QPalette& palette, const QColor& color) {
+  double least = Contrast(color, palette.color(QPalette::Base));
+  for (const auto ground : {QPalette::Window, QPalette::Button}) {
+    least = std::min(least, Contrast(color, palette.color(ground)));
+  }
+  return least;
+}
+
 }  // namespace
 
 QColor InkOn(int number, const QPalette& palette) {
   const QColor pure = InkColor(number);
   QColor color = pure;
-  for (double part = 0; Contrast(color, palette.color(QPalette::Base)) < kLegible && part < 1;) {
+  for (double part = 0; ContrastOn(palette, color) < kLegible && part < 1;) {
     color = Mix(pure, palette.color(QPalette::Text), part += 0.1);
   }
   return color;

@@ -48,7 +48,11 @@ QPalette DarkPalette() {
 void Settle(int milliseconds) {
   QElapsedTimer passed;
   passed.start();
-  while (passed.elapsed() < milliseconds) QApplication::processEvents(QEventLoop::AllEvents, 10);
+  while (passed.elapsed() < milliseconds) {
+    QApplication::processEvents(QEventLoop::AllEvents, 10);
+    // A loop within a posted event leaves the others that were posted lying, layouts among them.
+    QApplication::sendPostedEvents();
+  }
 }
 
 class Photographer {

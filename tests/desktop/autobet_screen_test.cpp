@@ -1,3 +1,5 @@
+#include <QAbstractItemView>
+#include <QCompleter>
 #include <QDropEvent>
 #include <QInputDialog>
 #include <QLabel>
@@ -150,6 +152,8 @@ TEST_F(TheScriptEditor, PlacesALineByClickKeysAndDrag) {
   ClickLine(1);
   Drop(kSelectedLinesFormat, "1", 5);
   EXPECT_EQ(game_->ScriptLines[4].LineText, " start");
+  ChooseEntry("mnuUndo");
+  EXPECT_EQ(Find<QLabel>(*screen_, "lblNumLinesSelected")->text(), "1 selected");
   NothingExpected();
 }
 
@@ -250,6 +254,22 @@ TEST_F(TheScriptEditor, TakesTypedLines) {
   QTest::keyClick(typed, Qt::Key_Return);
   EXPECT_EQ(game_->ScriptLines.size(), 4U);
   EXPECT_EQ(game_->ScriptLines[3].LineText, "          Bet $ 6 on Place 6");
+}
+
+TEST_F(TheScriptEditor, ARowThatIsOfferedIsTakenIntoTheLineFirst) {
+  auto* const typed = Find<QLineEdit>(*screen_, "txtTypedLine");
+  typed->setFocus();
+  QTest::keyClicks(typed, "bet $ 5 on fiel");
+  QWidget* const list = typed->completer()->popup();
+  ASSERT_TRUE(list->isVisible());
+  QTest::keyClick(list, Qt::Key_Down);
+  QTest::keyClick(list, Qt::Key_Return);
+  QApplication::processEvents();
+  EXPECT_EQ(typed->text(), "bet $ 5 on Field");
+  EXPECT_TRUE(game_->ScriptLines.empty());
+  QTest::keyClick(typed, Qt::Key_Return);
+  EXPECT_EQ(game_->ScriptLines.size(), 1U);
+  EXPECT_EQ(typed->text(), "");
 }
 
 TEST_F(TheScriptEditor, AsksBeforeItLeavesABrokenScript) {

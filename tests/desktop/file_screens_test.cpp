@@ -6,6 +6,7 @@
 #include <QProgressBar>
 #include <filesystem>
 #include <fstream>
+#include <utility>
 
 #include "desktop/at_the_table.h"
 #include "desktop/frm_games.h"
@@ -240,6 +241,11 @@ TEST_F(GamesScreens, ALongLogCanBeGivenUpAndScrolls) {
   EXPECT_EQ(Text(screen, "lblGames3"), "");
   while_it_runs([&] { screen.close(); });
   EXPECT_TRUE(screen.isVisible());
+  EXPECT_EQ(Text(screen, "lblGames3"), "100,000");
+  // While another log is read, the figures of the one before are gone.
+  const std::string before = std::exchange(game_->GamesLogFile, (folder_ / "other.glg").string());
+  std::filesystem::copy_file(before, game_->GamesLogFile);
+  while_it_runs([&] { EXPECT_EQ(Text(screen, "lblGames3"), ""); });
   EXPECT_EQ(Text(screen, "lblGames3"), "100,000");
 
   game_->GamesDisplayChoice = kNetValue;

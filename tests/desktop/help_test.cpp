@@ -1,6 +1,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
+#include <QTextBlock>
+#include <QTextTable>
 
 #include "autobet/message.h"
 #include "desktop/at_the_table.h"
@@ -36,6 +38,21 @@ TEST_F(HelpTest, TopicsOpenTheirChapterAndLinksLeadOn) {
 
   surface_->OpenHelp(-5);
   EXPECT_EQ(Page().File(), "README.md");
+}
+
+TEST_F(HelpTest, TablesBeginWithTheirHeadings) {
+  Choose("mnuContents");
+  Page().Open("studies.md");
+  int tables = 0;
+  for (QTextFrame* const frame : Page().document()->rootFrame()->childFrames()) {
+    const auto* const table = qobject_cast<QTextTable*>(frame);
+    if (table == nullptr) continue;
+    ++tables;
+    const QTextCursor heading = table->cellAt(0, 0).firstCursorPosition();
+    EXPECT_EQ(heading.block().text(), "Of 10,000 games");
+    EXPECT_GE(heading.block().begin().fragment().charFormat().fontWeight(), QFont::Bold);
+  }
+  EXPECT_EQ(tables, 3);
 }
 
 TEST_F(HelpTest, ASearchShowsWhatItFindsAndOpensIt) {

@@ -46,6 +46,23 @@ TEST_F(OtherScreens, AScreenThatWasClosedComesUpAnew) {
   }
 }
 
+// With the decoration of its windows and a panel, of a desktop of 1366 by 768.
+TEST_F(OtherScreens, EveryScreenFitsASmallDesktop) {
+  constexpr QSize kRoom(1366 - 20, 768 - 60);
+  for (const WindowCommand which : Screens::All()) {
+    QTimer::singleShot(0, [&] {  // a modal one returns when it is closed
+      ScreenWindow* const screen = window_->AllScreens().Find(which);
+      ASSERT_NE(screen, nullptr);
+      const QSize least = screen->minimumSizeHint();
+      EXPECT_LE(least.width(), kRoom.width()) << screen->objectName().toStdString();
+      EXPECT_LE(least.height(), kRoom.height()) << screen->objectName().toStdString();
+      screen->close();
+    });
+    window_->AllScreens().Open(which);
+    QApplication::processEvents();
+  }
+}
+
 // ---- Chip-Stacks --------------------------------------------------------------------------------
 
 class ChipStacks : public OtherScreens {
@@ -306,6 +323,9 @@ TEST_F(AutoPlay, TheListOfWhatWorksOnTheComeOut) {
   Click(screen_, "picWorkOnComeout");
   auto* const list = Find<QListWidget>(screen_, "lstWorkOnComeOut");
   ASSERT_TRUE(list->isVisible());
+  const auto* const button = Find(screen_, "picWorkOnComeout");
+  EXPECT_FALSE(list->parentWidget()->geometry().intersects(
+      QRect(button->mapTo(&screen_, QPoint(0, 0)), button->size())));
   const auto equals_model = [&] {
     const Rows rows = WorkOnComeOutRows(*game_);
     if (list->count() != static_cast<int>(rows.size())) return false;

@@ -15,6 +15,7 @@
 #include "automation/hyper_drive.h"
 #include "desktop/at_the_table.h"
 #include "desktop/frm_bankroll.h"
+#include "desktop/paint_tools.h"
 #include "desktop/picture_export.h"
 #include "desktop/qt_text.h"
 #include "desktop/roll_bars.h"
@@ -151,6 +152,18 @@ TEST_F(Statistics, FollowEveryRoll) {
   EXPECT_EQ(runs->index(27, 4).data().toString(), "Hop 5-5");
   EXPECT_EQ(Shown(Open(WindowCommand::kBankrollGraph), "lblTotalRolls"), "2");
   EXPECT_EQ(Shown(Open(WindowCommand::kRollTotals), "lblTotalRolls"), "2");
+}
+
+TEST_F(Statistics, FiguresAreLegibleOnLightAndDark) {
+  for (const QPalette& palette :
+       {QPalette(QColor(239, 239, 239)), QPalette(QColor(53, 53, 57), QColor(43, 43, 46))}) {
+    for (const Tone tone : {Tone::kWin, Tone::kLoss, Tone::kVig}) {
+      for (const auto ground : {QPalette::Base, QPalette::Window, QPalette::Button}) {
+        EXPECT_GE(Contrast(ToneColor(tone, palette), palette.color(ground)), 4.5)
+            << static_cast<int>(tone) << " on " << palette.color(ground).name().toStdString();
+      }
+    }
+  }
 }
 
 TEST_F(Statistics, RollTotalsOfferTheirDisplaysAndColors) {

@@ -47,6 +47,22 @@ TEST(TableVerbTest, DrawsAGameIntoAFile) {
   fs::remove_all(folder);
 }
 
+// Laid out before they are drawn: no scroll bar where there is room.
+TEST(ScreensVerbTest, DrawsEveryScreenAsItIsSeen) {
+  namespace fs = std::filesystem;
+  const fs::path folder =
+      fs::temp_directory_path() / ("feltmaster-screens-verb-" + std::to_string(getpid()));
+  EXPECT_EQ(RunProgram("screens --shots " + folder.string()).exit_code, 0);
+  EXPECT_GE(std::distance(fs::directory_iterator(folder), {}), 20);
+  const QImage summary(QString::fromStdString((folder / "frmSummary.png").string()));
+  ASSERT_FALSE(summary.isNull());
+  const int in_margin = summary.height() - 4;
+  for (int x = 0; x < summary.width(); ++x) {
+    ASSERT_EQ(summary.pixel(x, in_margin), summary.pixel(2, in_margin)) << x;
+  }
+  fs::remove_all(folder);
+}
+
 TEST(TableVerbTest, RefusesInOneSentence) {
   for (const auto& [options, complaint] : std::vector<std::pair<std::string, std::string>>{
            {"", "--shot is required"},
