@@ -203,7 +203,7 @@ constexpr std::array<FieldPresetEntry, 12> kFieldPresetMenu = {{
     {"mnuSFHard8", "H&ard 8"},
     {"mnuSFHorn", "&Horn"},
     {"mnuSFWorld", "&World"},
-    {"mnuSFHop13", "Hop &1-3"},
+    {"mnuSFHop13", "Hop 1-&3"},
     {"mnuSFCrapless", "&Crapless Craps Pass Line"},
 }};
 static_assert(kFieldPresetMenu.size() == kFieldPresets.size());

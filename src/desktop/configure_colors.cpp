@@ -187,7 +187,7 @@ class ColorsPage : public ConfigurePage {
     palette_.setAccessibleName(QStringLiteral("Palette"));
     palette_.OnChosen = [this](int cell) { Choose(PaletteColorAt(cell)); };
     rows->addWidget(&palette_);
-    auto* other = new QPushButton(QStringLiteral("&Other..."));
+    auto* other = new QPushButton(QStringLiteral("O&ther..."));
     other->setObjectName(QStringLiteral("cmdOtherColor"));
     connect(other, &QPushButton::clicked, this, [this] {
       const QColor color = QColorDialog::getColor(ColorOf(ChosenColor()), this);

@@ -140,7 +140,7 @@ class FileWindow : public GameDialog {
     connect(files_, &QTreeWidget::itemClicked, this,
             [this](const QTreeWidgetItem* item) { CopyName(item); });
     connect(files_, &QTreeWidget::itemDoubleClicked, this, [this] { PressOk(); });
-    grid.addWidget(LabelFor(files_, "Fi&les:"), 1, 1);
+    grid.addWidget(LabelFor(files_, "F&iles:"), 1, 1);
     grid.addWidget(files_, 2, 1);
   }
 

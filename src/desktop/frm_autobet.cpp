@@ -56,7 +56,6 @@ std::vector<AutoBetScreen::MenuTable> AutoBetScreen::Menus() {
   const auto has_selection = [](const Self& screen) {
     return screen.FocusedField() != nullptr || screen.editor_.SelectedCount() > 0;
   };
-  const auto has_lines = [](const Self& screen) { return !screen.game_.ScriptLines.empty(); };
   const auto lines_selected = [](const Self& screen) { return screen.editor_.SelectedCount() > 0; };
   return {
       {"mnuFile",
@@ -91,7 +90,7 @@ std::vector<AutoBetScreen::MenuTable> AutoBetScreen::Menus() {
             }},
            {"mnuDelete", "&Delete", key("Del"), &Self::Delete, has_selection},
            {"mnuSelectAll", "Select &All", key("Ctrl+A"), &Self::SelectAll},
-           {"mnuEditAsText", "&Edit Line as Text", key("F2"), &Self::EditAsText, has_lines, nullptr,
+           {"mnuEditAsText", "&Edit Line as Text", key("F2"), &Self::EditAsText, nullptr, nullptr,
             true},
            {"mnuPasteText", "Pa&ste Text", key("Ctrl+Shift+V"), &Self::PasteText},
            {"mnuCopyToAutoBetFile",
@@ -517,9 +516,10 @@ void AutoBetScreen::TakeTypedLine() {
 
 void AutoBetScreen::EditAsText() {
   const std::int32_t row = editor_.Rows().Clamped(game_.ScriptCursorLine);
-  if (row > editor_.Rows().Count()) return;
-  typed_->setText(ToQt(editor_.Rows().Place(row)->LineText).trimmed());
-  retyped_row_ = row;
+  if (row <= editor_.Rows().Count()) {
+    typed_->setText(ToQt(editor_.Rows().Place(row)->LineText).trimmed());
+    retyped_row_ = row;
+  }
   ShowFault({});
   typed_->setFocus();
 }

@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QShortcut>
 #include <algorithm>
 #include <array>
 
@@ -113,6 +114,11 @@ ConfigureScreen::ConfigureScreen(Screens& screens) : ScreenWindow(screens, kTrai
   shown_ = TheGame().ConfigureTab;
   tabs_->setCurrentIndex(shown_);
   connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) { TabChosen(tab); });
+  // As shortcuts, because a list would take the keys for its own.
+  for (const auto& [keys, step] : {std::pair{"Ctrl+Tab", 1}, {"Ctrl+Shift+Tab", kTabCount - 1}}) {
+    connect(new QShortcut(QKeySequence(QString::fromLatin1(keys)), this), &QShortcut::activated,
+            this, [this, step = step] { tabs_->setCurrentIndex((shown_ + step) % kTabCount); });
+  }
   ShowMenus();
 }
 

@@ -264,7 +264,7 @@ QWidget* DiceRollFilesScreen::OptionRow(const char* name,
 QWidget* DiceRollFilesScreen::RecorderGroup() {
   auto* const group = new QGroupBox("Recorder");
   auto* const column = new QVBoxLayout(group);
-  column->addWidget(OptionRow("optRecorderStatus", {" O&ff", " &Record", " Play&back"}, recorder_));
+  column->addWidget(OptionRow("optRecorderStatus", {" &Off", " &Record", " Play&back"}, recorder_));
   connect(recorder_, &QButtonGroup::idClicked, this, [this](int mode) {
     SetDiceRollMode(TheGame(), static_cast<DiceRollMode>(mode));
     Refresh();

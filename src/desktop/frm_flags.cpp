@@ -17,7 +17,10 @@ FlagsScreen::FlagsScreen(Screens& screens)
     : ScreenWindow(screens, kTraits), list_(new QListWidget), none_(new QLabel(list_)) {
   Game& game = TheGame();
   AddFileMenu(*this, game,
-              {.report = "flags", .rows = [&game] { return FlagRows(game); }, .picture = list_});
+              {.report = "flags",
+               .rows = [&game] { return FlagRows(game); },
+               .picture = list_,
+               .caption = "Fi&le"});  // Alt+F sets flags
   AddHelpMenu(*this, game);
 
   auto* const body = new QWidget(this);

@@ -86,8 +86,8 @@ QWidget* HotKeysScreen::Fields() {
     grid->setColumnStretch(column++, stretch);
   };
   add("&Key", key_, 0);
-  add("Auto-Bet &File", file_, 3);
-  add("De&scription", description_, 3);
+  add("Auto-&Bet File", file_, 3);
+  add("Desc&ription", description_, 3);
   auto* const select = new QPushButton("&Select Auto-Bet File");
   select->setObjectName("cmdSelectAutoBetFile");
   connect(select, &QPushButton::clicked, this, [this] { SelectFile(); });

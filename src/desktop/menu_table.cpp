@@ -88,7 +88,7 @@ QMenu* AddEditMenu(QMainWindow& window, const std::function<void(TextCommand)>& 
                                {"mnuDelete", "&Delete", act(TextCommand::kDelete), "Del"},
                                {}});
   if (select_all) {
-    AddEntry(*menu, {"mnuSelectAll", "Select &All", act(TextCommand::kSelectAll), "Ctrl+A"});
+    AddEntry(*menu, {"mnuSelectAll", "Se&lect All", act(TextCommand::kSelectAll), "Ctrl+A"});
   }
   return menu;
 }

@@ -73,7 +73,7 @@ void AddShareEntries(QMenu& menu, Game& game, std::function<Rows()> rows, QWidge
   });
   QAction* save = menu.addAction(QStringLiteral("Save &Picture ..."));
   save->setObjectName(QStringLiteral("mnuSavePicture"));
-  save->setShortcut(QKeySequence::Save);
+  save->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
   QObject::connect(save, &QAction::triggered, &menu,
                    [&game, &picture] { AskAndSave(game, picture); });
 }

@@ -21,7 +21,7 @@ QAction* AddMenuEntry(QMenu& parent, const char* name, const char* caption,
 }
 
 QMenu* AddFileMenu(ScreenWindow& screen, Game& game, const FileMenu& parts) {
-  QMenu* menu = screen.menuBar()->addMenu(QStringLiteral("&File"));
+  QMenu* menu = screen.menuBar()->addMenu(QString::fromUtf8(parts.caption));
   menu->setObjectName(QStringLiteral("mnuFile"));
   if (const PrintCommand* report = FindPrintCommand(parts.report)) {
     AddMenuEntry(*menu, "mnuPrint", "P&rint ...", [&game, report] {

@@ -19,6 +19,7 @@ struct FileMenu {
   std::string_view report;  // one of PrintCommands; empty when the screen adds its own entries
   std::function<Rows()> rows;
   QWidget* picture;
+  const char* caption = "&File";
 };
 QMenu* AddFileMenu(ScreenWindow& screen, Game& game, const FileMenu& parts);
 

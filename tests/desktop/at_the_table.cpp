@@ -1,6 +1,7 @@
 #include "desktop/at_the_table.h"
 
 #include <QLabel>
+#include <QLineEdit>
 #include <cstdlib>
 
 #include "desktop/offscreen.h"
@@ -72,6 +73,7 @@ void AtTheTable::LookForDialog() {
   since_answer_.start();
   dialog->installEventFilter(&hidden_);
   Titles.push_back(dialog->windowTitle().toStdString());
+  if (answers_.empty() && OtherDialogs) return OtherDialogs(*dialog);
   if (answers_.empty()) {
     ADD_FAILURE() << "nobody expected the dialog \"" << Titles.back() << "\": " << TextOf(*dialog);
     dialog->close();
@@ -90,9 +92,9 @@ bool AtTheTable::Hidden::eventFilter(QObject* watched, QEvent* event) {
   return false;
 }
 
-void AtTheTable::ExpectPress(const char* button) {
+void AtTheTable::ExpectPress(const std::string& button) {
   Expect([button](QWidget& dialog) {
-    auto* found = dialog.findChild<QAbstractButton*>(QString::fromLatin1(button));
+    auto* found = dialog.findChild<QAbstractButton*>(QString::fromStdString(button));
     if (found != nullptr) {
       found->click();
     } else {
@@ -101,6 +103,28 @@ void AtTheTable::ExpectPress(const char* button) {
       dialog.close();
     }
   });
+}
+
+void AtTheTable::ExpectFile(const std::string& name) {
+  Expect([name](QWidget& dialog) {
+    auto* const field = Find<QLineEdit>(dialog, "txtFileName");
+    if (field == nullptr) {
+      dialog.close();
+      return;
+    }
+    field->setText(QString::fromStdString(name));
+    Find<QAbstractButton>(dialog, "cmdOK")->click();
+  });
+}
+
+void AtTheTable::ExpectAnswers(const std::vector<std::string>& answers) {
+  for (const std::string& answer : answers) {
+    if (answer.starts_with("cmd")) {
+      ExpectPress(answer);
+    } else {
+      ExpectFile(answer);
+    }
+  }
 }
 
 void AtTheTable::Press(Pixel at, Qt::MouseButton button, Qt::KeyboardModifiers held) {

@@ -29,7 +29,13 @@ class AtTheTable : public testing::Test {
   // expects fails the test and is closed.
   void Expect(std::function<void(QWidget&)> answer) { answers_.push_back(std::move(answer)); }
   // Presses the button of this object name.
-  void ExpectPress(const char* button);
+  void ExpectPress(const std::string& button);
+  // Types a name into the file dialog, and accepts it.
+  void ExpectFile(const std::string& name);
+  // One dialog after the other: the name of a button is pressed, any other text names a file.
+  void ExpectAnswers(const std::vector<std::string>& answers);
+  // In place of failing: what becomes of a dialog that was not expected.
+  std::function<void(QWidget&)> OtherDialogs;
   // Fails when an expected dialog has not come.
   void NothingExpected() { EXPECT_TRUE(answers_.empty()) << answers_.size() << " did not come"; }
   // The titles of the dialogs that came.

@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QWindow>
+#include <fstream>
 
 #include "autobet/script_file.h"
 #include "autobet/script_lines.h"
@@ -231,6 +232,82 @@ TEST_F(TheScriptEditor, CarriesOutTheEntriesOfItsMenus) {
   ExpectPress("cmdButton0");
   ChooseEntry("mnuCheckBets");  // empty
   NothingExpected();
+}
+
+// Each step is a command, the dialogs that it brings up and what they are answered, and what holds
+// then.
+TEST_F(TheScriptEditor, KeepsScriptsInFiles) {
+  constexpr const char* kWhole = "When . . .\nOn each roll\nthen . . .\nBet $ 5 on Field\n";
+  constexpr const char* kYes = "cmdButton1";
+  constexpr const char* kNo = "cmdButton2";
+  constexpr const char* kCancel = "cmdButton3";
+  const auto choose = [&](const char* entry, const std::vector<std::string>& answers) {
+    Titles.clear();
+    ExpectAnswers(answers);
+    ChooseEntry(entry);
+    NothingExpected();
+    return Titles;
+  };
+  const auto bytes = [&](const char* name) {
+    std::ifstream file(folder_ / name, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(file), {});
+  };
+  using Dialogs = std::vector<std::string>;
+  const std::string save_as = "Save Auto-Bet File As";
+
+  Load(kWhole);
+  const std::string whole = Script();
+  EXPECT_EQ(choose("mnuSave", {"cmdCancel"}), Dialogs{save_as});
+  EXPECT_EQ(game_->ScriptFileName, "");
+  EXPECT_EQ(choose("mnuSaveAs", {"one.log", "cmdButton0", "one"}),
+            (Dialogs{save_as, "Error", save_as}));
+  EXPECT_EQ(screen_->windowTitle(), "Auto-Bet (one.bet)");
+  const std::string saved = bytes("one.bet");
+  ClickLine(4);
+  EXPECT_EQ(choose("mnuCopyToAutoBetFile", {"part"}), Dialogs{"Copy To Auto-Bet File"});
+  EXPECT_EQ(choose("mnuCopyToTextFile", {"part"}), Dialogs{"Copy To Text File"});
+  EXPECT_EQ(bytes("part.txt"), "          Bet $ 5 on Field\r\r\n");
+  EXPECT_EQ(choose("mnuCopyToTextFile", {"part", kNo, "/no/such/folder/part", "cmdButton0"}),
+            (Dialogs{"Copy To Text File", "Copy To Text File", "Copy To Text File",
+                     "Unable to Save Text File"}));
+  EXPECT_EQ(game_->LastErrorText,
+            "No such file or directory, Error #2 occurred, at: Form Auto-Bet Menu Copy To Text "
+            "File");
+  EXPECT_EQ(choose("mnuPasteFrom", {"part"}), Dialogs{"Paste From Auto-Bet File"});
+  EXPECT_EQ(game_->ScriptLines.size(), 5U);
+  EXPECT_EQ(game_->ScriptFileName, (folder_ / "one.bet").string());
+  ChooseEntry("mnuUndo");
+  EXPECT_EQ(Script(), whole);
+
+  // What is not saved is asked about.
+  ClickLine(4);
+  ChooseEntry("mnuDelete");
+  EXPECT_EQ(choose("mnuOpen", {kCancel}), Dialogs{"Save Auto-Bets?"});
+  EXPECT_EQ(choose("mnuOpen", {kNo, "cmdCancel"}),
+            (Dialogs{"Save Auto-Bets?", "Open Auto-Bet File"}));
+  EXPECT_EQ(game_->ScriptLines.size(), 3U);
+  EXPECT_EQ(bytes("one.bet"), saved);
+  EXPECT_EQ(choose("mnuOpen", {kYes, "part"}), (Dialogs{"Save Auto-Bets?", "Open Auto-Bet File"}));
+  EXPECT_NE(bytes("one.bet"), saved);
+  EXPECT_EQ(Script(), "          Bet $ 5 on Field\n");
+  EXPECT_FALSE(Find<QAction>(*screen_, "mnuUndo")->isEnabled());
+  std::ofstream(folder_ / "broken.bet") << "Feltmaster AutoBets";
+  EXPECT_EQ(choose("mnuOpen", {"broken", "cmdButton0", "cmdCancel"}).size(), 3U);
+  EXPECT_EQ(screen_->windowTitle(), "Auto-Bet (part.bet)");
+  EXPECT_EQ(Script(), "          Bet $ 5 on Field\n");
+  ClickLine(1);
+  ChooseEntry("mnuCopy");
+  ChooseEntry("mnuPaste");
+  EXPECT_EQ(choose("mnuNew", {kCancel}), Dialogs{"Save Auto-Bets?"});
+  EXPECT_EQ(game_->ScriptLines.size(), 2U);
+  game_->ScriptFileName.clear();
+  EXPECT_EQ(choose("mnuNew", {kYes, "cmdCancel"}), (Dialogs{"Save Auto-Bets?", save_as}));
+  EXPECT_EQ(game_->ScriptLines.size(), 2U);
+  EXPECT_EQ(choose("mnuNew", {kYes, "two"}), (Dialogs{"Save Auto-Bets?", save_as}));
+  EXPECT_EQ(screen_->windowTitle(), "Auto-Bet");
+  EXPECT_EQ(Script(), "");
+  EXPECT_EQ(choose("mnuOpen", {"two"}), Dialogs{"Open Auto-Bet File"});
+  EXPECT_EQ(game_->ScriptLines.size(), 2U);
 }
 
 TEST_F(TheScriptEditor, TakesTypedLines) {

@@ -9,6 +9,7 @@
 #include <QScrollBar>
 #include <QSlider>
 #include <QTabWidget>
+#include <QWindow>
 #include <map>
 #include <memory>
 #include <set>
@@ -453,6 +454,69 @@ TEST_F(TheConfigureScreen, EditsTheGridOfTheDice) {
   EXPECT_EQ(ProbabilityWeight(*game_, 1 + 1, kFirstDieColumn), 25'000);
   EXPECT_NEAR(ProbabilityWeight(*game_, 1 + 1, kSecondDieColumn), 16'667, 1);
   NothingExpected();
+}
+
+TEST_F(TheConfigureScreen, KeepsTheDiceInFiles) {
+  ToTab(kProbabilityTab);
+  const auto choose = [&](const char* entry, const std::vector<std::string>& answers) {
+    Titles.clear();
+    ExpectAnswers(answers);
+    Menu(entry);
+    NothingExpected();
+    return Titles;
+  };
+  const auto set_seven = [&](double percent) {
+    EXPECT_TRUE(SetProbabilityCell(*game_, kTotalRow, 6, percent, false));
+    EXPECT_TRUE(game_->ProbabilityChanged);
+  };
+  const auto seven = [&] { return ProbabilityWeight(*game_, kTotalRow, 6); };
+  constexpr const char* kYes = "cmdButton1";
+  constexpr const char* kNo = "cmdButton2";
+  constexpr const char* kCancel = "cmdButton3";
+  using Dialogs = std::vector<std::string>;
+  const std::string ask = "Save Probabilities?";
+  const std::string save_as = "Save Probability File As";
+  const std::string open = "Open Probability File";
+  set_seven(30);
+  const std::int32_t thirty = seven();
+  EXPECT_EQ(choose("mnuSave", {"cmdCancel"}), Dialogs{save_as});
+  EXPECT_TRUE(game_->ProbabilityChanged);
+  EXPECT_EQ(choose("mnuSave", {"thirty"}), Dialogs{save_as});
+  EXPECT_FALSE(game_->ProbabilityChanged);
+  set_seven(20);
+  const std::int32_t twenty = seven();
+  EXPECT_EQ(choose("mnuSaveAs", {"thirty", kNo, "twenty"}), (Dialogs{save_as, save_as, save_as}));
+  EXPECT_EQ(choose("mnuOpen", {"thirty"}), Dialogs{open});
+  EXPECT_EQ(seven(), thirty);
+  set_seven(40);
+  EXPECT_EQ(choose("mnuOpen", {kCancel}), Dialogs{ask});
+  EXPECT_EQ(choose("mnuOpen", {kNo, "twenty"}), (Dialogs{ask, open}));
+  EXPECT_EQ(seven(), twenty);
+  set_seven(30);
+  EXPECT_EQ(choose("mnuNew", {kYes}), Dialogs{ask});  // under its name
+  EXPECT_EQ(seven(), 16'667);
+  EXPECT_EQ(game_->ProbabilityFileName, "");
+  EXPECT_EQ(choose("mnuOpen", {"twenty"}), Dialogs{open});
+  EXPECT_EQ(seven(), thirty);
+}
+
+// Out of a list, too, and round the ends.
+TEST_F(TheConfigureScreen, ChangesItsTabByKey) {
+  screen_->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(screen_));
+  ToTab(kCompsTab);
+  auto& list = The<QListWidget>("lstCompBets");
+  list.setFocus();
+  list.setCurrentRow(3);
+  for (int step = 1; step <= kTabs; ++step) {
+    QTest::keyClick(screen_->windowHandle(), Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(TabShown(), (kCompsTab + step) % kTabs);
+  }
+  for (int step = 1; step <= kTabs; ++step) {
+    QTest::keyClick(screen_->windowHandle(), Qt::Key_Backtab,
+                    Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(TabShown(), (kCompsTab - step + kTabs) % kTabs);
+  }
 }
 
 // ---- Comps and Sound ----------------------------------------------------------------------------

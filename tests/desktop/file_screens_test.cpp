@@ -43,13 +43,6 @@ class FileScreens : public AtTheTable {
     auto* const found = Find<QLabel>(screen, label.c_str());
     return found == nullptr ? "" : found->text().toStdString();
   }
-  // Answers the file dialog.
-  void ExpectFile(const char* name) {
-    Expect([name](QWidget& dialog) {
-      Find<QLineEdit>(dialog, "txtFileName")->setText(name);
-      Click(dialog, "cmdOK");
-    });
-  }
   // Answers a question with its fields.
   void ExpectNumbers(const char* first, const char* second) {
     Expect([first, second](QWidget& dialog) {
