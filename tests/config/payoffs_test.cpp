@@ -35,33 +35,6 @@ TEST(Payoffs, FieldRowsRunByTotalAndPair) {
   EXPECT_EQ(row, 21);
 }
 
-// Odds at the true ratio are worth nothing, by the defaults; the other bets are worth what players
-// know them for, in percent a decision.
-TEST(Payoffs, DefaultsAreThoseOfTheHouse) {
-  Game game = HouseGame();
-  game.LayVigPct = game.BuyVigPct = {};
-  for (int slot = 0; slot < kSlotCount; ++slot) {
-    EXPECT_EQ(FigureAdvantage(game, kLay + slot).ev_per_decision, 0) << slot;
-    EXPECT_EQ(FigureAdvantage(game, kComeOdds + slot).ev_per_decision, 0) << slot;
-    EXPECT_EQ(FigureAdvantage(game, kBuy + slot).ev_per_decision, 0) << slot;
-  }
-  const struct {
-    int bet;
-    double percent;
-  } kKnown[] = {
-      {kPlace, -7.143},     {kPlace + 1, -6.25},  {kPlace + 2, -6.667}, {kPlace + 3, -4},
-      {kPlace + 4, -1.515}, {kPlace + 9, -7.143}, {kBig6, -9.091},      {kHard4, -11.111},
-      {kHard6, -9.091},     {kTwo, -13.889},      {kThree, -11.111},    {kSeven, -16.667},
-      {kCraps, -11.111},    {kHop22, -13.889},    {kHop13, -11.111},    {kField, -5.556},
-      {kHorn, -12.5},       {kWorld, -16},        {kCAndE, -11.111},    {kOver7, -16.667},
-      {kPassLine, -5.382},
-  };
-  for (const auto& known : kKnown) {
-    EXPECT_NEAR(100 * FigureAdvantage(game, known.bet).ev_per_decision, known.percent, 0.001)
-        << kBetName[static_cast<std::size_t>(known.bet)];
-  }
-}
-
 TEST(Payoffs, PassLineOddsTakeTheRowOfThePoint) {
   Game game;
   for (const int point : kNumbers) {
