@@ -186,24 +186,6 @@ TEST_F(HotKeysTest, RunsOnceAndBringsTheActiveScriptBack) {
   EXPECT_FALSE(game_.HotKeyRunning);
 }
 
-TEST_F(HotKeysTest, TheTableAsksBeforeItListens) {
-  EXPECT_TRUE(TableListens(game_));
-  game_.AutoBetRunning = game_.HyperDriveActive = game_.KeepRolling = true;
-  surface_.Answer(kAnswerNo);
-  EXPECT_FALSE(TableListens(game_));
-  EXPECT_TRUE(game_.AutoBetRunning && game_.KeepRolling);
-  surface_.Answer(kAnswerYes);
-  EXPECT_FALSE(TableListens(game_));
-  EXPECT_FALSE(game_.AutoBetRunning || game_.KeepRolling);
-  game_.KeepRolling = true;
-  surface_.Answer(kAnswerYes);
-  EXPECT_FALSE(TableListens(game_));
-  EXPECT_FALSE(game_.KeepRolling);
-  ASSERT_EQ(surface_.messages.size(), 3U);
-  EXPECT_EQ(surface_.messages[1].text, "Do you want to interrupt Auto-Betting? ");
-  EXPECT_EQ(surface_.messages[2].text, "Do you want to stop Hyper-Drive?");
-}
-
 TEST_F(HotKeysTest, RowsAreAddedWhereTheNextPressPutsThem) {
   EXPECT_FALSE(AddHotKey(game_, 'A', "   ", "nothing"));
   EXPECT_FALSE(AddHotKey(game_, 'A', std::string(101, 'x'), ""));

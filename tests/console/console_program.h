@@ -28,7 +28,7 @@ std::vector<nlohmann::json> Play(const std::vector<std::string>& commands,
 // not looked at.
 struct Step {
   std::string command;
-  nlohmann::json value;
+  nlohmann::json value = nullptr;
 };
 // Plays commands that must all be understood. Gives the answers.
 std::vector<nlohmann::json> PlaySteps(const std::vector<Step>& steps,

@@ -209,20 +209,6 @@ TEST(Console, ASeedRepeatsTheWholeSession) {
             without_folder(RunProgram("console --json --seed 43", session).output));
 }
 
-TEST(Console, AGameBegunLaterIsSeededAfresh) {
-  std::vector<std::string> commands(20, "roll");
-  commands.insert(commands.end(), {"answer no", "new"});
-  commands.insert(commands.end(), 20, "roll");
-  const auto answers = Play(commands, "--seed 5");
-  std::string first;
-  std::string second;
-  for (std::size_t i = 0; i < 20; ++i) {
-    first += answers[i]["value"]["dice"].dump();
-    second += answers[i + 22]["value"]["dice"].dump();
-  }
-  EXPECT_NE(first, second);
-}
-
 TEST(Console, RngSelectsBeforeTheFirstCommand) {
   std::vector<std::string> games;
   for (int rng = 1; rng <= 8; ++rng) {

@@ -28,17 +28,6 @@ TEST(ConsolePress, ChipsGoWhereTheyArePut) {
                  ["Total bets:  ","5","  Available:  ","495"]])")}});
 }
 
-TEST(ConsolePress, ARightPressRollsAsTheRollCommandDoes) {
-  const json rolled = Play({"atm withdraw 500", "bet 51 5", "roll"})[2]["value"];
-  PlaySteps({{"atm withdraw 500"},
-             {"bet 51 5"},
-             {"press right 300 100"},
-             {"get RollCounts(0)", 1},
-             {"get Die1", rolled["dice"][0]},
-             {"get Die2", rolled["dice"][1]},
-             {"get BetAmount(0)", rolled["bankroll"]}});
-}
-
 TEST(ConsolePress, KeysWalkAndFillTheEntryBox) {
   PlaySteps({{"atm withdraw 500"},
              {"key right"},

@@ -176,29 +176,6 @@ TEST(SkewedDraw, RoundsTheShufflesAndCutsTheOthers) {
   }
 }
 
-// 36 outcomes, 35 degrees of freedom: above 80 less than once in 25,000 fair samples.
-TEST(Rng, EveryGeneratorThrowsFairDice) {
-  constexpr int kRollsOfTest = 180'000;
-  for (std::int32_t rng = kRng1; rng <= kRng8; ++rng) {
-    Table table(rng, 20'031);
-    if (rng == kRng4 || rng == kRng7) table.game.Ran2Idum = 12'345;
-    std::array<int, 67> counts{};
-    for (int i = 0; i < kRollsOfTest; ++i) ++counts[static_cast<std::size_t>(table.Roll())];
-    double chi_square = 0;
-    int seen = 0;
-    for (int first = 1; first <= 6; ++first) {
-      for (int second = 1; second <= 6; ++second) {
-        const int count = counts[static_cast<std::size_t>(first * 10 + second)];
-        const double off = count - kRollsOfTest / 36.0;
-        chi_square += off * off / (kRollsOfTest / 36.0);
-        seen += count;
-      }
-    }
-    EXPECT_EQ(seen, kRollsOfTest);
-    EXPECT_LT(chi_square, 80) << "RNG #" << rng + 1;
-  }
-}
-
 TEST(SeedRng, TakesSeedsWithinTheLimitsOfTheGenerator) {
   const struct {
     std::int32_t rng;

@@ -236,18 +236,6 @@ TEST_F(PlaceBetTest, LayBetsTellWhatTheirVigWouldBe) {
   ExpectSilence();
 }
 
-TEST_F(PlaceBetTest, TheVigOfABetThatIsReplacedCountsAsStanding) {
-  Bet(Buy(4), 40_usd);
-  surface.messages.clear();
-  game.VigCarried = LiftBet(game, Buy(4));
-  EXPECT_EQ(game.VigCarried, 2_usd);
-  EXPECT_EQ(game.TotalOnTable, 0_usd);
-  Bet(Buy(4), 20_usd);
-  ExpectMessage("Buy 4 Bet", "\"Vig\" decreased by: $1\n\nTotal \"Vig\" charge: $1", kCharges);
-  EXPECT_EQ(game.VigCarried, 0_usd);
-  EXPECT_EQ(game.TotalOnTable, 21_usd);
-}
-
 TEST_F(PlaceBetTest, ChipStacksHoldAnyAmountWithinTheirLimit) {
   const int stack = kFirstStack + 57;
   EXPECT_EQ(Bet(stack, -12.3456_usd), -12.3456_usd);

@@ -3,17 +3,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <thread>
 #include <vector>
 
 #include "console/console_program.h"
-#include "engine/start_up.h"
 #include "files/glg_file.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
-#include "support/recording_surface.h"
-#include "support/scratch_folder.h"
+#include "support/started_game.h"
 
 namespace feltmaster {
 namespace {
@@ -25,12 +22,8 @@ using ::testing::Not;
 
 constexpr std::int64_t kDollar = 10'000;
 
-class GamesLogTest : public InScratchFolder {
+class GamesLogTest : public StartedGame<> {
  protected:
-  GamesLogTest() {
-    game_->surface = &surface_;
-    StartUp(*game_, {.data_dir = Path(""), .seed = 1});
-  }
   void HaveRolls(std::int32_t rolls) { game_->Events[0].count = rolls; }
   // Games whose every amount tells which one it is.
   static GlgGame NumberedGame(std::int64_t number) {
@@ -45,9 +38,6 @@ class GamesLogTest : public InScratchFolder {
     for (std::int64_t i = 1; i <= count; ++i) games.push_back(NumberedGame(i));
     return games;
   }
-
-  RecordingSurface surface_;
-  std::unique_ptr<Game> game_ = std::make_unique<Game>();
 };
 
 TEST_F(GamesLogTest, AFinishedGameIsOneRecordByteForByte) {

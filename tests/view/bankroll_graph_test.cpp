@@ -143,6 +143,14 @@ TEST_F(BankrollGraphTest, ButtonsMoveTheScale) {
   EXPECT_EQ(game_->GraphScale, 0.4_usd);
 }
 
+TEST_F(BankrollGraphTest, AnAverageWithoutRollsIsZero) {
+  EXPECT_EQ(MovingAverage(*game_, true, 0, 0), 0_usd);
+  EXPECT_EQ(MovingAverage(*game_, true, 0, 10), 0_usd);
+  Roll({5_usd});
+  EXPECT_EQ(MovingAverage(*game_, false, 1, 0), 0_usd);
+  EXPECT_EQ(MovingAverage(*game_, false, 1, 10), 0_usd);
+}
+
 TEST_F(BankrollGraphTest, TheAverageIsAskedFor) {
   Roll({10_usd, 20_usd, 60_usd});
   const auto type = [&](const std::string& text, std::int32_t answer) {
