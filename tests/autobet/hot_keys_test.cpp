@@ -7,7 +7,6 @@
 
 #include "autobet/script_file.h"
 #include "autobet/script_text.h"
-#include "automation/table_guards.h"
 #include "engine/start_up.h"
 #include "support/recording_surface.h"
 #include "support/scratch_folder.h"

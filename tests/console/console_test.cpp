@@ -250,6 +250,17 @@ TEST(Console, QueuedAnswersGoToTheQuestionsInOrder) {
   EXPECT_EQ(answers[11]["messages"][0]["answer"], 7);
 }
 
+// A seed that the selected generator does not take is asked for until it is valid.
+TEST(Console, TheSeedDialogEndsAlsoWithNobodyToAnswerIt) {
+  const auto answers = Play(
+      {"configure UserSeedMode true", "set LastSeed 2000000", "call SeedRng 0", "get LastSeed"},
+      "--seed 1 --rng 3");
+  ASSERT_EQ(answers.size(), 4u);
+  EXPECT_EQ(Title(answers[2]), "RNG Seed");
+  EXPECT_LE(answers[2]["messages"].size(), 2u);
+  EXPECT_EQ(answers[3]["value"], 1);
+}
+
 TEST(Console, ChainsOfRolls) {
   const auto answers = PlaySteps({
       {"rolls 25", {{"rolls", 25}}},
@@ -328,6 +339,7 @@ TEST(Console, BetsAreOrderedAboutByTheirCommands) {
              {"bet 55 6"},
              {"bet 56 6"},
              {"remove all", 0},
+             {"call ComputeMinBet 51", 1},
              {"call ComputeMaxBet 51", 1000},
              {"call ComputeBuyVig 43 100", 5}});
 }

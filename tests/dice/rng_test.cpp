@@ -119,6 +119,10 @@ TEST(Rng, AStreamStaysWhatItIs) {
     EXPECT_EQ(std::vector<int>(rolls.begin(), rolls.begin() + 8), stream.first) << stream.rng + 1;
     EXPECT_EQ(hash, stream.hash) << "RNG #" << stream.rng + 1 << ", seed " << stream.seed;
   }
+  Table first;  // never seeded
+  Table second;
+  second.game.RngSelected = kRng2;
+  EXPECT_NE(first.Rolls(50), second.Rolls(50));
 }
 
 TEST(Rng3, TakesTheSeedOfAnotherGenerator) {

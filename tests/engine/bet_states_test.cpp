@@ -34,6 +34,7 @@ TEST_F(BetStatesTest, ARuleForTheComeOutTakesEffectAtOnce) {
   EXPECT_EQ(game.BetState[kLay], kWorking);
   EXPECT_EQ(game.BetState[kPlace], kNotWorking);
   EXPECT_FALSE(game.WorkOnComeOut.Has(kRail));
+  ResetBetState(game, kFirstStack);  // no bet
 }
 
 }  // namespace

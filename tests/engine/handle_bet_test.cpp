@@ -92,6 +92,30 @@ TEST_F(HandleBetTest, ReportsCompareWithTheStartOfTheRoll) {
   EXPECT_EQ(TakeMessage().text, "");
 }
 
+TEST_F(HandleBetTest, OptionsThatAreTooLargeOrMeanNothing) {
+  Quiet();
+  game.AutoAdjustBetAmounts = kAdjustManually;
+  game.CurrentBet = kPlace6;
+  const auto apply = [&](std::int32_t option, std::int32_t math, MoneyAmount amount, int units) {
+    const auto cell = static_cast<std::size_t>(option - kFirstHandleOption);
+    game.HandleChoiceTag[cell] = math;
+    game.HandleAmount[cell] = amount;
+    game.HandleUnits[cell] = MoneyAmount(units);
+    Stand(kPlace6, 40_usd);
+    BeginRoll();
+    option == kAutoLostBet ? SetBetAmount(game, option) : ModifySameBet(game, option);
+    EXPECT_EQ(game.TotalOnTable, BetsAndVig());
+    return game.BetAmount[kPlace6];
+  };
+  const MoneyAmount most = MoneyAmount::FromRaw(INT64_MAX);
+  EXPECT_EQ(apply(kAutoWonSame, 0, most, 6), 1000_usd) << "up to the limit";
+  EXPECT_EQ(apply(kAutoWonSame, 1, most, 6), 0_usd);
+  EXPECT_EQ(apply(kAutoWonSame, 2, most, 0), 1000_usd);
+  EXPECT_EQ(apply(kAutoWonSame, 3, 0_usd, 0), 40_usd);
+  EXPECT_EQ(apply(kAutoLostBet, 0, most, 4), 1000_usd);
+  EXPECT_EQ(apply(kAutoLostBet, 0, 3_usd, 1), 0_usd) << "a percentage means nothing here";
+}
+
 TEST_F(HandleBetTest, HyperDriveTakesDownWhatWouldBeAsked) {
   game.HyperDriveActive = true;
   game.HandleLosingBets = kHandleManually;

@@ -139,6 +139,14 @@ TEST_F(PlaceBetTest, TheMaximumCutsTheRequest) {
   ExpectMessage("Big 6 Bet", "Maximum bet here is: $2,500.50\nwhich is being bet.", kLimits);
 }
 
+TEST_F(PlaceBetTest, AFieldThatDecidesNothingCanStillBeBet) {
+  for (PayRow& row : game.FieldPayTable) row.PayNumerator = MoneyAmount();
+  game.PayTable[kField].PayDenominator = MoneyAmount();  // as leaving the Configure screen sets it
+  EXPECT_EQ(Bet(kField, 5_usd), 5_usd);
+  EXPECT_EQ(Bet(kField, -5_usd), -5_usd);
+  ExpectSilence();
+}
+
 TEST_F(PlaceBetTest, ABetThatCannotBeProperIsSaidToBeSo) {
   game.MinPlacardBet = 97_usd;
   game.MaxPlacardBet = 101_usd;
@@ -148,6 +156,17 @@ TEST_F(PlaceBetTest, ABetThatCannotBeProperIsSaidToBeSo) {
   ExpectMessage("Place 8 Bet",
                 "Maximum bet here is: $101\n\nUnable to auto-adjust bet for proper odds payoff.",
                 kLimits);
+  // A fifth of a dollar divides the unit five times, but not the quarter.
+  game.MinPlacardBet = 1_usd;
+  game.MaxPlacardBet = 1000_usd;
+  game.AutoAdjustBetAmounts = kMinorCorrection;
+  SetRow(Place(5), 1.4_usd, 1.2_usd);
+  EXPECT_EQ(Bet(Place(5), 10_usd), 12_usd);
+  ExpectSilence();
+  SetRow(Place(9), 1.4_usd, 1.2_usd);
+  SetChips(0.25_usd, 1_usd, 5_usd, 25_usd, 100_usd);
+  EXPECT_EQ(Bet(Place(9), 10_usd), 10_usd);
+  ExpectMessage("Place 9 Bet", "Unable to auto-adjust bet for proper odds payoff.", kLimits);
 }
 
 TEST_F(PlaceBetTest, TheBankrollBoundsTheBetsWhenItMayNotGoNegative) {

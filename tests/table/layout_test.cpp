@@ -189,6 +189,13 @@ TEST(KeyWalk, GridStacksAndTheWayBack) {
     game.ShowHopBets = true;
     EXPECT_EQ(walk(end, Arrow::kRight), hops);
   }
+  const int beside[3][3] = {{53, 60, 84}, {54, 62, 88}, {67, 68, 69}};
+  for (const auto& [from, prop, hop] : beside) {
+    game.ShowHopBets = false;
+    EXPECT_EQ(walk(from, Arrow::kRight), prop);
+    game.ShowHopBets = true;
+    EXPECT_EQ(walk(from, Arrow::kRight), hop);
+  }
   // A Buy bet is walked as its Place bet.
   game.BetAmount.Set(44, MoneyAmount(10));
   EXPECT_EQ(walk(33, Arrow::kRight), 44);
