@@ -497,16 +497,6 @@ TEST_F(Actions, ConsecutiveValuesAddUp) {
   EXPECT_EQ(surface.messages[0].text, "5 12 ");
 }
 
-TEST_F(Actions, MessagesCanBeHidden) {
-  MessageReply hide;
-  hide.hide = true;
-  surface.answers = {hide};
-  Do("Show message: \"One\"");
-  EXPECT_EQ(game.NotifyFlags & kNoticeScript, 0);
-  Do("Show message: \"One\"");
-  EXPECT_EQ(surface.messages.size(), 1u);
-}
-
 TEST_F(Actions, MessagesStopHyperDrive) {
   game.HyperDriveActive = true;
   game.KeepRolling = true;
@@ -550,14 +540,6 @@ TEST_F(Actions, InputIsBetOnEverySlot) {
   Do("Get input and bet it on Field");
   EXPECT_EQ(surface.messages[1].text, "Please enter a value to bet on:  Field");
   EXPECT_EQ(Amount(kField), 12);
-}
-
-TEST_F(Actions, AMinimisedTableEndsAQuestion) {
-  surface.minimised = true;
-  game.KeepRolling = true;
-  Do("Yes/No question: \"Well?\"\nAdd $ 1 to Chip-Stack # 1");
-  EXPECT_EQ(Stack(1), 0);
-  EXPECT_FALSE(game.KeepRolling);
 }
 
 // --- The output file -----------------------------------------------------------------------------

@@ -375,31 +375,6 @@ TEST_F(Conditions, AmountsAreNewWhenTheyWereNotSoBefore) {
   EXPECT_EQ(Ask("Place 6 is equal to $ 0"), kNew);  // nothing is old before the first roll
 }
 
-TEST_F(Conditions, RangesOfAmounts) {
-  EXPECT_EQ(Ask("Any Place bet is greater than $ 10"), kNo);
-  SetBefore(34, 0, 12);
-  EXPECT_EQ(Ask("Any Place bet is greater than $ 10"), kNew);
-  SetAmountBefore(36, 15);  // another one was above 10
-  EXPECT_EQ(Ask("Any Place bet is greater than $ 10"), kOld);
-  // Empty slots do not count, except against 0.
-  EXPECT_EQ(Ask("Any Place bet is less than $ 10"), kNo);
-  EXPECT_EQ(Ask("Any Place bet is equal to $ 0"), kOld);
-  EXPECT_EQ(Ask("All Come bets are equal to $ 0"), kOld);
-  SetAmount(11, 5);
-  EXPECT_EQ(Ask("All Come bets are equal to $ 0"), kNo);
-
-  SetAmountBefore(36, 0);
-  EXPECT_EQ(Ask("All Place bets are greater than $ 10"), kNew);
-  SetAmount(35, 10);
-  EXPECT_EQ(Ask("All Place bets are greater than $ 10"), kNo);
-  EXPECT_EQ(Ask("All Place bets are greater than $ 9"), kNew);
-  SetAmountBefore(34, 12);
-  EXPECT_EQ(Ask("All Place bets are greater than $ 9"), kOld);
-  SetAmountBefore(37, 3);  // the bets that stood before did not all do so
-  EXPECT_EQ(Ask("All Place bets are greater than $ 9"), kNew);
-  EXPECT_EQ(Ask("All Lay bets are greater than $ 1"), kNo);  // none stands
-}
-
 // Ranges are not walked slot by slot; this walk says what they must answer.
 TEST_F(Conditions, RangesAgreeWithAWalkOverTheirSlots) {
   std::mt19937 random(5);

@@ -7,7 +7,6 @@
 
 #include "autobet/script_file.h"
 #include "autobet/script_text.h"
-#include "automation/table_guards.h"
 #include "engine/start_up.h"
 #include "support/recording_surface.h"
 #include "support/scratch_folder.h"
@@ -184,24 +183,6 @@ TEST_F(HotKeysTest, RunsOnceAndBringsTheActiveScriptBack) {
   EXPECT_EQ(surface_.messages[1].title, "Unable to Open Auto-Bet File");
   EXPECT_EQ(game_.ScriptLines.size(), 2U);
   EXPECT_FALSE(game_.HotKeyRunning);
-}
-
-TEST_F(HotKeysTest, TheTableAsksBeforeItListens) {
-  EXPECT_TRUE(TableListens(game_));
-  game_.AutoBetRunning = game_.HyperDriveActive = game_.KeepRolling = true;
-  surface_.Answer(kAnswerNo);
-  EXPECT_FALSE(TableListens(game_));
-  EXPECT_TRUE(game_.AutoBetRunning && game_.KeepRolling);
-  surface_.Answer(kAnswerYes);
-  EXPECT_FALSE(TableListens(game_));
-  EXPECT_FALSE(game_.AutoBetRunning || game_.KeepRolling);
-  game_.KeepRolling = true;
-  surface_.Answer(kAnswerYes);
-  EXPECT_FALSE(TableListens(game_));
-  EXPECT_FALSE(game_.KeepRolling);
-  ASSERT_EQ(surface_.messages.size(), 3U);
-  EXPECT_EQ(surface_.messages[1].text, "Do you want to interrupt Auto-Betting? ");
-  EXPECT_EQ(surface_.messages[2].text, "Do you want to stop Hyper-Drive?");
 }
 
 TEST_F(HotKeysTest, RowsAreAddedWhereTheNextPressPutsThem) {

@@ -232,24 +232,6 @@ TEST(NumericKeyFilter, LetsNumbersThrough) {
   }
 }
 
-TEST(VigSettings, ChangeWhatStandsOnTheTable) {
-  Table table;
-  Game& game = table.game;
-  table.Bet(kBuy + 2, 30_usd);  // vig of 1.5, "normally" down to 1
-  EXPECT_EQ(game.TotalOnTable, 31_usd);
-  ChangeVigSetting(game, VigSetting::kBuyRounding, kRoundUp);
-  EXPECT_EQ(game.BuyVigPaid[2], 2_usd);
-  EXPECT_EQ(game.TotalOnTable, 32_usd);
-  ChangeVigSetting(game, VigSetting::kBuyAllBets, false);
-  EXPECT_EQ(game.TotalOnTable, 30_usd);
-  // With the vig charged on winners only, a new rounding waits.
-  ChangeVigSetting(game, VigSetting::kBuyRounding, kRoundDown);
-  EXPECT_EQ(game.BuyVigPaid[2], 2_usd);
-  ChangeVigSetting(game, VigSetting::kLayRounding, kRoundUp);
-  EXPECT_EQ(game.BuyVigPaid[2], 2_usd);
-  EXPECT_TRUE(table.surface.dialogs.empty());
-}
-
 TEST(VigSettings, AreUndoneWhenTheBankrollDoesNotCarryThem) {
   Table table;
   Game& game = table.game;

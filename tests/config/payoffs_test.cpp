@@ -21,61 +21,6 @@ Game HouseGame() {
   return game;
 }
 
-TEST(Payoffs, FieldRowsRunByTotalAndPair) {
-  int row = 0;
-  for (int total = 2; total <= 12; ++total) {
-    for (int low = 1; low <= 6; ++low) {
-      const int high = total - low;
-      if (high < low || high > 6) continue;
-      ++row;
-      EXPECT_EQ(FieldRowOfDice(low, high), row);
-      EXPECT_EQ(FieldRowOfDice(high, low), row);
-    }
-  }
-  EXPECT_EQ(row, 21);
-}
-
-// Odds at the true ratio are worth nothing, by the defaults; the other bets are worth what players
-// know them for, in percent a decision.
-TEST(Payoffs, DefaultsAreThoseOfTheHouse) {
-  Game game = HouseGame();
-  game.LayVigPct = game.BuyVigPct = {};
-  for (int slot = 0; slot < kSlotCount; ++slot) {
-    EXPECT_EQ(FigureAdvantage(game, kLay + slot).ev_per_decision, 0) << slot;
-    EXPECT_EQ(FigureAdvantage(game, kComeOdds + slot).ev_per_decision, 0) << slot;
-    EXPECT_EQ(FigureAdvantage(game, kBuy + slot).ev_per_decision, 0) << slot;
-  }
-  const struct {
-    int bet;
-    double percent;
-  } kKnown[] = {
-      {kPlace, -7.143},     {kPlace + 1, -6.25},  {kPlace + 2, -6.667}, {kPlace + 3, -4},
-      {kPlace + 4, -1.515}, {kPlace + 9, -7.143}, {kBig6, -9.091},      {kHard4, -11.111},
-      {kHard6, -9.091},     {kTwo, -13.889},      {kThree, -11.111},    {kSeven, -16.667},
-      {kCraps, -11.111},    {kHop22, -13.889},    {kHop13, -11.111},    {kField, -5.556},
-      {kHorn, -12.5},       {kWorld, -16},        {kCAndE, -11.111},    {kOver7, -16.667},
-      {kPassLine, -5.382},
-  };
-  for (const auto& known : kKnown) {
-    EXPECT_NEAR(100 * FigureAdvantage(game, known.bet).ev_per_decision, known.percent, 0.001)
-        << kBetName[static_cast<std::size_t>(known.bet)];
-  }
-}
-
-TEST(Payoffs, PassLineOddsTakeTheRowOfThePoint) {
-  Game game;
-  for (const int point : kNumbers) {
-    game.Point = point;
-    DefaultPayoffs(game);
-    const auto row = static_cast<std::size_t>(point + 19 - point / 7);
-    EXPECT_EQ(game.PayTable[kPassOdds], game.PayTable[row]) << point;
-  }
-  game.PayTable[kComeOdds + 5] = Row(9_usd, true, 4_usd);
-  game.Point = 8;
-  CopyPointOddsRow(game);
-  EXPECT_EQ(game.PayTable[kPassOdds], Row(9_usd, true, 4_usd));
-}
-
 // A preset is worth a roll what the bet is worth that it stands for.
 TEST(Payoffs, PresetsPlayTheirBets) {
   Game game = HouseGame();
@@ -103,24 +48,6 @@ TEST(Payoffs, PresetsPlayTheirBets) {
   EXPECT_EQ(game.FieldPayTable[1], Row(27_usd, false, 4_usd));
   EXPECT_EQ(ShownNumerator(game.FieldPayTable[1]), 31_usd);
   EXPECT_TRUE(FindPayoffFault(game).title.empty());
-}
-
-TEST(Payoffs, EditsKeepTheNumberShown) {
-  PayRow row = Row(7_usd, true, 6_usd);
-  EnterWord(row, false);  // 7 for 6
-  EXPECT_EQ(row, Row(1_usd, false, 6_usd));
-  EnterWord(row, false);
-  EXPECT_EQ(row, Row(1_usd, false, 6_usd));
-  EnterNumerator(row, 13_usd);
-  EXPECT_EQ(row, Row(7_usd, false, 6_usd));
-  EnterDenominator(row, 4_usd);  // 13 for 4
-  EXPECT_EQ(row, Row(9_usd, false, 4_usd));
-  EnterDenominator(row, {});
-  EXPECT_EQ(row, Row(9_usd, false, 4_usd));
-  EnterWord(row, true);
-  EXPECT_EQ(row, Row(13_usd, true, 4_usd));
-  EnterDenominator(row, 5_usd);
-  EXPECT_EQ(row, Row(13_usd, true, 5_usd));
 }
 
 TEST(Payoffs, GridLeavesOutWhatHasNoPayoffOfItsOwn) {
@@ -165,21 +92,6 @@ TEST(Payoffs, ALossAboveTheStakeIsAFault) {
   game.PayTable[kHop55] = Row(MoneyAmount(-2), true, 1_usd);
   EXPECT_EQ(FindPayoffFault(game).grid_row, 82);
   EXPECT_FALSE(FindPayoffFault(game).of_field);
-}
-
-TEST(Payoffs, FieldDenominatorIsTheOneAllRowsShare) {
-  Game game = HouseGame();
-  const auto common = [&game] {
-    SetFieldCommonDenominator(game);
-    return game.PayTable[kField].PayDenominator;
-  };
-  EXPECT_EQ(common(), 1_usd);
-  SetFieldPayoffs(game, FieldPreset::kAsPlaceLose8);
-  EXPECT_EQ(common(), 5_usd);  // the rows that decide nothing do not count
-  game.FieldPayTable[21] = Row(3_usd, true, 2_usd);
-  EXPECT_EQ(common(), 1_usd);
-  for (PayRow& row : game.FieldPayTable) row = Row({}, true, 7_usd);
-  EXPECT_EQ(common(), 0_usd);
 }
 
 }  // namespace

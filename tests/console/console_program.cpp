@@ -61,4 +61,25 @@ std::vector<nlohmann::json> Play(const std::vector<std::string>& commands,
   return RunProgram("console --json " + options, input).Answers();
 }
 
+std::vector<nlohmann::json> PlaySteps(const std::vector<Step>& steps, const std::string& options) {
+  std::vector<std::string> commands;
+  for (const Step& step : steps) commands.push_back(step.command);
+  auto answers = Play(commands, options);
+  EXPECT_EQ(answers.size(), steps.size());
+  answers.resize(steps.size());
+  for (std::size_t i = 0; i < steps.size(); ++i) {
+    const auto& [command, expected] = steps[i];
+    EXPECT_EQ(answers[i].value("ok", false), true) << command << ": " << answers[i];
+    const auto& value = answers[i]["value"];
+    if (!expected.is_object()) {
+      EXPECT_TRUE(expected.is_null() || value == expected) << command << ": " << answers[i];
+      continue;
+    }
+    for (const auto& [name, part] : expected.items()) {
+      EXPECT_EQ(value.at(name), part) << command << ": " << name;
+    }
+  }
+  return answers;
+}
+
 }  // namespace feltmaster

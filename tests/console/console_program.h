@@ -24,4 +24,14 @@ ProgramRun RunProgram(const std::string& options, const std::string& input = {})
 std::vector<nlohmann::json> Play(const std::vector<std::string>& commands,
                                  const std::string& options = "--seed 1");
 
+// A command, and what it is to give: all of it, or the parts of an object that are named. Null is
+// not looked at.
+struct Step {
+  std::string command;
+  nlohmann::json value = nullptr;
+};
+// Plays commands that must all be understood. Gives the answers.
+std::vector<nlohmann::json> PlaySteps(const std::vector<Step>& steps,
+                                      const std::string& options = "--seed 1");
+
 }  // namespace feltmaster

@@ -9,63 +9,49 @@ namespace {
 using nlohmann::json;
 using ::testing::HasSubstr;
 
-// Sees to it that every command was understood, and gives the values of the `get`s.
-std::vector<json> Values(const std::vector<std::string>& commands) {
-  const auto answers = Play(commands);
-  EXPECT_EQ(answers.size(), commands.size());
-  std::vector<json> values;
-  for (std::size_t i = 0; i < answers.size(); ++i) {
-    EXPECT_EQ(answers[i]["ok"], true) << commands[i] << ": " << answers[i];
-    if (answers[i].contains("value")) values.push_back(answers[i]["value"]);
-  }
-  return values;
-}
-
 TEST(ConsolePress, ChipsGoWhereTheyArePut) {
-  EXPECT_EQ(Values({"atm withdraw 500", "press left 16 320",  // $5 chips
-                    "press left 354 297", "get BetAmount(54)", "press left 300 290 ctrl",
-                    "get BetAmount(54)", "press left 400 270", "press left 300 360",
-                    "press left 16 295", "press left 300 360", "get ChipList",
-                    "press left 300 360 shift", "get BetAmount(51)", "get HitBet", "show status"}),
-            json::parse(R"([5, 0, [[54,2,400,270],[51,2,300,360],[51,3,300,360]], 0, 51,
-                [["You're even:  ","0"],["Bankroll:  ","500"],
-                 ["Total bets:  ","5","  Available:  ","495"]]])"));
-}
-
-TEST(ConsolePress, ARightPressRollsAsTheRollCommandDoes) {
-  const auto pressed = Values({"atm withdraw 500", "bet 51 5", "press right 300 100",
-                               "get RollCounts(0)", "get Die1", "get Die2", "get BetAmount(0)"});
-  const auto rolled = Play({"atm withdraw 500", "bet 51 5", "roll"});
-  EXPECT_EQ(pressed[1], 1);
-  EXPECT_EQ(json({pressed[2], pressed[3]}), rolled[2]["value"]["dice"]);
-  EXPECT_EQ(pressed[4], rolled[2]["value"]["bankroll"]);
+  PlaySteps({{"atm withdraw 500"},
+             {"press left 16 320"},  // $5 chips
+             {"press left 354 297"},
+             {"get BetAmount(54)", 5},
+             {"press left 300 290 ctrl"},
+             {"get BetAmount(54)", 0},
+             {"press left 400 270"},
+             {"press left 300 360"},
+             {"press left 16 295"},
+             {"press left 300 360"},
+             {"get ChipList", json::parse("[[54,2,400,270],[51,2,300,360],[51,3,300,360]]")},
+             {"press left 300 360 shift"},
+             {"get BetAmount(51)", 0},
+             {"get HitBet", 51},
+             {"show status", json::parse(R"([["You're even:  ","0"],["Bankroll:  ","500"],
+                 ["Total bets:  ","5","  Available:  ","495"]])")}});
 }
 
 TEST(ConsolePress, KeysWalkAndFillTheEntryBox) {
-  EXPECT_EQ(Values({"atm withdraw 500",
-                    "key right",
-                    "get EntryBoxBet",
-                    "set KeyInBetAmounts true",
-                    "press left 110 165",
-                    "key 1",
-                    "key 2",
-                    "key right",
-                    "get EntryBoxBet",
-                    "get BetAmount(31)",
-                    "key 7",
-                    "get EntryBoxText",
-                    "key esc",
-                    "get EntryBoxText",
-                    "key 8",
-                    "key enter",
-                    "key down",
-                    "get BetAmount(32)",
-                    "get EntryBoxBet",
-                    "key up",
-                    "get EntryBoxBet",
-                    "enter 54 10",
-                    "get KeyInBetAmounts"}),
-            json::parse(R"([1, 32, 12, "7", "0", 8, 53, 32, 10, true])"));
+  PlaySteps({{"atm withdraw 500"},
+             {"key right"},
+             {"get EntryBoxBet", 1},
+             {"set KeyInBetAmounts true"},
+             {"press left 110 165"},
+             {"key 1"},
+             {"key 2"},
+             {"key right"},
+             {"get EntryBoxBet", 32},
+             {"get BetAmount(31)", 12},
+             {"key 7"},
+             {"get EntryBoxText", "7"},
+             {"key esc"},
+             {"get EntryBoxText", "0"},
+             {"key 8"},
+             {"key enter"},
+             {"key down"},
+             {"get BetAmount(32)", 8},
+             {"get EntryBoxBet", 53},
+             {"key up"},
+             {"get EntryBoxBet", 32},
+             {"enter 54 10", 10},
+             {"get KeyInBetAmounts", true}});
 }
 
 TEST(ConsolePress, GuardsAndWrongWords) {

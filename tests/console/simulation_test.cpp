@@ -373,23 +373,6 @@ TEST(GameEnds, TellTheFirstFault) {
   EXPECT_EQ(run.statistics.rolls, 27);
 }
 
-TEST(Simulation, ScriptThatResetsTheTableStillEnds) {
-  const ScriptFile script(R"(
- Do this . . .
-     Bet $ 5 on Field
- When . . .
-     The # of rolls in the game are equal to 10
- then . . .
-     Reset table
-)");
-  Experiment experiment = Games(2, 95);
-  experiment.script = script.Path();
-  for (const GameResult& game : GamesOf(experiment)) {
-    EXPECT_EQ(game.rolls, 95);
-    EXPECT_EQ(game.end, GameEnd::kRolls);
-  }
-}
-
 TEST(Simulation, PathsBeginAndEndWithTheGame) {
   Experiment experiment = Games(kPaths + 5, 30'001);
   const Played run(experiment);

@@ -8,29 +8,6 @@ namespace {
 
 using BetStatesTest = BetTable;
 
-TEST_F(BetStatesTest, OnTheComeOutBetsTakeTheirRule) {
-  for (int bet = 1; bet <= kBetCount; ++bet) {
-    const bool idle = (bet >= kComeOdds && bet < kPassLine) || bet == kPassOdds || bet == kComeBox;
-    EXPECT_EQ(game.BetState[bet], idle ? kNotWorking : kWorking) << bet;
-  }
-}
-
-TEST_F(BetStatesTest, CallsSurviveThePoint) {
-  game.BetState.Set(kPlace, kCalledOn);
-  game.BetState.Set(kField, kCalledOff);
-  for (const int point : {6, 0}) {
-    SetPoint(point);
-    EXPECT_EQ(game.BetState[kPlace], kCalledOn);
-    EXPECT_EQ(game.BetState[kField], kCalledOff);
-    EXPECT_EQ(game.BetState[kPlace + 1], point == 0 ? kNotWorking : kWorking);
-  }
-  ResetBetState(game, kPlace);
-  ResetBetState(game, kField);
-  ResetBetState(game, kFirstStack);
-  EXPECT_EQ(game.BetState[kPlace], kNotWorking);
-  EXPECT_EQ(game.BetState[kField], kWorking);
-}
-
 TEST_F(BetStatesTest, ARuleForTheComeOutTakesEffectAtOnce) {
   const auto mark = [&](int bet, BetMark how) {
     BetSet selected;
@@ -57,6 +34,7 @@ TEST_F(BetStatesTest, ARuleForTheComeOutTakesEffectAtOnce) {
   EXPECT_EQ(game.BetState[kLay], kWorking);
   EXPECT_EQ(game.BetState[kPlace], kNotWorking);
   EXPECT_FALSE(game.WorkOnComeOut.Has(kRail));
+  ResetBetState(game, kFirstStack);  // no bet
 }
 
 }  // namespace

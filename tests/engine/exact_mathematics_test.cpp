@@ -1,13 +1,14 @@
-// What every bet is worth on a crapless table, from the mathematics, against what the engine pays:
-// exactly, over the 36 rolls, and over long runs of its own dice.
+// What every bet is worth on a crapless table, from the mathematics, against what the engine pays
+// over the 36 rolls, and the figures of the advantage against those payments.
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cmath>
+#include <cstdlib>
 #include <memory>
 #include <numeric>
 #include <vector>
 
+#include "config/advantage.h"
 #include "engine/amounts.h"
 #include "engine/place_bet.h"
 #include "engine/roll_cycle.h"
@@ -31,7 +32,6 @@ struct Fraction {
   friend std::ostream& operator<<(std::ostream& out, Fraction f) {
     return out << f.top << '/' << f.bottom;
   }
-  double Value() const { return static_cast<double>(top) / static_cast<double>(bottom); }
 
   static Fraction Reduced(std::int64_t top, std::int64_t bottom) {
     const std::int64_t common = std::gcd(top, bottom);
@@ -98,9 +98,9 @@ Fraction WorthOfTheLine() {
 
 class Table {
  public:
-  explicit Table(bool vig_on_all = true, std::int32_t seed = 1) : game_(std::make_unique<Game>()) {
+  explicit Table(bool vig_on_all = true) : game_(std::make_unique<Game>()) {
     game_->surface = &surface_;
-    StartUp(*game_, {.data_dir = "", .seed = seed});
+    StartUp(*game_, {.data_dir = "", .seed = 1});
     game_->BetAmount.Set(kBankroll, MoneyAmount(1'000'000));
     game_->MaxPlacardBet = MoneyAmount(100'000);
     game_->MaxOddsBet = MoneyAmount(100'000);
@@ -117,16 +117,13 @@ class Table {
     ASSERT_EQ(game_->BetAmount[bet], MoneyAmount(amount))
         << kBetName[static_cast<std::size_t>(bet)];
   }
-  void Roll() {
-    game_->HyperDriveActive = true;
-    game_->KeepRolling = false;
-    RollCycle(*game_);
-  }
   void Roll(int die1, int die2) {
     game_->Die1 = die1;
     game_->Die2 = die2;
     game_->DiceAlreadySet = true;
-    Roll();
+    game_->HyperDriveActive = true;
+    game_->KeepRolling = false;
+    RollCycle(*game_);
   }
   // The net of a bet on the last roll, 0 when it was not decided.
   MoneyAmount NetOf(int bet) const {
@@ -143,18 +140,53 @@ class Table {
   std::unique_ptr<Game> game_;
 };
 
-// The nets of one bet over the 36 rolls that can follow the table as it stands.
-MoneyAmount NetOverAllRolls(Table& table, int bet) {
+struct Ending {
+  double net = 0;  // of one dollar put up
+  double chance = 0;
+};
+
+// The figures of a bet by their definition. The line is judged by its ways out alone; of any other
+// bet a roll that leaves it standing is an outcome of 0.
+void ExpectFigures(const Game& game, int bet, const std::vector<Ending>& endings, double rolls) {
+  SCOPED_TRACE(kBetName[static_cast<std::size_t>(bet)]);
+  const bool line = bet == kPassLine || bet == kPassOdds;
+  double mean = 0;
+  for (const Ending& ending : endings) mean += ending.net * ending.chance;
+  const double per_roll = mean / rolls;
+  double variance = 0;
+  double variance_roll = line ? 0 : per_roll * per_roll * (1 - 1 / rolls);
+  for (const Ending& ending : endings) {
+    variance += std::pow(ending.net - mean, 2) * ending.chance;
+    variance_roll += std::pow(ending.net - per_roll, 2) * ending.chance / rolls;
+  }
+  constexpr double kSixPlaces = 5.1e-7;
+  const Advantage figured = FigureAdvantage(game, bet);
+  EXPECT_NEAR(figured.ev_per_roll, per_roll, kSixPlaces);
+  EXPECT_NEAR(figured.ev_per_decision, mean, kSixPlaces);
+  EXPECT_NEAR(figured.rolls_per_decision, rolls, line ? kSixPlaces : 0.00501);
+  EXPECT_NEAR(figured.deviation_per_decision, std::sqrt(variance), kSixPlaces);
+  EXPECT_NEAR(figured.deviation_per_roll, std::sqrt(variance_roll), kSixPlaces);
+}
+
+// The nets of one bet over the 36 rolls that can follow the table as it stands, from which the
+// figures of the advantage follow when so much was put up for it, vig included.
+MoneyAmount NetOverAllRolls(Table& table, int bet, MoneyAmount put_up = {}) {
   const Game before = table.State();
-  MoneyAmount net;
+  MoneyAmount sum;
+  std::vector<Ending> endings;
   for (int die1 = 1; die1 <= 6; ++die1) {
     for (int die2 = 1; die2 <= 6; ++die2) {
       table.Roll(die1, die2);
-      net += table.NetOf(bet);
+      const MoneyAmount net = table.NetOf(bet);
       table.State() = before;
+      sum += net;
+      if (net.Raw() != 0) endings.push_back({net.ToDouble() / put_up.ToDouble(), 0});
     }
   }
-  return net;
+  const auto decided = static_cast<double>(endings.size());
+  for (Ending& ending : endings) ending.chance = 1 / decided;
+  if (put_up.Raw() != 0) ExpectFigures(table.State(), bet, endings, 36 / decided);
+  return sum;
 }
 
 // With a point that leaves the bet alone: every bet works, and only its own rolls decide it.
@@ -179,7 +211,7 @@ TEST(ExactMathematics, EveryBetOverAllRolls) {
       Table table(vig_on_all);
       SetPoint(table, PointBeside(worth.bet));
       table.Place(worth.bet, worth.amount);
-      ExpectWorth(NetOverAllRolls(table, worth.bet), worth);
+      ExpectWorth(NetOverAllRolls(table, worth.bet, table.State().TotalOnTable), worth);
     }
   }
 }
@@ -194,14 +226,17 @@ TEST(ExactMathematics, LineComeAndOddsOverAllRolls) {
     SetPoint(table, 5);
     table.Place(kComeBox, 10);
     come = Fraction::Reduced(NetOverAllRolls(table, kComeBox).Raw(), 360 * MoneyAmount::kScale);
+    // Of the Come box the seven alone is a decision.
+    ExpectFigures(table.State(), kComeBox, {{1, 1}}, 6);
   }
   for (const int total : kNumbers) {
     SCOPED_TRACE(total);
     const int ways = 6 - std::abs(total - 7);
     const Fraction reached{ways, 36};
     const auto worth_of = [&](Table& table, int bet) {
-      return Fraction::Reduced(NetOverAllRolls(table, bet).Raw(),
-                               (ways + 6) * 10 * MoneyAmount::kScale);
+      const MoneyAmount net =
+          NetOverAllRolls(table, bet, bet == kPassLine ? MoneyAmount() : MoneyAmount(10));
+      return Fraction::Reduced(net.Raw(), (ways + 6) * 10 * MoneyAmount::kScale);
     };
     Table on_line;
     on_line.Place(kPassLine, 10);
@@ -217,85 +252,32 @@ TEST(ExactMathematics, LineComeAndOddsOverAllRolls) {
     total < 8 ? on_come.Roll(1, total - 1) : on_come.Roll(6, total - 6);
     on_come.Place(BetOnNumber(kComeOdds, total), 20);
     come = come + reached * worth_of(on_come, BetOnNumber(kComePoint, total));
-    EXPECT_EQ(NetOverAllRolls(on_come, BetOnNumber(kComeOdds, total)), MoneyAmount(0));
+    EXPECT_EQ(NetOverAllRolls(on_come, BetOnNumber(kComeOdds, total), MoneyAmount(20)),
+              MoneyAmount(0));
   }
   EXPECT_EQ(WorthOfTheLine(), (Fraction{-373, 6930}));
   EXPECT_EQ(line, WorthOfTheLine());
   EXPECT_EQ(come, WorthOfTheLine());
 }
 
-// The results of one kind of bet in a long run, for each dollar staked.
-struct Tally {
-  double sum = 0;
-  double squares = 0;
-  double count = 0;
-
-  void Add(double result) {
-    sum += result;
-    squares += result * result;
-    count += 1;
+TEST(ExactMathematics, FiguresOfTheLineAndItsOdds) {
+  std::vector<Ending> line = {{1, 6 / 36.0}};
+  std::vector<Ending> odds;  // of the six points that are the commonest
+  double line_rolls = 1;
+  double odds_rolls = 0;
+  for (const int point : kNumbers) {
+    const double ways = 6 - std::abs(point - 7);
+    line.push_back({1, ways / 36 * ways / (ways + 6)});
+    line.push_back({-1, ways / 36 * 6 / (ways + 6)});
+    line_rolls += ways / (ways + 6);
+    if (point < 4 || point > 10) continue;
+    odds.push_back({6 / ways, ways / 24 * ways / (ways + 6)});
+    odds.push_back({-1, ways / 24 * 6 / (ways + 6)});
+    odds_rolls += ways / 24 * 36 / (ways + 6);
   }
-  // Six standard errors: a right engine leaves them in fewer than one of a hundred million runs.
-  void ExpectMean(double expected, const char* name) const {
-    ASSERT_GT(count, 100) << name;
-    const double mean = sum / count;
-    const double error = std::sqrt((squares / count - mean * mean) / count);
-    EXPECT_NEAR(mean, expected, 6 * error) << name << " over " << count << " decisions";
-    EXPECT_GT(error, 0) << name;
-  }
-};
-
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-constexpr int kLongRun = 30'000;
-#else
-constexpr int kLongRun = 300'000;
-#endif
-
-// Every bet of the table is up on every roll, on dice of the table's own.
-TEST(ExactMathematics, LongRuns) {
-  for (const bool vig_on_all : {true, false}) {
-    const std::vector<Worth> bets = WorthOfBets(vig_on_all);
-    std::array<Tally, kBetCount + 1> tallies{};
-    Tally line, come, odds;
-    Table table(vig_on_all, vig_on_all ? 20'011 : 20'021);
-    Game& game = table.State();
-    const auto place = [&](int bet, int amount) {
-      if (game.BetAmount[bet] == MoneyAmount(0)) table.Place(bet, amount);
-    };
-    for (int roll = 0; roll < kLongRun; ++roll) {
-      // The bankroll plays no part: it only has to stay inside the limits of the table.
-      game.BetAmount.Set(kBankroll, MoneyAmount(1'000'000));
-      for (const Worth& worth : bets) place(worth.bet, worth.amount);
-      if (game.Point == 0) {
-        place(kPassLine, 100);
-      } else {
-        place(kComeBox, 100);
-        if (game.BetAmount[kPassLine] != MoneyAmount(0)) place(kPassOdds, 60);
-      }
-      for (int slot = 0; slot < kSlotCount; ++slot) {
-        if (game.BetAmount[kComePoint + slot] != MoneyAmount(0)) place(kComeOdds + slot, 60);
-      }
-      table.Roll();
-      if (HasFatalFailure()) return;
-
-      for (std::int32_t i = 0; i < game.Decisions.count; ++i) {
-        const BetDecision& decision = game.Decisions.list[static_cast<std::size_t>(i)];
-        const double result = decision.net.ToDouble() / decision.amount.ToDouble();
-        const int bet = decision.bet;
-        tallies[static_cast<std::size_t>(bet)].Add(result);
-        if (bet == kPassLine) line.Add(result);
-        if (bet == kComeBox || IsComePoint(bet)) come.Add(result);
-        if (bet == kPassOdds || IsComeOdds(bet)) odds.Add(result);
-      }
-    }
-    for (const Worth& worth : bets) {
-      const auto bet = static_cast<std::size_t>(worth.bet);
-      tallies[bet].ExpectMean(worth.mean.Value(), kBetName[bet].data());
-    }
-    line.ExpectMean(WorthOfTheLine().Value(), "Pass Line");
-    come.ExpectMean(WorthOfTheLine().Value(), "Come");
-    odds.ExpectMean(0, "odds");
-  }
+  Table table;
+  ExpectFigures(table.State(), kPassLine, line, line_rolls);
+  ExpectFigures(table.State(), kPassOdds, odds, odds_rolls);
 }
 
 }  // namespace

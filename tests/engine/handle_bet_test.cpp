@@ -92,75 +92,28 @@ TEST_F(HandleBetTest, ReportsCompareWithTheStartOfTheRoll) {
   EXPECT_EQ(TakeMessage().text, "");
 }
 
-TEST_F(HandleBetTest, SameBetOptionsCalculateOnTheBetOfTheRollsStart) {
+TEST_F(HandleBetTest, OptionsThatAreTooLargeOrMeanNothing) {
   Quiet();
   game.AutoAdjustBetAmounts = kAdjustManually;
   game.CurrentBet = kPlace6;
-  const auto modified = [&](std::int32_t math, MoneyAmount amount, int units) {
-    const std::size_t cell = kAutoWonSame - kFirstHandleOption;
+  const auto apply = [&](std::int32_t option, std::int32_t math, MoneyAmount amount, int units) {
+    const auto cell = static_cast<std::size_t>(option - kFirstHandleOption);
     game.HandleChoiceTag[cell] = math;
     game.HandleAmount[cell] = amount;
     game.HandleUnits[cell] = MoneyAmount(units);
     Stand(kPlace6, 40_usd);
     BeginRoll();
-    ModifySameBet(game, kAutoWonSame);
-    return game.BetAmount[kPlace6];
-  };
-  EXPECT_EQ(modified(0, 5_usd, 0), 45_usd);
-  EXPECT_EQ(modified(0, 50_usd, 1), 60_usd);
-  EXPECT_EQ(modified(0, 2_usd, 3), 100_usd) << "two of five dollars, times the six of the row";
-  EXPECT_EQ(modified(1, 5_usd, 0), 35_usd);
-  EXPECT_EQ(modified(1, 25_usd, 1), 30_usd);
-  EXPECT_EQ(modified(1, 1_usd, 2), 34_usd);
-  EXPECT_EQ(modified(2, 1.5_usd, 0), 60_usd);
-  EXPECT_EQ(modified(2, 150_usd, 1), 60_usd);
-  EXPECT_EQ(modified(2, 1_usd, 2), 240_usd);
-  EXPECT_EQ(modified(3, 4_usd, 0), 10_usd);
-  EXPECT_EQ(modified(3, 200_usd, 1), 20_usd);
-  EXPECT_EQ(modified(3, 1_usd, 2), 6_usd) << "40 / 6 is 6.6667, a change of -33.3333 or -34";
-  EXPECT_EQ(modified(3, 0_usd, 0), 40_usd);
-  EXPECT_EQ(modified(0, MoneyAmount::FromRaw(INT64_MAX), 6), 1000_usd) << "up to the limit";
-  EXPECT_EQ(modified(1, MoneyAmount::FromRaw(INT64_MAX), 6), 0_usd);
-  EXPECT_EQ(modified(2, MoneyAmount::FromRaw(INT64_MAX), 0), 1000_usd);
-}
-
-TEST_F(HandleBetTest, BetOptionsSetTheAmount) {
-  Quiet();
-  game.AutoAdjustBetAmounts = kAdjustManually;
-  game.CurrentBet = kPlace6;
-  const auto set = [&](MoneyAmount amount, int units) {
-    game.HandleAmount[kAutoLostBet - kFirstHandleOption] = amount;
-    game.HandleUnits[kAutoLostBet - kFirstHandleOption] = MoneyAmount(units);
-    SetBetAmount(game, kAutoLostBet);
+    option == kAutoLostBet ? SetBetAmount(game, option) : ModifySameBet(game, option);
     EXPECT_EQ(game.TotalOnTable, BetsAndVig());
     return game.BetAmount[kPlace6];
   };
-  EXPECT_EQ(set(25_usd, 0), 25_usd);
-  EXPECT_EQ(set(3_usd, 3), 90_usd);
-  EXPECT_EQ(set(3_usd, 6), 1000_usd);
-  EXPECT_EQ(set(3_usd, 1), 0_usd) << "a percentage means nothing here";
-  EXPECT_EQ(set(MoneyAmount::FromRaw(INT64_MAX), 4), 1000_usd);
-}
-
-TEST_F(HandleBetTest, SomeBetsMustComeDown) {
-  Quiet();
-  const int come6 = kComePoint + 4;
-  const auto left = [&](int bet, int mode, int die1, int die2) {
-    game.HandleWinningBets = 4;
-    game.BetState.Set(bet, kWorking);
-    Stand(bet, 10_usd);
-    Resolve(bet, die1, die2, mode);
-    EXPECT_FALSE(game.MustComeDown);
-    return game.BetAmount[bet];
-  };
-  SetPoint(4);
-  EXPECT_EQ(left(come6, kWins, 3, 3), 0_usd);
-  EXPECT_EQ(left(come6 + 10, kOddsWin, 3, 3), 0_usd) << "its Come bet is gone";
-  EXPECT_EQ(left(kPassOdds, kOddsWin, 2, 2), 0_usd);
-  EXPECT_EQ(left(kComeBox, kWins, 3, 4), 0_usd);
-  game.AllowPutBets = true;
-  EXPECT_EQ(left(come6, kWins, 3, 3), 20_usd);
-  EXPECT_EQ(left(come6 + 10, kOddsWin, 3, 3), 20_usd);
+  const MoneyAmount most = MoneyAmount::FromRaw(INT64_MAX);
+  EXPECT_EQ(apply(kAutoWonSame, 0, most, 6), 1000_usd) << "up to the limit";
+  EXPECT_EQ(apply(kAutoWonSame, 1, most, 6), 0_usd);
+  EXPECT_EQ(apply(kAutoWonSame, 2, most, 0), 1000_usd);
+  EXPECT_EQ(apply(kAutoWonSame, 3, 0_usd, 0), 40_usd);
+  EXPECT_EQ(apply(kAutoLostBet, 0, most, 4), 1000_usd);
+  EXPECT_EQ(apply(kAutoLostBet, 0, 3_usd, 1), 0_usd) << "a percentage means nothing here";
 }
 
 TEST_F(HandleBetTest, HyperDriveTakesDownWhatWouldBeAsked) {

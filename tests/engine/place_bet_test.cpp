@@ -2,11 +2,9 @@
 
 #include <gmock/gmock.h>
 
-#include <random>
 #include <string>
 
 #include "engine/bet_fixture.h"
-#include "engine/bet_limits.h"
 #include "engine/entry_box.h"
 
 namespace feltmaster {
@@ -158,26 +156,17 @@ TEST_F(PlaceBetTest, ABetThatCannotBeProperIsSaidToBeSo) {
   ExpectMessage("Place 8 Bet",
                 "Maximum bet here is: $101\n\nUnable to auto-adjust bet for proper odds payoff.",
                 kLimits);
-}
-
-TEST_F(PlaceBetTest, TextsAreTheSameBetsWithOrWithoutThem) {
-  std::mt19937 random(7);
-  const auto next = [&](int below) {
-    return static_cast<int>(random() % static_cast<unsigned>(below));
-  };
-  for (int i = 0; i < 300; ++i) {
-    Game quiet = game;
-    quiet.HyperDriveActive = true;
-    const int bet = 1 + next(kBetCount);
-    game.BetRequest = quiet.BetRequest = MoneyAmount(next(2500) - 400);
-    game.AllowNegBankroll = quiet.AllowNegBankroll = next(2) == 0;
-    PlaceBet(game, bet);
-    PlaceBet(quiet, bet);
-    ASSERT_EQ(game.BetChange, quiet.BetChange);
-    ASSERT_EQ(game.TotalOnTable, quiet.TotalOnTable);
-    ASSERT_EQ(game.MaxBetHere, quiet.MaxBetHere);
-  }
-  EXPECT_GT(surface.messages.size(), 50u);
+  // A fifth of a dollar divides the unit five times, but not the quarter.
+  game.MinPlacardBet = 1_usd;
+  game.MaxPlacardBet = 1000_usd;
+  game.AutoAdjustBetAmounts = kMinorCorrection;
+  SetRow(Place(5), 1.4_usd, 1.2_usd);
+  EXPECT_EQ(Bet(Place(5), 10_usd), 12_usd);
+  ExpectSilence();
+  SetRow(Place(9), 1.4_usd, 1.2_usd);
+  SetChips(0.25_usd, 1_usd, 5_usd, 25_usd, 100_usd);
+  EXPECT_EQ(Bet(Place(9), 10_usd), 10_usd);
+  ExpectMessage("Place 9 Bet", "Unable to auto-adjust bet for proper odds payoff.", kLimits);
 }
 
 TEST_F(PlaceBetTest, TheBankrollBoundsTheBetsWhenItMayNotGoNegative) {
@@ -266,18 +255,6 @@ TEST_F(PlaceBetTest, LayBetsTellWhatTheirVigWouldBe) {
   ExpectSilence();
 }
 
-TEST_F(PlaceBetTest, TheVigOfABetThatIsReplacedCountsAsStanding) {
-  Bet(Buy(4), 40_usd);
-  surface.messages.clear();
-  game.VigCarried = LiftBet(game, Buy(4));
-  EXPECT_EQ(game.VigCarried, 2_usd);
-  EXPECT_EQ(game.TotalOnTable, 0_usd);
-  Bet(Buy(4), 20_usd);
-  ExpectMessage("Buy 4 Bet", "\"Vig\" decreased by: $1\n\nTotal \"Vig\" charge: $1", kCharges);
-  EXPECT_EQ(game.VigCarried, 0_usd);
-  EXPECT_EQ(game.TotalOnTable, 21_usd);
-}
-
 TEST_F(PlaceBetTest, ChipStacksHoldAnyAmountWithinTheirLimit) {
   const int stack = kFirstStack + 57;
   EXPECT_EQ(Bet(stack, -12.3456_usd), -12.3456_usd);
@@ -327,35 +304,6 @@ TEST_F(PlaceBetTest, ChipsAreHeardAndSeenOutsideHyperDrive) {
   Chips(kField, 5_usd);
   EXPECT_EQ(surface.sounds.size(), 1u);
   EXPECT_EQ(surface.change_calls, calls);
-}
-
-TEST_F(PlaceBetTest, AComeBetTravelsAndAddsUp) {
-  SetPoint(4);
-  game.ChipSoundList = {"one.chp"};
-  game.ChipSoundChoice = 1;
-  Stand(Come(6), 5_usd);
-  Bet(Place(6), 12_usd);
-  Bet(Buy(6), 20_usd);
-  Bet(kComeBox, 10_usd);
-  surface.messages.clear();
-  MoveComeBet(game, kComeBox, Come(6));
-  EXPECT_EQ(game.BetAmount[kComeBox], 0_usd);
-  EXPECT_EQ(game.BetAmount[Come(6)], 15_usd);
-  EXPECT_EQ(Established(game, Come(6)), 10_usd);
-  EXPECT_FALSE(game.PutBetAllowedNow);
-  EXPECT_FALSE(game.AllSoundOff);
-  EXPECT_TRUE(surface.sounds.empty());
-  EXPECT_EQ(game.BetAmount[Place(6)], 12_usd);
-  MoveComeBet(game, kComeBox, Come(6));  // an empty box
-  EXPECT_EQ(game.BetAmount[Come(6)], 15_usd);
-
-  game.AutoRemovePlaceBets = game.AutoTakeFullOdds = true;
-  Bet(kComeBox, 10_usd);
-  MoveComeBet(game, kComeBox, Come(6));
-  EXPECT_EQ(game.BetAmount[Place(6)], 0_usd);
-  EXPECT_EQ(game.BetAmount[Buy(6)], 0_usd);
-  EXPECT_EQ(game.BetAmount[ComeOdds(6)], 60_usd) << "2.5 times 25, in fives";
-  EXPECT_EQ(game.TotalOnTable, BetsAndVig());
 }
 
 TEST_F(PlaceBetTest, PlaceBetsCanBeBought) {

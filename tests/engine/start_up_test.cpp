@@ -10,6 +10,7 @@
 #include "engine/new_game.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
+#include "view/state_hash.h"
 
 namespace feltmaster {
 namespace {
@@ -99,41 +100,22 @@ TEST(ResetGame, ClearsTheTableAndKeepsTheRules) {
   game.GameChanged = true;
   RecordBetResult(game, kField, 5_usd, 5_usd);
 
-  ResetGame(game, ResetMode::kAll);
+  // Nothing is left of all this: the table is a fresh one under the same rules.
+  Table fresh;
+  fresh.game.BankrollInitAmount = 300_usd;
+  fresh.game.MaxPlacardBet = 700_usd;
+  fresh.game.NumAutoRolls = 40;
+  fresh.game.ScriptFlags = {{"a", true, true}};
+  for (Game* each : {&game, &fresh.game}) ResetGame(*each, ResetMode::kAll);
+  static_cast<RngState&>(fresh.game) = game;
+  EXPECT_EQ(StateHash(game), StateHash(fresh.game));
   EXPECT_EQ(game.BetAmount[kBankroll], 300_usd);
-  EXPECT_EQ(game.BetAmountAtRollStart[kBankroll], 300_usd);
-  EXPECT_EQ(game.BetAmountAtRollEnd[kBankroll], 300_usd);
   EXPECT_EQ(game.AmountInvested, 300_usd);
-  EXPECT_EQ(game.BankrollHigh, 300_usd);
-  EXPECT_EQ(game.BetAmount[kPlace], 0_usd);
-  EXPECT_EQ(game.BetAmount[kFirstStack + 7], 0_usd);
   EXPECT_EQ(game.BetAmount[kFirstChip], 1_usd);
-  EXPECT_EQ(game.ChipStackName[7], "");
-  EXPECT_EQ(game.BetAmountAtRollStart[kHop13], 0_usd);
-  EXPECT_EQ(game.EstablishedAmount[kPassLine], 0_usd);
-  EXPECT_EQ(game.BuyVigPaid[3], 0_usd);
-  EXPECT_EQ(game.BetState[kPlace], kNotWorking);
-  EXPECT_EQ(game.BetState[kField], kWorking);
-  EXPECT_EQ(game.BetStreak.Now(kField), 0);
-  EXPECT_EQ(game.Point, 0);
-  EXPECT_EQ(game.TotalOnTable, 0_usd);
-  EXPECT_EQ(game.BankrollSum, 0_usd);
-  EXPECT_EQ(RollCounts(game, 0), 0);
-  EXPECT_EQ(ResultCell(game, ResultKind::kWins, kActual, kField, kResultCount), 0_usd);
-  EXPECT_FALSE(game.ScriptFlags[0].FlagValue || game.ScriptFlags[0].FlagChanged);
+  EXPECT_EQ(game.MaxPlacardBet, 700_usd);
   EXPECT_EQ(game.AutoRollsRemaining, 40);
   EXPECT_EQ(game.HyperDriveStopText + game.GameFileName, "");
   EXPECT_FALSE(game.GameChanged);
-  EXPECT_EQ(game.MaxPlacardBet, 700_usd);
-}
-
-TEST(ResetGame, CanKeepTheChipStacks) {
-  Table table;
-  table.game.BetAmount.Set(kLastStack, 50_usd);
-  table.game.ChipStackName[99] = "mine";
-  ResetGame(table.game, ResetMode::kKeepChipStacks);
-  EXPECT_EQ(table.game.BetAmount[kLastStack], 50_usd);
-  EXPECT_EQ(table.game.ChipStackName[99], "mine");
 }
 
 TEST(ResetGame, BankrollFollowsItsRule) {

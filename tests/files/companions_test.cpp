@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <deque>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -30,15 +29,8 @@ namespace fs = std::filesystem;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-class ChoosingSurface : public RecordingSurface {
+class WatchedSurface : public RecordingSurface {
  public:
-  std::string AskFile(const FileRequest& request) override {
-    asked.push_back(std::string(request.caption) + " " + std::string(request.pattern));
-    if (names.empty()) return {};
-    std::string name = names.front();
-    names.pop_front();
-    return name;
-  }
   MessageReply ShowMessage(const MessageRequest& request) override {
     if (during_message) during_message();
     return RecordingSurface::ShowMessage(request);
@@ -49,8 +41,6 @@ class ChoosingSurface : public RecordingSurface {
     return titles;
   }
 
-  std::deque<std::string> names;
-  std::vector<std::string> asked;
   std::function<void()> during_message;
 };
 
@@ -98,7 +88,7 @@ class Companions : public InScratchFolder {
     return game;
   }
 
-  ChoosingSurface surface_;
+  WatchedSurface surface_;
   std::unique_ptr<Game> game_;
 };
 
@@ -323,7 +313,7 @@ TEST_F(Companions, AYesSavesUnderTheNameThatIsAskedFor) {
   MakeUnsaved(*game_);
   for (int i = 0; i < 3; ++i) surface_.Answer(kAnswerYes);
   game_->FileDialogPath = Path("");
-  surface_.names = {"mine", "mine.", "Mine.CRP"};
+  surface_.files = {"mine", "mine.", "Mine.CRP"};
   EXPECT_TRUE(AskToSaveAll(*game_));
   EXPECT_THAT(surface_.asked,
               ElementsAre("Save Auto-Bet File As *.bet", "Save Probability File As *.prb",
@@ -363,12 +353,12 @@ TEST_F(Companions, ProbabilityCommands) {
   EXPECT_TRUE(game_->ProbabilityChanged);
   surface_.Answer(kAnswerYes);
   game_->FileDialogPath = Path("");
-  surface_.names = {"kept"};
+  surface_.files = {"kept"};
   EXPECT_TRUE(NewProbabilitiesCommand(*game_));
   EXPECT_TRUE(fs::exists(Path("kept.prb")));
   EXPECT_EQ(game_->ProbabilityFileName, "");
   EXPECT_FALSE(AreFreeFormDice(*game_));
-  surface_.names = {"kept"};
+  surface_.files = {"kept"};
   EXPECT_TRUE(OpenProbabilitiesCommand(*game_));
   EXPECT_TRUE(AreFreeFormDice(*game_));
   EXPECT_EQ(ProbabilityWeight(*game_, kTotalRow, 6), 40'002);

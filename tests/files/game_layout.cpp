@@ -1,6 +1,7 @@
 #include "files/game_layout.h"
 
 #include <cmath>
+#include <sstream>
 
 namespace game_layout {
 
@@ -18,15 +19,6 @@ class Table {
  public:
   std::vector<Element> list;
 
-  void Money(const char* name, int record, int slot) {
-    Add(name, {}, Form::kAmount, record, slot, -kAmounts, kAmounts);
-  }
-  void Whole(const char* name, int record, int slot, std::int64_t low, std::int64_t high) {
-    Add(name, {}, Form::kWhole, record, slot, low, high);
-  }
-  void Bool(const char* name, int record, int slot) {
-    Add(name, {}, Form::kSwitch, record, slot, 0, 1);
-  }
   void Add(const std::string& name, feltmaster::StateIndex index, Form form, int record, int slot,
            std::int64_t low, std::int64_t high) {
     const int at = (record - 1) * 256 + slot * SizeOf(form);
@@ -34,143 +26,94 @@ class Table {
   }
 };
 
+// Variables that follow each other: an amount "$", a switch "?", or a whole number and its bounds.
+struct Run {
+  int record;
+  int slot;
+  const char* variables;
+};
+constexpr Run kSettings[] = {
+    {8, 0,
+     "ConfigureTab 0 9, ChipColor 1 5, ChipPicture 1 7, DicePicture 1 5, DiceAction 0 3, "
+     "RollsPerHour $, UseCentsSymbol ?, StickPersonChoice 0 50, DiceSoundChoice 0 50, "
+     "ChipSoundChoice 0 50, WinSoundChoice 0 50, AutoBetSoundOff ?, AllSoundOff ?"},
+    {8, 16,
+     "BaseComps 0 2, CompsUseTrueProbs ?, CompRate $, NotifyFlags 0 31, PrintColorWin 0 15, "
+     "PrintColorLoss 0 15, PrintColorOther 0 15, SnapMouse ?, RngSelected 0 7, UserSeedMode ?, "
+     "ReSeedNewGames ?"},
+    {9, 0, "MinPlacardBet $, MaxPlacardBet $"},
+    {9, 7,
+     "LayVigPct $, LayVigRounding 0 2, LayVigAllBets ?, BuyVigPct $, BuyVigRounding 0 2, "
+     "BuyVigAllBets ?, AllowPutBets ?, UseSkewedProbability ?, ProbabilityDisplay 0 3, "
+     "RollsOutOf $, IncludeZeroOutcomes ?, ShowMiscData ?, AdvantageScroll 1 68, "
+     "PayoffsScroll 1 62, AllowNegBankroll ?, BankrollInitType 0 3, BankrollInitAmount $, "
+     "ATMAmount $, BankrollSum $, AmountInvested $, MaxPropBetPayoff $, MaxOddsBet $"},
+    {10, 0, "AutoAdjustBetAmounts 0 2, AutoArrangeChips ?, AutoTakeFullOdds ?"},
+    {10, 4,
+     "AutoRemovePlaceBets ?, HandleWinningBets 0 7, HandleLosingBets 0 7, AutoRollDice ?, "
+     "NumAutoRolls 0 100000000, AutoRollsRemaining 0 100000000, AutoRollDelay 0 99"},
+    {10, 28, "LayBias 0 2, PlaceBias 0 2, DoBias 0 2"},
+    {11, 18,
+     "RollTotalsDisplay 0 3, RollTotalsBackColor 0 15, RollTotalsGraphColor 0 9, "
+     "RollTotalsHScroll 0 32767, RollTotalsVScroll 0 32767, OddsCalcMethod 0 5"},
+    {12, 1, "KeyInBetAmounts ?, DisplayBetAmounts ?, RollYourOwnNumbers ?"},
+    {12, 5, "ShowHopBets ?"},
+    {12, 7,
+     "Point 8 12, PrevPoint 2 6, PrevPrevPoint 8 12, Die1 1 6, Die2 1 6, TotalOnTable $, "
+     "ScriptActive 0 1, ShowSteps ?, ShowLineNumbers ?"},
+    {12, 17, "BankrollHigh $, BankrollLow $, BankrollHistoryCount 0 525, GraphAutoPrint ?"},
+    {12, 23,
+     "GraphTop $, GraphRefLines ?, GraphColorScheme 0 7, GraphAdjustType 0 2, GraphStyle 0 2, "
+     "GraphGridLines ?, GraphShowAverage ?, GraphAverageRolls 0 525, ThrottleSetting 0 10"},
+    {14, 0,
+     "DiceRollFileMode 0 2, InsertRolls 0 1, PrintDieNumbers 0 1, PrintRollNumbers 0 1, "
+     "PrintSelectedRolls 0 1, RollPrintFontSize 3 20, DiceRollNext 0 1000000, "
+     "DiceRollLast 0 1000000, StackDisplayZero ?, StackListScroll 0 99"},
+    {14, 14,
+     "ShowSkewedPercent ?, RollFreqsListIndex 0 80, GamesViewChoice 0 15, "
+     "GamesDisplayChoice 0 31, PrintNumbersCalled 0 1, RyonPanelState 0 127"},
+};
+
 void Settings(Table& t) {
-  t.Whole("ConfigureTab", 8, 0, 0, 9);
-  t.Whole("ChipColor", 8, 1, 1, 5);
-  t.Whole("ChipPicture", 8, 2, 1, 7);
-  t.Whole("DicePicture", 8, 3, 1, 5);
-  t.Whole("DiceAction", 8, 4, 0, 3);
-  t.Money("RollsPerHour", 8, 5);
-  t.Bool("UseCentsSymbol", 8, 6);
-  t.Whole("StickPersonChoice", 8, 7, 0, 50);
-  t.Whole("DiceSoundChoice", 8, 8, 0, 50);
-  t.Whole("ChipSoundChoice", 8, 9, 0, 50);
-  t.Whole("WinSoundChoice", 8, 10, 0, 50);
-  t.Bool("AutoBetSoundOff", 8, 11);
-  t.Bool("AllSoundOff", 8, 12);
+  for (const Run& run : kSettings) {
+    std::istringstream variables(run.variables);
+    std::string variable;
+    for (int slot = run.slot; std::getline(variables, variable, ','); ++slot) {
+      std::istringstream words(variable);
+      std::string name, low;
+      words >> name >> low;
+      if (low == "$") {
+        t.Add(name, {}, Form::kAmount, run.record, slot, -kAmounts, kAmounts);
+      } else if (low == "?") {
+        t.Add(name, {}, Form::kSwitch, run.record, slot, 0, 1);
+      } else {
+        std::int64_t high = 0;
+        words >> high;
+        t.Add(name, {}, Form::kWhole, run.record, slot, std::stoll(low), high);
+      }
+    }
+  }
   for (int i = 1; i <= 3; ++i) {
     t.Add("CompBetMask", {i}, Form::kWhole, 8, 12 + i, -kMost32 - 1, kMost32);
   }
-  t.Whole("BaseComps", 8, 16, 0, 2);
-  t.Bool("CompsUseTrueProbs", 8, 17);
-  t.Money("CompRate", 8, 18);
-  t.Whole("NotifyFlags", 8, 19, 0, 31);
-  t.Whole("PrintColorWin", 8, 20, 0, 15);
-  t.Whole("PrintColorLoss", 8, 21, 0, 15);
-  t.Whole("PrintColorOther", 8, 22, 0, 15);
-  t.Bool("SnapMouse", 8, 23);
-  t.Whole("RngSelected", 8, 24, 0, 7);
-  t.Bool("UserSeedMode", 8, 25);
-  t.Bool("ReSeedNewGames", 8, 26);
-
-  t.Money("MinPlacardBet", 9, 0);
-  t.Money("MaxPlacardBet", 9, 1);
   for (int i = 0; i <= 4; ++i) {
     t.Add("OddsAllowed", {i}, Form::kAmount, 9, 2 + i, -kAmounts, kAmounts);
   }
-  t.Money("LayVigPct", 9, 7);
-  t.Whole("LayVigRounding", 9, 8, 0, 2);
-  t.Bool("LayVigAllBets", 9, 9);
-  t.Money("BuyVigPct", 9, 10);
-  t.Whole("BuyVigRounding", 9, 11, 0, 2);
-  t.Bool("BuyVigAllBets", 9, 12);
-  t.Bool("AllowPutBets", 9, 13);
-  t.Bool("UseSkewedProbability", 9, 14);
-  t.Whole("ProbabilityDisplay", 9, 15, 0, 3);
-  t.Money("RollsOutOf", 9, 16);
-  t.Bool("IncludeZeroOutcomes", 9, 17);
-  t.Bool("ShowMiscData", 9, 18);
-  t.Whole("AdvantageScroll", 9, 19, 1, 68);
-  t.Whole("PayoffsScroll", 9, 20, 1, 62);
-  t.Bool("AllowNegBankroll", 9, 21);
-  t.Whole("BankrollInitType", 9, 22, 0, 3);
-  t.Money("BankrollInitAmount", 9, 23);
-  t.Money("ATMAmount", 9, 24);
-  t.Money("BankrollSum", 9, 25);
-  t.Money("AmountInvested", 9, 26);
-  t.Money("MaxPropBetPayoff", 9, 27);
-  t.Money("MaxOddsBet", 9, 28);
-
-  t.Whole("AutoAdjustBetAmounts", 10, 0, 0, 2);
-  t.Bool("AutoArrangeChips", 10, 1);
-  t.Bool("AutoTakeFullOdds", 10, 2);
-  t.Bool("AutoRemovePlaceBets", 10, 4);
-  t.Whole("HandleWinningBets", 10, 5, 0, 7);
-  t.Whole("HandleLosingBets", 10, 6, 0, 7);
-  t.Bool("AutoRollDice", 10, 7);
-  t.Whole("NumAutoRolls", 10, 8, 0, 100'000'000);
-  t.Whole("AutoRollsRemaining", 10, 9, 0, 100'000'000);
-  t.Whole("AutoRollDelay", 10, 10, 0, 99);
   for (int i = 0; i <= 16; ++i) t.Add("AutoStopOn", {i}, Form::kSwitch, 10, 11 + i, 0, 1);
-  t.Whole("LayBias", 10, 28, 0, 2);
-  t.Whole("PlaceBias", 10, 29, 0, 2);
-  t.Whole("DoBias", 10, 30, 0, 2);
-
   int slot = 0;
   for (const int option : {0, 2, 4, 5}) {
     t.Add("HandleChoiceTag", {option}, Form::kWhole, 11, slot++, 0, 3);
   }
   for (int i = 0; i <= 7; ++i) t.Add("HandleAmount", {i}, Form::kAmount, 11, 4 + i, 0, kAmounts);
   for (int i = 0; i <= 5; ++i) t.Add("HandleUnits", {i}, Form::kAmount, 11, 12 + i, 0, 60'000);
-  t.Whole("RollTotalsDisplay", 11, 18, 0, 3);
-  t.Whole("RollTotalsBackColor", 11, 19, 0, 15);
-  t.Whole("RollTotalsGraphColor", 11, 20, 0, 9);
-  t.Whole("RollTotalsHScroll", 11, 21, 0, 32'767);
-  t.Whole("RollTotalsVScroll", 11, 22, 0, 32'767);
-  t.Whole("OddsCalcMethod", 11, 23, 0, 5);
-
-  t.Bool("KeyInBetAmounts", 12, 1);
-  t.Bool("DisplayBetAmounts", 12, 2);
-  t.Bool("RollYourOwnNumbers", 12, 3);
-  t.Bool("ShowHopBets", 12, 5);
-  t.Whole("Point", 12, 7, 8, 12);
-  t.Whole("PrevPoint", 12, 8, 2, 6);
-  t.Whole("PrevPrevPoint", 12, 9, 8, 12);
-  t.Whole("Die1", 12, 10, 1, 6);
-  t.Whole("Die2", 12, 11, 1, 6);
-  t.Money("TotalOnTable", 12, 12);
-  t.Whole("ScriptActive", 12, 13, 0, 1);
-  t.Bool("ShowSteps", 12, 14);
-  t.Bool("ShowLineNumbers", 12, 15);
-  t.Money("BankrollHigh", 12, 17);
-  t.Money("BankrollLow", 12, 18);
-  t.Whole("BankrollHistoryCount", 12, 19, 0, 525);
-  t.Bool("GraphAutoPrint", 12, 20);
   t.Add("GraphScale", {}, Form::kAmount, 12, 21, 100, 1'000'000'000);
   t.Add("GraphManualScale", {}, Form::kAmount, 12, 22, 100, 1'000'000'000);
-  t.Money("GraphTop", 12, 23);
-  t.Bool("GraphRefLines", 12, 24);
-  t.Whole("GraphColorScheme", 12, 25, 0, 7);
-  t.Whole("GraphAdjustType", 12, 26, 0, 2);
-  t.Whole("GraphStyle", 12, 27, 0, 2);
-  t.Bool("GraphGridLines", 12, 28);
-  t.Bool("GraphShowAverage", 12, 29);
-  t.Whole("GraphAverageRolls", 12, 30, 0, 525);
-  t.Whole("ThrottleSetting", 12, 31, 0, 10);
-
   for (int i = 1; i <= 6; ++i) {
     for (int j = 1; j <= 6; ++j) {
       t.Add("RollHighlight", {i, j}, Form::kMark, 13, (i - 1) * 6 + j, 0, 1);
     }
   }
-  t.Whole("DiceRollFileMode", 14, 0, 0, 2);
-  t.Whole("InsertRolls", 14, 1, 0, 1);
-  t.Whole("PrintDieNumbers", 14, 2, 0, 1);
-  t.Whole("PrintRollNumbers", 14, 3, 0, 1);
-  t.Whole("PrintSelectedRolls", 14, 4, 0, 1);
-  t.Whole("RollPrintFontSize", 14, 5, 3, 20);
-  t.Whole("DiceRollNext", 14, 6, 0, 1'000'000);
-  t.Whole("DiceRollLast", 14, 7, 0, 1'000'000);
-  t.Bool("StackDisplayZero", 14, 8);
-  t.Whole("StackListScroll", 14, 9, 0, 99);
   for (int i = 1; i <= 4; ++i) t.Add("StackSlots", {i}, Form::kWhole, 14, 9 + i, 100, 199);
-  t.Bool("ShowSkewedPercent", 14, 14);
-  t.Whole("RollFreqsListIndex", 14, 15, 0, 80);
-  t.Whole("GamesViewChoice", 14, 16, 0, 15);
-  t.Whole("GamesDisplayChoice", 14, 17, 0, 31);
-  t.Whole("PrintNumbersCalled", 14, 18, 0, 1);
-  t.Whole("RyonPanelState", 14, 19, 0, 127);
-
   t.Add("SeedValue", {}, Form::kLong, 15, 0, -kMost32 - 1, kMost32);
   t.Add("LastSeed", {}, Form::kLong, 15, 1, -kMost32 - 1, kMost32);
   for (int i = 0; i <= 7; ++i) t.Add("TableColors", {i}, Form::kLong, 15, 2 + i, 0, 0xFFFFFF);

@@ -3,16 +3,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <deque>
-#include <memory>
-
-#include "engine/start_up.h"
 #include "files/file_dialog.h"
 #include "files/game_file.h"
 #include "files/games_log.h"
 #include "files/glg_file.h"
-#include "support/recording_surface.h"
-#include "support/scratch_folder.h"
+#include "support/started_game.h"
 
 namespace feltmaster {
 namespace {
@@ -22,39 +17,18 @@ using ::testing::IsEmpty;
 
 constexpr std::int64_t kDollar = 10'000;
 
-// A table with somebody at it who also chooses files.
-class ChoosingSurface : public RecordingSurface {
+class WatchedSurface : public RecordingSurface {
  public:
-  std::string AskFile(const FileRequest& request) override {
-    captions.emplace_back(request.caption);
-    if (files.empty()) return {};
-    std::string file = files.front();
-    files.pop_front();
-    return file;
-  }
-  void Type(const std::string& input1, const std::string& input2 = {}) {
-    MessageReply reply;
-    reply.input1 = input1;
-    reply.input2 = input2;
-    answers.push_back(reply);
-  }
   MessageReply ShowMessage(const MessageRequest& request) override {
     defaults = {std::string(request.input_default), std::string(request.input2_default)};
     return RecordingSurface::ShowMessage(request);
   }
 
-  std::deque<std::string> files;
-  std::vector<std::string> captions;
   std::array<std::string, 2> defaults;
 };
 
-class GamesLogCommandsTest : public InScratchFolder {
+class GamesLogCommandsTest : public StartedGame<WatchedSurface> {
  protected:
-  GamesLogCommandsTest() {
-    game_->surface = &surface_;
-    StartUp(*game_, {.data_dir = Path(""), .seed = 1});
-    surface_.messages.clear();
-  }
   void WriteLog(const std::string& name, const std::vector<std::int64_t>& nets) {
     std::vector<GlgGame> games;
     for (const std::int64_t net : nets) games.push_back({}), games.back()[8] = net * kDollar;
@@ -68,9 +42,6 @@ class GamesLogCommandsTest : public InScratchFolder {
     }
     return nets;
   }
-
-  ChoosingSurface surface_;
-  std::unique_ptr<Game> game_ = std::make_unique<Game>();
 };
 
 TEST_F(GamesLogCommandsTest, NewAsksForTheGamesOfAnUnnamedLog) {
@@ -98,7 +69,7 @@ TEST_F(GamesLogCommandsTest, NewAsksForTheGamesOfAnUnnamedLog) {
   surface_.Answer(kAnswerYes);
   surface_.files = {"kept"};
   EXPECT_TRUE(NewLogCommand(*game_));
-  EXPECT_EQ(surface_.captions.back(), "Save Games Log As");
+  EXPECT_EQ(surface_.asked.back(), "Save Games Log As *.glg");
   EXPECT_THAT(NetsIn("kept.glg"), ElementsAre(1, 2, 3));
   EXPECT_EQ(Bytes(Path("default.glg")), GlgHeader(0));
   EXPECT_EQ(game_->GamesLogFile, Path("default.glg"));

@@ -3,17 +3,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <thread>
 #include <vector>
 
 #include "console/console_program.h"
-#include "engine/start_up.h"
 #include "files/glg_file.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
-#include "support/recording_surface.h"
-#include "support/scratch_folder.h"
+#include "support/started_game.h"
 
 namespace feltmaster {
 namespace {
@@ -25,12 +22,8 @@ using ::testing::Not;
 
 constexpr std::int64_t kDollar = 10'000;
 
-class GamesLogTest : public InScratchFolder {
+class GamesLogTest : public StartedGame<> {
  protected:
-  GamesLogTest() {
-    game_->surface = &surface_;
-    StartUp(*game_, {.data_dir = Path(""), .seed = 1});
-  }
   void HaveRolls(std::int32_t rolls) { game_->EventCounts[0] = rolls; }
   // Games whose every amount tells which one it is.
   static GlgGame NumberedGame(std::int64_t number) {
@@ -45,9 +38,6 @@ class GamesLogTest : public InScratchFolder {
     for (std::int64_t i = 1; i <= count; ++i) games.push_back(NumberedGame(i));
     return games;
   }
-
-  RecordingSurface surface_;
-  std::unique_ptr<Game> game_ = std::make_unique<Game>();
 };
 
 TEST_F(GamesLogTest, AFinishedGameIsOneRecordByteForByte) {
@@ -209,34 +199,27 @@ TEST_F(GamesLogTest, DeletedGamesCloseRanksInAFileOfTheSameLength) {
 
 TEST_F(GamesLogTest, TheConsoleLogsTheGamesThatEnd) {
   const std::string log = Path("console.glg");
-  const auto answers = Play({
-      "log " + log,               // 0
-      "log add",                  // 1: nothing was rolled
-      "new",                      // 2
-      "atm withdraw 100",         // 3
-      "bet \"Field\" 10",         // 4
-      "roll 1 1",                 // 5: pays 2 to 1
-      "answer no",                // 6: nothing is saved
-      "new",                      // 7: logged with one roll
-      "roll 3 4",                 // 8
-      "roll 3 4",                 // 9
-      "log add",                  // 10: logged, and goes on
-      "script add Reset table",   // 11
-      "script run",               // 12: logged again
-      "get RollCounts(0)",        // 13
-      "log add",                  // 14
-      "log " + Path(""),          // 15
-      "log " + Path("no/x.glg"),  // 16
-      "show games",               // 17
+  const auto answers = PlaySteps({
+      {"log " + log, 0},
+      {"log add", 0},  // nothing was rolled
+      {"new"},
+      {"atm withdraw 100"},
+      {"bet \"Field\" 10"},
+      {"roll 1 1"},  // pays 2 to 1
+      {"answer no"},
+      {"new"},  // logged with one roll
+      {"roll 3 4"},
+      {"roll 3 4"},
+      {"log add", 2},  // logged, and goes on
+      {"script add Reset table"},
+      {"script run"},  // logged again
+      {"get RollCounts(0)", 0},
+      {"log add", 3},
+      {"show games"},
   });
-  ASSERT_EQ(answers.size(), 18u);
-  EXPECT_EQ(answers[0]["value"], 0);
-  EXPECT_EQ(answers[1]["value"], 0);
-  EXPECT_EQ(answers[10]["value"], 2);
-  EXPECT_EQ(answers[13]["value"], 0);
-  EXPECT_EQ(answers[14]["value"], 3);
-  EXPECT_EQ(answers[15]["ok"], false);
-  EXPECT_EQ(answers[16]["ok"], false);
+  for (const auto& refused : Play({"log " + Path(""), "log " + Path("no/x.glg")})) {
+    EXPECT_EQ(refused["ok"], false);
+  }
   const GlgLog bytes = ReadGlg(Bytes(log));
   ASSERT_EQ(bytes.count, 3);
   EXPECT_EQ(bytes.games[0][0], 1 * kDollar);
@@ -245,7 +228,7 @@ TEST_F(GamesLogTest, TheConsoleLogsTheGamesThatEnd) {
   EXPECT_EQ(bytes.games[0][11], 120 * kDollar);
   EXPECT_EQ(bytes.games[1][0], 2 * kDollar);
   EXPECT_EQ(bytes.games[2], bytes.games[1]);
-  const auto rows = answers[17]["value"];
+  const auto rows = answers.back()["value"];
   EXPECT_EQ(rows[0], nlohmann::json::parse(R"j(["Games Log (console.glg)"])j"));
   EXPECT_EQ(rows[1], nlohmann::json::parse(R"j(["# Rolls"])j"));
   EXPECT_EQ(rows[2], nlohmann::json::parse(R"j(["Won","1","33.33"])j"));

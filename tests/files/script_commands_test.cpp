@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <deque>
 #include <filesystem>
 
 #include "autobet/script_file.h"
@@ -13,25 +12,6 @@
 
 namespace feltmaster {
 namespace {
-
-class Desk : public RecordingSurface {
- public:
-  std::string AskFile(const FileRequest& request) override {
-    asked.push_back(std::string(request.caption) + '|' + std::string(request.pattern));
-    if (files.empty()) return {};
-    std::string file = files.front();
-    files.pop_front();
-    return file;
-  }
-  void Answer(std::int32_t answer) {
-    MessageReply reply;
-    reply.answer = answer;
-    answers.push_back(reply);
-  }
-
-  std::deque<std::string> files;
-  std::vector<std::string> asked;
-};
 
 class ScriptCommands : public InScratchFolder {
  protected:
@@ -45,14 +25,14 @@ class ScriptCommands : public InScratchFolder {
               "");
     game.ScriptUnsaved = true;
   }
-  Desk desk;
+  RecordingSurface desk;
   Game game;
 };
 
 TEST_F(ScriptCommands, SaveOpenAndNew) {
   desk.files = {Path("mine.log"), Path("mine.bet")};
   EXPECT_TRUE(SaveScriptCommand(game));  // has no name yet
-  EXPECT_EQ(desk.asked[0], "Save Auto-Bet File As|*.log;*.bet");
+  EXPECT_EQ(desk.asked[0], "Save Auto-Bet File As *.log;*.bet");
   EXPECT_EQ(desk.messages[0].title, "Error");  // no script ends so
   EXPECT_EQ(game.ScriptFileName, Path("mine.bet"));
   EXPECT_FALSE(game.ScriptUnsaved);

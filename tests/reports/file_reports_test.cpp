@@ -3,16 +3,14 @@
 
 #include <algorithm>
 #include <fstream>
-#include <memory>
 
-#include "engine/start_up.h"
 #include "files/games_log.h"
 #include "files/roll_recorder.h"
 #include "reports/page_layout.h"
 #include "reports/print_commands.h"
 #include "reports/printer_surface.h"
 #include "reports/text_writer.h"
-#include "support/scratch_folder.h"
+#include "support/started_game.h"
 
 namespace feltmaster {
 namespace {
@@ -28,12 +26,8 @@ using Message = RecordingSurface::Message;
 constexpr std::int32_t kYesOrNo = 1030;
 
 // Reports on files: the Games Log and the Dice Roll File.
-class FileReports : public InScratchFolder {
+class FileReports : public StartedGame<PrinterSurface> {
  protected:
-  FileReports() {
-    game_->surface = &surface_;
-    StartUp(*game_, {.data_dir = "", .seed = 7});
-  }
   bool Print(std::string_view name, Confirm confirm = Confirm::kAsk) {
     surface_.printed.clear();
     surface_.messages.clear();
@@ -61,9 +55,6 @@ class FileReports : public InScratchFolder {
     std::ofstream(Path("luck.rol"), std::ios::binary) << std::string(count, '\x6C');  // 3-3
     ASSERT_TRUE(OpenDiceRollFile(*game_, Path("luck.rol")));
   }
-
-  PrinterSurface surface_;
-  std::unique_ptr<Game> game_ = std::make_unique<Game>();
 };
 
 TEST_F(FileReports, GamesLogHistogram) {

@@ -2,14 +2,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <memory>
 #include <sstream>
 
 #include "automation/hyper_drive.h"
 #include "base/text.h"
 #include "engine/place_bet.h"
 #include "engine/roll_cycle.h"
-#include "engine/start_up.h"
 #include "files/file_commands.h"
 #include "reports/graph_print.h"
 #include "reports/page_layout.h"
@@ -17,6 +15,7 @@
 #include "reports/printer_surface.h"
 #include "reports/text_writer.h"
 #include "stats/roll_statistics.h"
+#include "support/started_game.h"
 #include "view/bet_results_table.h"
 
 namespace feltmaster {
@@ -32,11 +31,9 @@ using ::testing::StartsWith;
 
 using Message = RecordingSurface::Message;
 
-class Reports : public testing::Test {
+class Reports : public StartedGame<PrinterSurface> {
  protected:
   Reports() {
-    game_->surface = &surface_;
-    StartUp(*game_, {.data_dir = "", .seed = 7});
     game_->BetAmount.Set(kBankroll, 1000_usd);
     game_->AmountInvested = 1000_usd;
   }
@@ -66,9 +63,6 @@ class Reports : public testing::Test {
     return surface_.printed.empty() ? Document() : surface_.printed[0];
   }
   std::string Printed(std::string_view name) { return TextOf(Print(name)); }
-
-  PrinterSurface surface_;
-  std::unique_ptr<Game> game_ = std::make_unique<Game>();
 };
 
 std::vector<PlacedText> TextsOf(const Document& document) {
@@ -114,34 +108,14 @@ TEST_F(Reports, SummaryHasItsOwnCaptions) {
   EXPECT_THAT(text, StartsWith("Feltmaster Summary\n05-Nov-26, 08:04:09\n"
                                "Game file:  Evening.crp\nAuto-bet file:  untitled\n"
                                "Dice roll file:  /rolls/luck.rol\n"));
-  for (const char* caption : {"Rolls/hr:",
-                              "Sim hrs:",
-                              "Total comp value:",
-                              "Bankroll:",
-                              "High:",
-                              "Current:",
-                              "Low:",
-                              "Average:",
-                              "Total number of:",
-                              "Bets decided:",
-                              "Bets won:",
-                              "Bets lost:",
-                              "Total $ amount of:",
-                              "Hands:",
-                              "# of rolls (current Hand):",
-                              "# of Passes (current Hand):",
-                              "Total completed:",
-                              "Longest # of rolls:",
-                              "Average # of rolls:",
-                              "Most Passes:",
-                              "Average # of Passes:",
-                              "# of Come-out rolls:",
-                              "# that Passed (7, 11):",
-                              "# of Points established:",
-                              "# that Passed (rolled point):",
-                              "# that Missed (Seven-out):",
-                              "Total Passes:",
-                              "Total Misses:"}) {
+  std::istringstream captions(
+      "Rolls/hr:|Sim hrs:|Total comp value:|Bankroll:|High:|Current:|Low:|Average:|"
+      "Total number of:|Bets decided:|Bets won:|Bets lost:|Total $ amount of:|Hands:|"
+      "# of rolls (current Hand):|# of Passes (current Hand):|Total completed:|"
+      "Longest # of rolls:|Average # of rolls:|Most Passes:|Average # of Passes:|"
+      "# of Come-out rolls:|# that Passed (7, 11):|# of Points established:|"
+      "# that Passed (rolled point):|# that Missed (Seven-out):|Total Passes:|Total Misses:");
+  for (std::string caption; std::getline(captions, caption, '|');) {
     EXPECT_THAT(text, HasSubstr(caption));
   }
   EXPECT_EQ(CellBehind(text, "Total rolls:"), "60");

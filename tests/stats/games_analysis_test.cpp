@@ -5,18 +5,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
-#include <ctime>
-#include <memory>
 #include <random>
 #include <vector>
 
 #include "base/number_format.h"
-#include "engine/start_up.h"
 #include "files/games_log.h"
 #include "files/glg_file.h"
-#include "support/recording_surface.h"
-#include "support/scratch_folder.h"
+#include "support/started_game.h"
 #include "view/games_screen.h"
 
 namespace feltmaster {
@@ -28,13 +23,9 @@ using ::testing::IsEmpty;
 constexpr std::int64_t kDollar = 10'000;
 constexpr int kShown = 8;
 
-class GamesAnalysisTest : public InScratchFolder {
+class GamesAnalysisTest : public StartedGame<> {
  protected:
-  GamesAnalysisTest() {
-    game_->surface = &surface_;
-    StartUp(*game_, {});
-    game_->GamesLogFile = Path("games.glg");
-  }
+  GamesAnalysisTest() { game_->GamesLogFile = Path("games.glg"); }
   void Write(const std::vector<GlgGame>& games) {
     InScratchFolder::Write(game_->GamesLogFile, GlgBytes(games));
   }
@@ -58,9 +49,6 @@ class GamesAnalysisTest : public InScratchFolder {
   std::string Figure(const GamesAnalysis& analysis, std::size_t row) {
     return GamesFigures(analysis)[row].text;
   }
-
-  RecordingSurface surface_;
-  std::unique_ptr<Game> game_ = std::make_unique<Game>();
 };
 
 // Everything by sorting and by long doubles.
@@ -357,23 +345,10 @@ TEST_F(GamesAnalysisTest, AmountsBeyondAllSumsAreTold) {
   EXPECT_EQ(surface_.messages.size(), 2u);
 }
 
-TEST_F(GamesAnalysisTest, AMillionGames) {
-  constexpr int kGames = 1'000'000;
-  std::string bytes = GlgHeader(kGames);
-  bytes.reserve(256u * (kGames + 1u));
-  std::mt19937_64 random(3);
-  std::normal_distribution<double> net(-20, 300);
-  GlgGame game{};
-  game[5] = 1000 * kDollar;
-  for (int i = 0; i < kGames; ++i) {
-    game[8] = std::llround(net(random)) * kDollar;
-    bytes += GlgRecord(game);
-  }
-  InScratchFolder::Write(game_->GamesLogFile, bytes);
-  bytes = {};
+TEST_F(GamesAnalysisTest, ALongAnalysisTellsHowFarItIsAndCanBeStopped) {
+  WriteNets(std::vector<std::int64_t>(200'000, kDollar));
   int told = 0;
   double last = -1;
-  const std::clock_t start = std::clock();  // of this process; others may be busy
   const auto analysis = AnalyzeGames(*game_, kNetValue, [&](double share) {
     ++told;
     EXPECT_GE(share, last);
@@ -381,15 +356,9 @@ TEST_F(GamesAnalysisTest, AMillionGames) {
     last = share;
     return true;
   });
-  const double seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
-  std::printf("1,000,000 games analysed in %.2f s\n", seconds);
   ASSERT_TRUE(analysis);
-  EXPECT_EQ(analysis->included, kGames);
-  EXPECT_NEAR(analysis->mean.ToDouble(), -20, 2);
-  EXPECT_GT(told, 100);
-#ifndef __SANITIZE_ADDRESS__
-  EXPECT_LT(seconds, 3);
-#endif
+  EXPECT_EQ(analysis->included, 200'000);
+  EXPECT_GT(told, 20);
   EXPECT_FALSE(AnalyzeGames(*game_, kNetValue, [](double) { return false; }));
   EXPECT_THAT(surface_.messages, IsEmpty());
 }

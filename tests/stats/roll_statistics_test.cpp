@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
-
 namespace feltmaster {
 namespace {
 
@@ -14,24 +12,6 @@ void Count(Game& game, int die1, int die2) {
   game.Die2 = die2;
   game.DiceTotal = die1 + die2;
   RecordRollStatistics(game);
-}
-
-std::set<int> EventsHit(int die1, int die2) {
-  Game game;
-  Count(game, die1, die2);
-  std::set<int> events;
-  for (int category = 1; category < kRollCategories; ++category) {
-    if (RollCounts(game, category) != 0) events.insert(category);
-  }
-  return events;
-}
-
-TEST(RollEvents, OfSomePairs) {
-  EXPECT_EQ(EventsHit(5, 5), (std::set<int>{82, 88, 16, 10, 21, 17, 19, 68, 71}));
-  EXPECT_EQ(EventsHit(1, 1), (std::set<int>{78, 84, 2, 21, 65, 66, 20, 69, 74}));
-  EXPECT_EQ(EventsHit(2, 1), (std::set<int>{79, 84, 23, 3, 21, 65, 66, 20, 70, 74, 75}));
-  EXPECT_EQ(EventsHit(3, 4), (std::set<int>{80, 87, 43, 7, 47, 65, 76}));
-  EXPECT_EQ(EventsHit(6, 5), (std::set<int>{83, 88, 64, 11, 21, 65, 66, 70, 76, 77}));
 }
 
 TEST(RollEvents, ProbablePercentFollowsTheWays) {
@@ -79,31 +59,6 @@ TEST(RollStatistics, AFullCounterFromAFileDoesNoHarm) {
   HandMissed(game);
   EXPECT_EQ(RollsSinceLast(game, 7), 0);
   EXPECT_EQ(GapsOf(game, 7)[200], 1);
-}
-
-TEST(Hands, EndWithASevenOut) {
-  Game game;
-  Count(game, 1, 1);  // a come-out 2 is a point
-  EXPECT_EQ(game.Point, 2);
-  EXPECT_EQ(game.GameCounters[kPointsEstablished], 1);
-  EXPECT_EQ(game.GameCounters[kComeOutRolls], 1);
-  EXPECT_EQ(game.GameCounters[kTotalPasses], 0);
-  Count(game, 1, 1);
-  HandPassed(game);
-  EXPECT_EQ(game.GameCounters[kPassesOnPoint], 1);
-  Count(game, 3, 4);
-  HandPassed(game);
-  EXPECT_EQ(game.GameCounters[kPassesOnComeOut], 1);
-  Count(game, 4, 4);
-  Count(game, 6, 1);
-  HandMissed(game);
-  EXPECT_EQ(game.GameCounters[kHandsCompleted], 1);
-  EXPECT_EQ(game.GameCounters[kLastHandRolls], 5);
-  EXPECT_EQ(game.GameCounters[kLastHandPasses], 2);
-  EXPECT_EQ(game.GameCounters[kLastHandMisses], 1);
-  EXPECT_EQ(game.GameCounters[kRollsThisHand], 0);
-  EXPECT_EQ(game.GameCounters[kMissesThisHand], 0);
-  EXPECT_EQ(game.GameCounters[kLongestHandRolls], 5);
 }
 
 }  // namespace

@@ -6,13 +6,11 @@
 #include <filesystem>
 #include <functional>
 #include <map>
-#include <numeric>
 #include <set>
 
 #include "autobet/check_bets.h"
 #include "autobet/run_script.h"
 #include "autobet/script_file.h"
-#include "autobet/script_text.h"
 #include "engine/roll_cycle.h"
 #include "engine/start_up.h"
 #include "game/game.h"
@@ -174,24 +172,6 @@ TEST_P(Strategy, PlaysAsItSays) {
   EXPECT_EQ(decided, expected.bets);
   EXPECT_EQ(broken, 0) << "rolls after which the strategy stood otherwise than it says";
   EXPECT_EQ(game.LastErrorText, "");
-}
-
-// The listing of a strategy reads back as the same lines.
-TEST_P(Strategy, ListsAndReadsBack) {
-  NullSurface surface;
-  Game game;
-  game.surface = &surface;
-  ASSERT_FALSE(LoadScriptOrText(game, (kFolder / (GetParam() + ".txt")).string()));
-  std::string listing;
-  for (const ScriptLine& line : game.ScriptLines) listing += line.LineText + '\n';
-  const auto again = ComposeScript(listing);
-  ASSERT_TRUE(std::holds_alternative<std::vector<ScriptLine>>(again));
-  const auto& lines = std::get<std::vector<ScriptLine>>(again);
-  ASSERT_EQ(lines.size(), game.ScriptLines.size());
-  for (std::size_t i = 0; i < lines.size(); ++i) {
-    EXPECT_EQ(lines[i].LineText, game.ScriptLines[i].LineText);
-    EXPECT_EQ(lines[i].LineKind, game.ScriptLines[i].LineKind);
-  }
 }
 
 std::vector<std::string> Names() {

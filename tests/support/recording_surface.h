@@ -11,9 +11,10 @@
 
 namespace feltmaster {
 
-// A table with somebody at it who writes everything down: the messages and settle dialogs that came
-// up, the sounds, the changes of the picture. Answers are taken from queues; with an empty queue a
-// message is answered OK and a settle dialog by its default button.
+// A table with somebody at it who writes everything down: the messages, settle and file dialogs
+// that came up, the sounds, the changes of the picture. Answers are taken from queues; with an
+// empty queue a message is answered OK, a settle dialog by its default button, and no file is
+// chosen.
 class RecordingSurface : public NullSurface {
  public:
   struct Message {
@@ -53,6 +54,13 @@ class RecordingSurface : public NullSurface {
     settle_replies.pop_front();
     return reply;
   }
+  std::string AskFile(const FileRequest& request) override {
+    asked.push_back(std::string(request.caption) + ' ' + std::string(request.pattern));
+    if (files.empty()) return {};
+    std::string file = files.front();
+    files.pop_front();
+    return file;
+  }
   void PlaySound(std::string_view file, bool wait) override {
     sounds.push_back({std::string(file), wait});
   }
@@ -62,9 +70,11 @@ class RecordingSurface : public NullSurface {
   }
   void RefreshOpenScreens() override { ++refreshes; }
 
-  void Answer(std::int32_t answer) {
+  void Answer(std::int32_t answer) { answers.push_back({answer, "", "", false}); }
+  void Type(const std::string& input1, const std::string& input2 = {}) {
     MessageReply reply;
-    reply.answer = answer;
+    reply.input1 = input1;
+    reply.input2 = input2;
     answers.push_back(reply);
   }
 
@@ -77,6 +87,8 @@ class RecordingSurface : public NullSurface {
   int refreshes = 0;
   std::deque<MessageReply> answers;
   std::deque<SettleReply> settle_replies;
+  std::deque<std::string> files;   // the names to be chosen
+  std::vector<std::string> asked;  // the file dialogs' captions and patterns
 };
 
 }  // namespace feltmaster

@@ -159,53 +159,6 @@ TEST(Layout, MarksPuckAndFigures) {
   EXPECT_EQ(NumberPlace(kHop13), (Pixel{514, 140}));
 }
 
-// left, right, right with the Hop bets, up, down. C Chip, R ChipR, E RowEnd, L LayCol, P PlaceCol
-// are 1000 and up.
-constexpr int C = 1001, R = 1002, L = 1003, P = 1004, E = 1100;
-constexpr int kWalk[38][5] = {
-    {R, 67, 67, 54, 52},      {R, 67, 67, 51, L},       {R, 60, 84, P, 54},
-    {56, 62, 88, 53, 51},     {R, 56, 56, 53, 56},      {55, 54, 54, 55, 51},
-    {53, 58, 58, 66, 60},     {57, C, C, 66, 59},       {60, C, C, 58, 61},
-    {53, 59, 59, 57, 62},     {62, C, C, 59, 65},       {54, 61, 61, 60, 64},
-    {E + 10, C, C, 68, 66},   {54, 65, 65, 62, 68},     {64, C, C, 61, 68},
-    {E + 40, C, C, 63, 57},   {51, 68, 69, 67, 67},     {67, C, C, 64, 63},
-    {67, 83, 83, 87, 70},     {E + 10, 71, 71, 69, 72}, {70, C, C, 83, 74},
-    {E + 20, 74, 74, 70, 76}, {53, 78, 78, 76, 77},     {72, C, C, 71, 81},
-    {77, C, C, 78, 79},       {E + 40, 81, 81, 72, 73}, {53, 75, 75, 73, 84},
-    {73, C, C, 81, 75},       {84, C, C, 75, 82},       {87, C, C, 85, 83},
-    {76, C, C, 74, 78},       {86, C, C, 79, 85},       {69, C, C, 80, 71},
-    {53, 79, 79, 77, 86},     {88, C, C, 82, 80},       {54, 82, 82, 84, 88},
-    {54, 80, 80, 88, 69},     {54, 85, 85, 86, 87}};
-
-TEST(KeyWalk, EveryStepOutsideTheGridFollowsTheTable) {
-  for (int bet = 51; bet <= kBetCount; ++bet) {
-    for (const bool hop_bets : {false, true}) {
-      for (int arrow = 0; arrow < 4; ++arrow) {
-        Game game;
-        game.ShowHopBets = hop_bets;
-        game.LastStackBet = 103;
-        game.LastGridColumn = 4;
-        game.LastGridRow = 54;
-        const int column = arrow == 0 ? 0 : arrow == 1 ? (hop_bets ? 2 : 1) : arrow + 1;
-        const int goal = kWalk[bet - 51][column];
-        const int expected = goal == C || goal == R ? 103
-                             : goal == L            ? 4
-                             : goal == P            ? 34
-                             : goal >= E            ? goal - E
-                                                    : goal;
-        EXPECT_EQ(WalkFrom(game, bet, static_cast<Arrow>(arrow)), expected)
-            << bet << " arrow " << arrow;
-        EXPECT_EQ(game.LastPanelBet, goal == C ? bet : 59);
-        EXPECT_EQ(game.LastGridRow, goal == R ? bet : 54);
-        game.LastGridRow = 11;
-        if (goal >= E) {
-          EXPECT_EQ(WalkFrom(game, bet, static_cast<Arrow>(arrow)), 20);
-        }
-      }
-    }
-  }
-}
-
 TEST(KeyWalk, GridStacksAndTheWayBack) {
   Game game;
   const auto walk = [&](int bet, Arrow arrow) { return WalkFrom(game, bet, arrow); };
@@ -235,6 +188,13 @@ TEST(KeyWalk, GridStacksAndTheWayBack) {
     EXPECT_EQ(walk(props, Arrow::kLeft), end);
     game.ShowHopBets = true;
     EXPECT_EQ(walk(end, Arrow::kRight), hops);
+  }
+  const int beside[3][3] = {{53, 60, 84}, {54, 62, 88}, {67, 68, 69}};
+  for (const auto& [from, prop, hop] : beside) {
+    game.ShowHopBets = false;
+    EXPECT_EQ(walk(from, Arrow::kRight), prop);
+    game.ShowHopBets = true;
+    EXPECT_EQ(walk(from, Arrow::kRight), hop);
   }
   // A Buy bet is walked as its Place bet.
   game.BetAmount.Set(44, MoneyAmount(10));

@@ -143,6 +143,33 @@ TEST_F(BankrollGraphTest, ButtonsMoveTheScale) {
   EXPECT_EQ(game_->GraphScale, 0.4_usd);
 }
 
+TEST_F(BankrollGraphTest, TheScaleGrowsUntilThePageFitsAndComesBackByItsKind) {
+  game_->GraphHigh = 900_usd;
+  game_->GraphLow = -200_usd;
+  DrawGraph(*game_, true);
+  EXPECT_EQ(game_->GraphScale, 10_usd);
+  EXPECT_EQ(game_->GraphTop, 2000_usd);
+  game_->GraphHigh = 4'000'000'000_usd;
+  DrawGraph(*game_, true);
+  EXPECT_EQ(game_->GraphScale, 100'000_usd);
+  game_->GraphHigh = 100_usd;
+  game_->GraphLow = 0_usd;
+  for (const int kind : {0, 1, 2}) {
+    game_->GraphAdjustType = kind;
+    game_->GraphScale = 4_usd;
+    DrawGraph(*game_, false);
+    EXPECT_EQ(game_->GraphScale, kind == 2 ? 1_usd : 4_usd) << kind;
+  }
+}
+
+TEST_F(BankrollGraphTest, AnAverageWithoutRollsIsZero) {
+  EXPECT_EQ(MovingAverage(*game_, true, 0, 0), 0_usd);
+  EXPECT_EQ(MovingAverage(*game_, true, 0, 10), 0_usd);
+  Roll({5_usd});
+  EXPECT_EQ(MovingAverage(*game_, false, 1, 0), 0_usd);
+  EXPECT_EQ(MovingAverage(*game_, false, 1, 10), 0_usd);
+}
+
 TEST_F(BankrollGraphTest, TheAverageIsAskedFor) {
   Roll({10_usd, 20_usd, 60_usd});
   const auto type = [&](const std::string& text, std::int32_t answer) {

@@ -1,13 +1,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <memory>
-
 #include "config/comps.h"
-#include "engine/start_up.h"
 #include "stats/bet_results.h"
 #include "stats/roll_statistics.h"
-#include "support/recording_surface.h"
+#include "support/started_game.h"
 #include "view/bet_results_table.h"
 #include "view/roll_frequencies.h"
 #include "view/roll_totals.h"
@@ -20,12 +17,8 @@ namespace {
 using namespace money_literals;
 using ::testing::ElementsAre;
 
-class FiguresTest : public testing::Test {
+class FiguresTest : public StartedGame<> {
  protected:
-  FiguresTest() {
-    game_->surface = &surface_;
-    StartUp(*game_, {});
-  }
   // One decision of the player's own bet.
   void Decide(int bet, MoneyAmount amount, MoneyAmount result) {
     RecordBetResult(*game_, bet, amount, result);
@@ -37,9 +30,6 @@ class FiguresTest : public testing::Test {
     }
     return shown;
   }
-
-  RecordingSurface surface_;
-  std::unique_ptr<Game> game_ = std::make_unique<Game>();
 };
 
 TEST_F(FiguresTest, SummaryBeforeTheFirstRoll) {

@@ -1,11 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <memory>
-
 #include "engine/place_bet.h"
-#include "engine/start_up.h"
-#include "surface/null_surface.h"
+#include "support/started_game.h"
 #include "view/bankroll_graph.h"
 #include "view/figure.h"
 #include "view/rules_rows.h"
@@ -18,20 +15,13 @@ namespace {
 using namespace money_literals;
 using ::testing::ElementsAre;
 
-class RowsTest : public testing::Test {
+class RowsTest : public StartedGame<> {
  protected:
-  RowsTest() {
-    game_->surface = &surface_;
-    StartUp(*game_, {});
-    game_->NotifyFlags = 0;
-  }
+  RowsTest() { game_->NotifyFlags = 0; }
   void Bet(int bet, MoneyAmount amount) {
     game_->BetRequest = amount;
     PlaceChips(*game_, bet);
   }
-
-  NullSurface surface_;
-  std::unique_ptr<Game> game_ = std::make_unique<Game>();
 };
 
 TEST_F(RowsTest, StatusTellsHowThePlayerStandsAndTheBetUnderThePointer) {

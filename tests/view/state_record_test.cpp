@@ -2,28 +2,21 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <set>
 #include <string>
 
 #include "base/text.h"
-#include "engine/start_up.h"
-#include "surface/null_surface.h"
+#include "support/started_game.h"
 
 namespace feltmaster {
 namespace {
 
-class StateRecordTest : public testing::Test {
+class StateRecordTest : public StartedGame<> {
  protected:
   StateRecordTest() {
-    game_->surface = &surface_;
-    StartUp(*game_, {});
     game_->ScriptLines.resize(2);
     game_->ScriptFlags.resize(3);
   }
-
-  NullSurface surface_;
-  std::unique_ptr<Game> game_ = std::make_unique<Game>();
 };
 
 TEST_F(StateRecordTest, NamesAreUniqueInAnyCase) {
