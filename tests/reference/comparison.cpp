@@ -1,4 +1,5 @@
 // Both tables under the same commands, and their comparison.
+#include <algorithm>
 #include <cstddef>
 
 #include "reference/session.h"
@@ -186,8 +187,8 @@ std::string Tables::CompareArrays(feltmaster::Game& game) {
               table_.script_rolls_since[at]);
     d.Compare("ScriptRollsSinceSeen", i, feltmaster::ScriptRollsSinceSeen(game, i),
               table_.script_rolls_since_seen[at]);
-    const auto& gaps = feltmaster::GapsOf(game, i);
-    if (gaps == table_.roll_gap_table[at]) continue;
+    const auto gaps = feltmaster::GapsOf(game, i);
+    if (std::ranges::equal(gaps, table_.roll_gap_table[at])) continue;
     for (int gap = 0; gap <= 200; ++gap) {
       d.Compare("RollGapTable", i, gap, gaps[At(gap)], table_.roll_gap_table[at][At(gap)]);
     }
