@@ -15,18 +15,6 @@ Game HouseGame() {
   return game;
 }
 
-TEST(Advantage, KnownFigures) {
-  Game game = HouseGame();
-  const Advantage place6 = FigureAdvantage(game, kPlace + 4);
-  EXPECT_EQ(place6.ev_per_decision, -0.015152);
-  EXPECT_EQ(place6.rolls_per_decision, 3.27);
-  // 40 on Lay 4 with 1 of vig: 19 is won on 41 put up, or 41 lost.
-  EXPECT_EQ(FigureAdvantage(game, kLay + 2).ev_per_decision, -0.02439);
-  game.LayVigAllBets = game.BuyVigAllBets = false;
-  EXPECT_EQ(FigureAdvantage(game, kLay + 2).ev_per_decision, -0.016667);
-  EXPECT_EQ(FigureAdvantage(game, kBuy + 7).ev_per_decision, -0.016667);
-}
-
 TEST(Advantage, ZeroOutcomesCountAsDecisionsWhenAsked) {
   Game game = HouseGame();
   game.IncludeZeroOutcomes = true;

@@ -338,6 +338,7 @@ TEST(Console, BetsAreOrderedAboutByTheirCommands) {
              {"get TotalOnTable", 0},
              {"bet 55 6"},
              {"bet 56 6"},
+             {"remove 55", 0},
              {"remove all", 0},
              {"call ComputeMinBet 51", 1},
              {"call ComputeMaxBet 51", 1000},

@@ -191,27 +191,6 @@ TEST(Simulation, GamesCanBePlayedAgainByTheirSeeds) {
   }
 }
 
-TEST(Simulation, MoneyIsConserved) {
-  const ScriptFile script(kMeddler);
-  Experiment experiment = Games(20, 500);
-  experiment.script = script.Path();
-  const Played run(experiment);
-  WideMoney by_bet = 0;
-  for (const BetTotals& bet : run.results.bets) by_bet += bet.won - bet.lost;
-  WideMoney handle = 0;
-  double expected = 0;
-  for (const GameResult& game : run.results.games) {
-    handle += game.handle;
-    expected += game.expected;
-    EXPECT_GE(game.highest, game.net);
-    EXPECT_LE(game.lowest, game.net);
-  }
-  EXPECT_NE(by_bet, 0);
-  EXPECT_EQ(by_bet, run.statistics.net_total);
-  EXPECT_EQ(handle, run.statistics.handle);
-  EXPECT_NEAR(expected, static_cast<double>(run.statistics.expected) * 1e-10, 1e-6);
-}
-
 // Place 6 pays 7 to 6 and loses to 7: five ways against six.
 TEST(Simulation, ExpectationIsThatOfTheRules) {
   const ScriptFile script(" Do this . . .\n     Bet $ 6 on Place 6\n     Call ON Place 6\n");

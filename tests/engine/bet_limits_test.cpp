@@ -30,6 +30,13 @@ TEST_F(BetLimits, ARowThatWinsNothingLeavesTheTableMaximum) {
   EXPECT_THROW(Max(kHard4), MoneyDivisionByZero);
 }
 
+TEST_F(BetLimits, AVigIsForBuyAndLayBetsAlone) {
+  EXPECT_EQ(VigOf(game, kField, 400_usd), 0_usd);
+  EXPECT_EQ(VigOf(game, BetOnNumber(kLay, 4), 400_usd), 10_usd);
+  ComputeBuyVig(game, BetOnNumber(kLay, 4), 400_usd);
+  EXPECT_EQ(game.BuyVigAmount, 0_usd);
+}
+
 TEST_F(BetLimits, AColorPushEndsForEverySetting) {
   // Half a dollar over a whole one is never paid in whole dollars at 1:1.
   SetRow(BetOnNumber(kComeOdds, 6), 1_usd, 1_usd);

@@ -187,7 +187,7 @@ std::string Tables::CompareArrays(feltmaster::Game& game) {
               table_.script_rolls_since[at]);
     d.Compare("ScriptRollsSinceSeen", i, feltmaster::ScriptRollsSinceSeen(game, i),
               table_.script_rolls_since_seen[at]);
-    const auto& gaps = feltmaster::GapsOf(game, i);
+    const auto gaps = feltmaster::GapsOf(game, i);
     if (std::ranges::equal(gaps, table_.roll_gap_table[at])) continue;
     for (int gap = 0; gap <= 200; ++gap) {
       d.Compare("RollGapTable", i, gap, gaps[At(gap)], table_.roll_gap_table[at][At(gap)]);
