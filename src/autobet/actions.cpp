@@ -99,20 +99,6 @@ bool ActsInGroup(std::int32_t verb, std::int32_t form, MoneyAmount slot_amount,
   return acts;
 }
 
-// A Pass Line or Come bet is changed by the difference, since the house guards what is established;
-// any other bet is taken off first and the whole amount is bet anew.
-void Bet(Game& game, int slot, MoneyAmount amount) {
-  if (slot == kPassLine || IsComePoint(slot)) {
-    game.BetRequest = amount - game.BetAmount[slot];
-  } else {
-    const bool vig_stands = ChargesVigUpFront(game, slot);
-    const MoneyAmount vig = LiftBet(game, slot);
-    if (vig_stands) game.VigCarried = vig;
-    game.BetRequest = amount;
-  }
-  PlaceChips(game, slot);
-}
-
 void PutBack(Game& game, int slot, MoneyAmount amount) {
   if (IsLayoutBet(slot)) game.TotalOnTable += amount - game.BetAmount[slot];
   game.BetAmount.Set(slot, amount);
@@ -138,7 +124,7 @@ void RunVerb(Game& game, const CompiledLine& line, ScriptRun& run, int slot) {
 
   switch (verb) {
     case kBet:
-      Bet(game, slot, operand);
+      BetAnew(game, slot, operand);
       return;
     case kAdd:
     case kSubtract:
@@ -365,7 +351,7 @@ void ExecuteOnTarget(Game& game, const CompiledLine& line, ScriptRun& run) {
       case kActionInput:
         if (!asked) AskForInput(game, line, run);
         asked = true;
-        Bet(game, slot, run.RunValue);
+        BetAnew(game, slot, run.RunValue);
         break;
       case kActionRound:
         Round(game, line, slot);

@@ -155,8 +155,8 @@ void CloseBlock(Game& game, ScriptRun& run, std::int32_t kind) {
 }
 
 // What comes next: the line behind, or, when none of the like lines that follow can do anything,
-// the line behind them.
-enum class Next : std::uint8_t { kLine, kPassLikeLines };
+// the line behind them; or a jump or a Return leads elsewhere.
+enum class Next : std::uint8_t { kLine, kPassLikeLines, kElsewhere };
 
 Next AskCondition(Game& game, ScriptRun& run, const CompiledLine& line) {
   if (run.OverallTrue || !run.BlockTrue) return Next::kPassLikeLines;
@@ -176,7 +176,9 @@ Next TakeAction(Game& game, ScriptRun& run, const CompiledLine& line) {
     run.RunCount = 0;
   }
   ExecuteAction(game, line, run);
-  if (!Stepping(game)) return Next::kLine;
+  const bool leads_elsewhere = run.PendingLine != 0 || run.Arrived != Arrival::kInOrder;
+  const Next next = leads_elsewhere ? Next::kElsewhere : Next::kLine;
+  if (!Stepping(game)) return next;
   if (line.code == kActionReturn && run.Arrived != Arrival::kToReturn) {
     Report(game,
            "This statement will be ignored since it was not encountered as a result of a \"GoSub\" "
@@ -184,7 +186,7 @@ Next TakeAction(Game& game, ScriptRun& run, const CompiledLine& line) {
   } else {
     Report(game, "Action taken.");
   }
-  return Next::kLine;
+  return next;
 }
 
 Next ProcessLine(Game& game, ScriptRun& run, const CompiledLine& line) {
@@ -247,6 +249,41 @@ bool GoesOn(Game& game, std::int32_t lines, std::int32_t& yield_at) {
   return game.AutoBetRunning;
 }
 
+// Goes to where the action on line `at` leads: behind the label, or behind the Gosub that called.
+// Comments on the way do nothing. False when it was interrupted.
+[[gnu::noinline]] bool GoElsewhere(Game& game, ScriptRun& run, const CompiledScript& script,
+                                   std::int32_t& at, std::int32_t& yield_at) {
+  if (run.PendingLine == 0) {
+    ++at;
+  } else {
+    yield_at -= at;
+    at = std::exchange(run.PendingLine, 0);
+    run.Arrived = Arrival::kByJump;
+  }
+  for (; at <= static_cast<std::int32_t>(script.lines.size());) {
+    game.CurrentLine = at;
+    if (!GoesOn(game, at, yield_at)) return false;
+    const CompiledLine& line = script.lines[static_cast<std::size_t>(at) - 1];
+    if (line.kind == kCommentLine) {
+      at = line.pass_to;
+      continue;
+    }
+    if (std::exchange(run.Arrived, Arrival::kInOrder) == Arrival::kByJump) {
+      OpenSection(game, run, kLabelLine);
+    } else {
+      const std::int32_t caller = run.Returns.Pop();
+      yield_at += caller - at;
+      game.CurrentLine = at = caller;
+      Report(game,
+             "A \"Return\" statement has caused a jump back to this \"GoSub\" statement.  "
+             "Processing will resume with the next line in order.");
+    }
+    ++at;
+    break;
+  }
+  return true;
+}
+
 // Returns false when it was interrupted. Lines are counted by where the run stands, so a jump moves
 // the mark of the next yield instead: it counts as many lines as if the script were searched for
 // the label from its first line.
@@ -260,28 +297,16 @@ bool WalkScript(Game& game, const CompiledScript& script) {
     game.CurrentLine = at;
     if (!GoesOn(game, at, yield_at)) return false;
     const CompiledLine& line = lines[at - 1];
-    if (run.Arrived != Arrival::kInOrder && line.kind != kCommentLine) [[unlikely]] {
-      if (std::exchange(run.Arrived, Arrival::kInOrder) == Arrival::kByJump) {
-        OpenSection(game, run, kLabelLine);
-      } else {
-        const std::int32_t caller = run.Returns.Pop();
-        yield_at += caller - at;
-        game.CurrentLine = at = caller;
-        Report(game,
-               "A \"Return\" statement has caused a jump back to this \"GoSub\" statement.  "
-               "Processing will resume with the next line in order.");
-      }
-      ++at;
-      continue;
-    }
-    if (ProcessLine(game, run, line) == Next::kPassLikeLines) {
-      at = line.pass_to;
-    } else if (run.PendingLine == 0) [[likely]] {
-      ++at;
-    } else {
-      yield_at -= at;
-      at = std::exchange(run.PendingLine, 0);
-      run.Arrived = Arrival::kByJump;
+    switch (ProcessLine(game, run, line)) {
+      case Next::kLine:
+        ++at;
+        break;
+      case Next::kPassLikeLines:
+        at = line.pass_to;
+        break;
+      case Next::kElsewhere:
+        if (!GoElsewhere(game, run, script, at, yield_at)) return false;
+        break;
     }
   }
   game.CurrentLine = at;

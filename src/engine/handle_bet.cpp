@@ -257,14 +257,13 @@ void ComputePressUnit(Game& game, int bet) {
   const MoneyAmount amount = game.BetAmount[bet];
   const bool whole = denominator.IsWhole();
   const std::int64_t chips = denominator.FloorWhole();
+  MoneyAmount unit;
   for (int slot = kLastChip; slot >= kFirstChip; --slot) {
     const MoneyAmount chip = game.BetAmount[slot];
-    game.PressUnit = whole ? chip.Times(chips) : Product(denominator, chip);
-    if (game.PressUnit.Raw() > 0 && game.PressUnit < amount &&
-        IsMultipleOf(amount, game.PressUnit)) {
-      return;
-    }
+    unit = whole ? chip.Times(chips) : Product(denominator, chip);
+    if (unit.Raw() > 0 && unit < amount && IsMultipleOf(amount, unit)) break;
   }
+  game.PressUnit = unit;
 }
 
 // Only the slots of the chips hold a denomination.

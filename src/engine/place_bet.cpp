@@ -406,6 +406,18 @@ std::string PastOwnMoneyText(const Game& game, bool from_configure) {
   return text + (bets_stand ? ", and/or by reducing the amount of your current bets." : ".");
 }
 
+[[gnu::always_inline]] inline MoneyAmount Lift(Game& game, int slot) {
+  MoneyAmount vig;
+  if (IsLayoutBet(slot)) {
+    const bool up_front = ChargesVigUpFront(game, slot);
+    if (up_front) vig = StandingVig(game, slot);
+    game.TotalOnTable -= game.BetAmount[slot] + vig;
+    if (up_front) StandingVig(game, slot) = MoneyAmount();
+  }
+  game.BetAmount.Set(slot, MoneyAmount());
+  return vig;
+}
+
 }  // namespace
 
 void PlaceBet(Game& game, int bet) {
@@ -521,15 +533,19 @@ void AdjustAllBets(Game& game) {
 }
 
 MoneyAmount LiftBet(Game& game, int slot) {
-  MoneyAmount vig;
-  if (IsLayoutBet(slot)) {
-    const bool up_front = ChargesVigUpFront(game, slot);
-    if (up_front) vig = StandingVig(game, slot);
-    game.TotalOnTable -= game.BetAmount[slot] + vig;
-    if (up_front) StandingVig(game, slot) = MoneyAmount();
+  return Lift(game, slot);
+}
+
+void BetAnew(Game& game, int slot, MoneyAmount amount) {
+  if (slot == kPassLine || IsComePoint(slot)) {
+    game.BetRequest = amount - game.BetAmount[slot];
+  } else {
+    const bool vig_stands = ChargesVigUpFront(game, slot);
+    const MoneyAmount vig = Lift(game, slot);
+    if (vig_stands) game.VigCarried = vig;
+    game.BetRequest = amount;
   }
-  game.BetAmount.Set(slot, MoneyAmount());
-  return vig;
+  PlaceVisibly(game, slot);
 }
 
 bool CommitEnteredBet(Game& game) {

@@ -27,6 +27,11 @@ void CallAllBets(Game& game, int on_off);
 void RemoveAllBets(Game& game);
 void AdjustAllBets(Game& game);
 
+// Bets an amount in place of what stands. A Pass Line or Come bet is changed by the difference,
+// since the house guards what is established; any other bet is taken off first and the whole amount
+// is bet anew.
+void BetAnew(Game& game, int slot, MoneyAmount amount);
+
 // Takes an amount off the table without any check, as the keyed-in amounts and the scripts do
 // before they bet anew: TotalOnTable follows, with the vig charged up front. Gives the vig that
 // stood (0 when it is not charged up front); the vig standing is cleared then.

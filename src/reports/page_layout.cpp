@@ -46,24 +46,6 @@ double WidthOf(const Runs& runs, double size) {
   return width;
 }
 
-// The widths of a table's columns at its own size.
-std::vector<double> ColumnWidths(const Table& table) {
-  std::vector<double> widths(table.columns.size());
-  const auto widen = [&](const std::vector<Runs>& rows) {
-    for (const Runs& row : rows) {
-      for (std::size_t i = 0; i < std::min(row.size(), widths.size()); ++i) {
-        widths[i] = std::max(widths[i], TextWidth(row[i].text, table.size, row[i].bold));
-      }
-    }
-  };
-  widen(table.head);
-  widen(table.rows);
-  for (std::size_t i = 0; i < std::min(widths.size(), table.least_widths.size()); ++i) {
-    widths[i] = std::max(widths[i], table.least_widths[i]);
-  }
-  return widths;
-}
-
 double TableWidth(const Table& table, const std::vector<double>& columns) {
   const double gaps = columns.empty() ? 0 : table.gap * static_cast<double>(columns.size() - 1);
   return std::accumulate(columns.begin(), columns.end(), gaps);
@@ -213,6 +195,23 @@ class PageMaker {
 };
 
 }  // namespace
+
+std::vector<double> ColumnWidths(const Table& table) {
+  std::vector<double> widths(table.columns.size());
+  const auto widen = [&](const std::vector<Runs>& rows) {
+    for (const Runs& row : rows) {
+      for (std::size_t i = 0; i < std::min(row.size(), widths.size()); ++i) {
+        widths[i] = std::max(widths[i], TextWidth(row[i].text, table.size, row[i].bold));
+      }
+    }
+  };
+  widen(table.head);
+  widen(table.rows);
+  for (std::size_t i = 0; i < std::min(widths.size(), table.least_widths.size()); ++i) {
+    widths[i] = std::max(widths[i], table.least_widths[i]);
+  }
+  return widths;
+}
 
 double TextWidth(std::string_view text, double size, bool bold) {
   constexpr char32_t kFirstWide = 0x1100;

@@ -28,6 +28,8 @@ PlacedPage LayOut(const Page& page);
 // The width of a text in Arial or a font with its measures.
 double TextWidth(std::string_view text, double size, bool bold = false);
 double LineHeight(double size);
+// The widths of a table's columns where there is room.
+std::vector<double> ColumnWidths(const Table& table);
 // The width that a block takes where there is room.
 double NaturalWidth(const Block& block);
 

@@ -96,6 +96,7 @@ void ReportPages::AddGap(double height) {
 
 void ReportPages::AddTable(Table table, int strips) {
   const auto columns = static_cast<std::size_t>(strips);
+  table.least_widths = ColumnWidths(table);  // the same in every strip and on every page
   std::vector<Runs> rows;
   rows.swap(table.rows);
   for (std::size_t first = 0; first < rows.size();) {

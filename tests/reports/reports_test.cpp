@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <set>
 #include <sstream>
+#include <utility>
 
 #include "automation/hyper_drive.h"
 #include "base/text.h"
@@ -13,6 +15,7 @@
 #include "reports/page_layout.h"
 #include "reports/print_commands.h"
 #include "reports/printer_surface.h"
+#include "reports/report_pages.h"
 #include "reports/text_writer.h"
 #include "stats/roll_statistics.h"
 #include "support/started_game.h"
@@ -23,6 +26,7 @@ namespace {
 
 using namespace money_literals;
 using ::testing::ElementsAre;
+using ::testing::Gt;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
@@ -96,6 +100,23 @@ std::string CellBehind(const std::string& text, const std::string& caption) {
   std::string cell;
   rest >> cell;
   return cell;
+}
+
+TEST_F(Reports, ATableHasTheSameColumnsOnEveryPage) {
+  Table table;
+  table.columns = {Align::kLeft, Align::kLeft};
+  for (int row = 0; row < 200; ++row) table.rows.push_back(PlainRow({"short", "here"}));
+  table.rows.back() = PlainRow({std::string(400, 'M'), "here"});  // shrinks what it stands in
+  ReportPages pages(*game_, "Table");
+  pages.EndHeading();
+  pages.AddTable(table);
+  std::set<std::pair<double, double>> places;
+  const Document document = pages.Finish();
+  EXPECT_THAT(document.pages.size(), Gt(1u));
+  for (const PlacedText& text : TextsOf(document)) {
+    if (text.text == "here") places.emplace(text.x, text.size);
+  }
+  EXPECT_THAT(places, SizeIs(1));
 }
 
 TEST_F(Reports, SummaryHasItsOwnCaptions) {
