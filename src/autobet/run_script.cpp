@@ -260,7 +260,7 @@ bool GoesOn(Game& game, std::int32_t lines, std::int32_t& yield_at) {
     at = std::exchange(run.PendingLine, 0);
     run.Arrived = Arrival::kByJump;
   }
-  for (; at <= static_cast<std::int32_t>(script.lines.size());) {
+  while (at <= static_cast<std::int32_t>(script.lines.size())) {
     game.CurrentLine = at;
     if (!GoesOn(game, at, yield_at)) return false;
     const CompiledLine& line = script.lines[static_cast<std::size_t>(at) - 1];
