@@ -62,6 +62,8 @@ struct ComparisonRow {
   std::int32_t code = 0;
   std::string_view caption = {};
   Field operand = Field::kNone;
+
+  bool operator==(const ComparisonRow&) const = default;
 };
 using ComparisonList = std::span<const ComparisonRow>;
 

@@ -336,16 +336,17 @@ ScriptLine SampleOf(const ConditionRow& row) {
   return line;
 }
 
-bool Offers(const ConditionRow& condition, ComparisonList rows) {
-  return std::any_of(condition.comparisons.begin(), condition.comparisons.end(),
-                     [rows](ComparisonList list) { return list.data() == rows.data(); });
+bool Offers(const ConditionRow& condition, const ComparisonRow& row) {
+  return std::ranges::any_of(condition.comparisons, [&row](ComparisonList list) {
+    return std::ranges::find(list, row) != list.end();
+  });
 }
 // A comparison, of the Pass Line or else of the first condition that offers it.
-ScriptLine SampleOf(ComparisonList rows, const ComparisonRow& row) {
+ScriptLine SampleOf(const ComparisonRow& row) {
   const ConditionRow* condition = FindCondition(kSampleBet);
-  if (!Offers(*condition, rows)) {
-    condition = std::find_if(kConditions.begin(), kConditions.end(),
-                             [rows](const ConditionRow& other) { return Offers(other, rows); });
+  if (!Offers(*condition, row)) {
+    condition = std::ranges::find_if(
+        kConditions, [&row](const ConditionRow& other) { return Offers(other, row); });
   }
   ScriptLine line = SampleLine(kConditionLine, {&row.operand, 1});
   line.LineSubject = condition->code;
@@ -386,7 +387,7 @@ int Words(const ScriptOptions& options) {
   for (const auto& [heading, rows] : comparisons) {
     list.Head(heading);
     for (const ComparisonRow& row : rows) {
-      const ScriptLine sample = SampleOf(rows, row);
+      const ScriptLine sample = SampleOf(row);
       list.Row(WithFields(row.caption, {&row.operand, 1}), &sample);
     }
   }
