@@ -62,7 +62,7 @@ void RollStatisticsOfARoll(benchmark::State& state) {
     BeginRollStatistics(game);
     DrawDice(game);
     game.DiceTotal = game.Die1 + game.Die2;
-    RecordRollStatistics(game);
+    RecordRollStatistics(game, PairOfDice(game.Die1, game.Die2));
     FinishRollStatistics(game);
   }
 }

@@ -323,6 +323,42 @@ void ForEachTarget(const Game& game, const CompiledLine& line, Act act) {
   });
 }
 
+}  // namespace
+
+ScriptFailure OverflowFailure() {
+  return {6, "Overflow"};
+}
+
+ScriptFailure DivisionFailure() {
+  return {11, "Division by zero"};
+}
+
+ScriptFailure FileFailure(const std::error_code& error) {
+  const auto row =
+      std::find_if(kErrorNumbers.begin(), kErrorNumbers.end(),
+                   [&](const ErrorNumber& r) { return error == std::make_error_code(r.error); });
+  return {row == kErrorNumbers.end() ? kOtherFileError : row->number, error.message()};
+}
+
+void ReturnStack::Push(std::int32_t line) {
+  constexpr std::size_t kDeepest = 1'000'000;
+  if (depth_ == kDeepest) throw ScriptFailure{28, "Out of stack space"};
+  if (depth_ < kInline) {
+    first_[depth_] = line;
+  } else {
+    rest_.push_back(line);
+  }
+  ++depth_;
+}
+
+std::int32_t ReturnStack::Pop() {
+  --depth_;
+  if (depth_ < kInline) return first_[depth_];
+  const std::int32_t line = rest_.back();
+  rest_.pop_back();
+  return line;
+}
+
 void ExecuteOnTarget(Game& game, const CompiledLine& line, ScriptRun& run) {
   if (line.verb != 0) {
     return ForEachTarget(game, line, [&](int slot) { RunVerb(game, line, run, slot); });
@@ -362,8 +398,7 @@ void ExecuteOnTarget(Game& game, const CompiledLine& line, ScriptRun& run) {
   });
 }
 
-// A line that works on no target. Apart from the lines that bet, which are most of a script's work.
-[[gnu::noinline]] void ExecuteCommand(Game& game, const CompiledLine& line, ScriptRun& run) {
+void ExecuteCommand(Game& game, const CompiledLine& line, ScriptRun& run) {
   const auto value = [&] { return ValueOf(game, line.subject_code, line.subject_stack); };
   const auto last_value = [&] { return LastValueOf(game, line.subject_code, line.subject_stack); };
   const auto percent = [&] {
@@ -491,50 +526,6 @@ void ExecuteOnTarget(Game& game, const CompiledLine& line, ScriptRun& run) {
       break;
     default:
       break;
-  }
-}
-
-}  // namespace
-
-ScriptFailure OverflowFailure() {
-  return {6, "Overflow"};
-}
-
-ScriptFailure DivisionFailure() {
-  return {11, "Division by zero"};
-}
-
-ScriptFailure FileFailure(const std::error_code& error) {
-  const auto row =
-      std::find_if(kErrorNumbers.begin(), kErrorNumbers.end(),
-                   [&](const ErrorNumber& r) { return error == std::make_error_code(r.error); });
-  return {row == kErrorNumbers.end() ? kOtherFileError : row->number, error.message()};
-}
-
-void ReturnStack::Push(std::int32_t line) {
-  constexpr std::size_t kDeepest = 1'000'000;
-  if (depth_ == kDeepest) throw ScriptFailure{28, "Out of stack space"};
-  if (depth_ < kInline) {
-    first_[depth_] = line;
-  } else {
-    rest_.push_back(line);
-  }
-  ++depth_;
-}
-
-std::int32_t ReturnStack::Pop() {
-  --depth_;
-  if (depth_ < kInline) return first_[depth_];
-  const std::int32_t line = rest_.back();
-  rest_.pop_back();
-  return line;
-}
-
-void ExecuteAction(Game& game, const CompiledLine& line, ScriptRun& run) {
-  if (line.works_on_target) {
-    ExecuteOnTarget(game, line, run);
-  } else {
-    ExecuteCommand(game, line, run);
   }
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "autobet/compiled_script.h"
+#include "engine/place_bet.h"
 #include "game/game.h"
 
 namespace feltmaster {
@@ -62,8 +63,20 @@ struct ScriptRun {
   MoneyAmount RunBase;
 };
 
+// Each slot of the line's target, one after the other; and a line that works on no target.
+void ExecuteOnTarget(Game& game, const CompiledLine& line, ScriptRun& run);
+void ExecuteCommand(Game& game, const CompiledLine& line, ScriptRun& run);
+
 // Carries out an action line, CurrentLine. May throw MoneyOverflow, MoneyDivisionByZero and
 // ScriptFailure.
-void ExecuteAction(Game& game, const CompiledLine& line, ScriptRun& run);
+inline void ExecuteAction(Game& game, const CompiledLine& line, ScriptRun& run) {
+  if (line.bet_slot != 0) {  // which most lines do
+    BetAnew(game, line.bet_slot, line.amount);
+  } else if (line.works_on_target) {
+    ExecuteOnTarget(game, line, run);
+  } else {
+    ExecuteCommand(game, line, run);
+  }
+}
 
 }  // namespace feltmaster

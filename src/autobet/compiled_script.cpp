@@ -354,6 +354,10 @@ void CompileAction(const std::vector<ScriptLine>& sources, std::size_t at, const
   line.text = ActionText(source);
   line.target = ActionTarget(source);
   line.spares_places = source.LineTarget >= kListPlace && source.LineTarget <= kListOutsidePlace;
+  if (line.verb == kBet && line.form == kFormAmount && !line.spares_places &&
+      line.target.place == SelectionPlace::kFixed && line.target.range.IsOneSlot()) {
+    line.bet_slot = line.target.range.first;
+  }
   line.continues_group = before == nullptr || ContinuesGroup(source, *before);
   line.starts_text = before == nullptr || !AddsText(*before, line.code);
   line.ends_text = after == nullptr || !TakesText(*after, line.code);
@@ -476,7 +480,8 @@ std::shared_ptr<const CompiledScript> Compile(const ScriptState& script) {
   for (std::size_t at = sources.size(); at-- > 0;) {
     CompiledLine& line = compiled->lines[at];
     line.pass_to = static_cast<std::int32_t>(at) + 2;
-    const std::int32_t kind = line.kind;
+    const bool opens_actions = line.kind == kThen || line.kind == kElse;
+    const std::int32_t kind = opens_actions ? std::int32_t{kActionLine} : line.kind;
     while (line.pass_to <= static_cast<std::int32_t>(sources.size())) {
       const CompiledLine& next = compiled->lines[static_cast<std::size_t>(line.pass_to) - 1];
       if (next.kind != kind && next.kind != kCommentLine) break;
@@ -484,12 +489,6 @@ std::shared_ptr<const CompiledScript> Compile(const ScriptState& script) {
     }
   }
   return compiled;
-}
-
-const std::shared_ptr<const CompiledScript>& CompiledForm(Game& game) {
-  if (!game.Compiled || game.Compiled->lines.size() != game.ScriptLines.size())
-    game.Compiled = Compile(game);
-  return game.Compiled;
 }
 
 }  // namespace feltmaster

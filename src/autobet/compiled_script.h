@@ -29,6 +29,7 @@ struct SlotRange {
   std::int16_t hole_last = -1;
 
   constexpr bool Empty() const { return last < first; }
+  constexpr bool IsOneSlot() const { return first == last && Has(first); }
   constexpr bool Has(int slot) const {
     return slot >= first && slot <= last && !(slot >= hole_first && slot <= hole_last);
   }
@@ -137,7 +138,9 @@ enum class CounterNews : std::uint8_t {
 struct CompiledLine {
   std::int32_t kind = 0;
   std::int32_t code = 0;
-  std::int32_t pass_to = 0;  // the first line behind this one that is not of its kind
+  // The first line behind this one that is not of its kind; behind a "then" or an "else", the first
+  // behind its actions.
+  std::int32_t pass_to = 0;
   MoneyAmount amount;
   std::int32_t subject_code = 0;
   std::int32_t subject_stack = 0;
@@ -159,6 +162,7 @@ struct CompiledLine {
   // Actions.
   std::uint8_t verb = 0;  // of the verbs, and the form of their operand (autobet/codes.h)
   std::uint8_t form = 0;
+  std::int16_t bet_slot = 0;     // of "Bet $ n" on one slot that is always the same: that slot
   bool works_on_target = false;  // it does something to each slot of the target
   bool continues_group = false;  // the line before is an action with the same code and target
   bool starts_text = false;      // of a message or question: the line before adds nothing to it
@@ -178,8 +182,11 @@ struct CompiledScript {
 
 std::shared_ptr<const CompiledScript> Compile(const ScriptState& script);
 
-// The compiled form of the script in memory, made anew after a change. A run takes it away from the
-// game while it lasts (autobet/run_script.cpp).
-const std::shared_ptr<const CompiledScript>& CompiledForm(Game& game);
+// Makes sure that game.Compiled is the compiled form of the script in memory, made anew after a
+// change. A run takes it away from the game while it lasts (autobet/run_script.cpp).
+inline void CompileScript(Game& game) {
+  if (game.Compiled && game.Compiled->lines.size() == game.ScriptLines.size()) return;
+  game.Compiled = Compile(game);
+}
 
 }  // namespace feltmaster

@@ -95,11 +95,12 @@ std::string_view SectionStatus(const ScriptRun& run) {
 
 // --- Blocks --------------------------------------------------------------------------------------
 
-void OpenSection(Game& game, ScriptRun& run, std::int32_t kind) {
+[[gnu::always_inline]] inline void OpenSection(Game& game, ScriptRun& run, std::int32_t kind) {
   run.BlockKind = kind;
   run.BlockHasNew = false;
   if (kind == kXorWhen || kind == kXorWhile) run.XorKind = kind;
-  if (Stepping(game)) Report(game, SectionStatus(run));
+  if (Stepping(game)) [[unlikely]]
+    Report(game, SectionStatus(run));
 }
 
 enum BlockVerdict : std::uint8_t { kBlockNotNew, kBlockTrue, kBlockFalse };
@@ -117,7 +118,7 @@ constexpr std::array<std::string_view, 5> kXorStatus = {
     "And since the previous block was false, the xor condition is also true. "};
 
 // Decides the block that a line of that kind ends.
-void CloseBlock(Game& game, ScriptRun& run, std::int32_t kind) {
+[[gnu::always_inline]] inline void CloseBlock(Game& game, ScriptRun& run, std::int32_t kind) {
   BlockVerdict block = kBlockFalse;
   XorVerdict by_xor = kNoXor;
   if (run.BlockTrue && !run.BlockHasNew && OpensWhen(run.BlockKind)) {
@@ -148,7 +149,7 @@ void CloseBlock(Game& game, ScriptRun& run, std::int32_t kind) {
   const bool keeps_previous = ContinuesBlock(kind) || kind == kXorWhen || kind == kXorWhile;
   if (run.PrevBlockTrue && !keeps_previous) run.OverallTrue = true;
   if (run.OverallTrue && kind != kThen) return;
-  if (Stepping(game)) {
+  if (Stepping(game)) [[unlikely]] {
     Report(game, std::string(kBlockStatus[block]) + std::string(kXorStatus[by_xor]));
   }
   OpenSection(game, run, kind);
@@ -221,11 +222,13 @@ Next ProcessLine(Game& game, ScriptRun& run, const CompiledLine& line) {
     case kConditionLine:
       return AskCondition(game, run, line);
     case kThen:
-      CloseBlock(game, run, line.kind);
-      break;
+      CloseBlock(game, run, kThen);
+      return run.OverallTrue ? Next::kLine : Next::kPassLikeLines;
     case kElse:
+      OpenSection(game, run, kElse);
+      return run.OverallTrue ? Next::kPassLikeLines : Next::kLine;
     case kDoThis:
-      OpenSection(game, run, line.kind);
+      OpenSection(game, run, kDoThis);
       break;
     case kActionLine:
       return TakeAction(game, run, line);
@@ -370,7 +373,7 @@ const CompiledScript kTaken;
 class ScriptInUse {
  public:
   explicit ScriptInUse(Game& game) : game_(game) {
-    CompiledForm(game);
+    CompileScript(game);
     script_ = std::exchange(game.Compiled, Taken());
   }
   ~ScriptInUse() {

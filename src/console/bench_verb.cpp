@@ -82,8 +82,9 @@ int RunBench(const BenchOptions& options) {
 }
 
 constexpr const char* kNotes =
-    R"(Every case plays a fixed number of rolls from a fixed seed and tells the best time of three equal
-runs, in seconds of one processor. The signature is a hash over the whole game as it ended: it changes only when the game does.
+    R"(Every case plays a fixed number of rolls from a fixed seed, three times at least and for more than
+half a second, and tells the best time of these equal runs, in seconds of one processor. The
+signature is a hash over the whole game as it ended: it changes only when the game does.
 
   dice           nothing but the two dice of RNG #1
   bare           an empty table with all its statistics

@@ -128,7 +128,10 @@ class Worker {
         selects_generators_(SelectsGenerators(table)),
         log_(log),
         game_(std::make_unique<Game>(table)) {
-    if (!game_->ScriptLines.empty()) script_ = CompiledForm(*game_);
+    if (!game_->ScriptLines.empty()) {
+      CompileScript(*game_);
+      script_ = game_->Compiled;
+    }
   }
 
   // The index counts from 0, the number of the game from first_game.

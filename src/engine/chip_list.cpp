@@ -67,8 +67,9 @@ void LayChipsAnew(Game& game, int slot) {
 void RebuildAllChips(Game& game) {
   if (game.HyperDriveActive) return;
   game.ChipList.clear();
-  for (int bet = 1; bet <= kBetCount; ++bet) LayStack(game, bet);
-  for (int stack = kFirstStack; stack <= kLastStack; ++stack) LayStack(game, stack);
+  const BetSet bets = game.BetAmount.Standing() & kLayoutBets;
+  bets.ForEach([&game](int bet) { LayStack(game, bet); });
+  game.BetAmount.Stacked().ForEach([&game](int stack) { LayStack(game, kFirstStack + stack); });
   ShowBets(game);
 }
 

@@ -59,29 +59,6 @@ void NoteDecision(Game& game, int bet, MoneyAmount amount) {
   decisions.list[static_cast<std::size_t>(decisions.count++)] = {bet, amount, game.PayoffNet};
 }
 
-// Apart from ResolveRoll, so that a roll which decides nothing does not pay for its beginning.
-[[gnu::noinline]] void ResolveBets(Game& game, const BetSet& decided,
-                                   const RollDecisionList& decisions, int total) {
-  // The standing bets among them, by their place in the list. Handling a bet can place others (a
-  // Come bet travels), but none that this roll still has to decide.
-  std::array<std::uint8_t, kBetCount + 1> places;
-  std::size_t count = 0;
-  decided.ForEach([&](int bet) {
-    const std::uint8_t place = decisions.place[static_cast<std::size_t>(bet)];
-    std::size_t i = count++;
-    for (; i > 0 && places[i - 1] > place; --i) places[i] = places[i - 1];
-    places[i] = place;
-  });
-  for (std::size_t i = 0; i < count; ++i) {
-    const Decision& decision = decisions.list[static_cast<std::size_t>(places[i]) - 1];
-    if (decision.mode == kTravels) {
-      MoveComeBet(game, kComeBox, BetOnNumber(kComePoint, total));
-    } else {
-      ResolveBet(game, decision.mode, decision.bet);
-    }
-  }
-}
-
 }  // namespace
 
 void ComputePayoff(Game& game, int is_actual, int bet, int mode, MoneyAmount amount) {
@@ -122,12 +99,25 @@ void ResolveBet(Game& game, int mode, int bet) {
   HandleWonBet(game);
 }
 
-void ResolveRoll(Game& game) {
-  const int total = game.Die1 + game.Die2;
-  const auto pair = static_cast<std::size_t>(PairOfDice(game.Die1, game.Die2));
-  const PointState state = PointStateOf(game.PrevPoint, total);
-  const BetSet decided = game.BetAmount.Standing() & kDecidedBets[state][pair];
-  if (!decided.Empty()) ResolveBets(game, decided, kRollTable[state][pair], total);
+void ResolveBets(Game& game, const BetSet& decided, const RollDecisionList& decisions) {
+  // The standing bets among them, by their place in the list. Handling a bet can place others (a
+  // Come bet travels), but none that this roll still has to decide.
+  std::array<std::uint8_t, kBetCount + 1> places;
+  std::size_t count = 0;
+  decided.ForEach([&](int bet) {
+    const std::uint8_t place = decisions.place[static_cast<std::size_t>(bet)];
+    std::size_t i = count++;
+    for (; i > 0 && places[i - 1] > place; --i) places[i] = places[i - 1];
+    places[i] = place;
+  });
+  for (std::size_t i = 0; i < count; ++i) {
+    const Decision& decision = decisions.list[static_cast<std::size_t>(places[i]) - 1];
+    if (decision.mode == kTravels) {
+      MoveComeBet(game, kComeBox, BetOnNumber(kComePoint, game.DiceTotal));
+    } else {
+      ResolveBet(game, decision.mode, decision.bet);
+    }
+  }
 }
 
 }  // namespace feltmaster

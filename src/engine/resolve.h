@@ -13,7 +13,16 @@ void ComputePayoff(Game& game, int is_actual, int bet, int mode, MoneyAmount amo
 // counted for the whole roll at once, by RecordPhantomDecisions.)
 void ResolveBet(Game& game, int mode, int bet);
 
-// The bets a roll decides.
-void ResolveRoll(Game& game);
+// Settles standing bets that a roll decides.
+void ResolveBets(Game& game, const BetSet& decided, const RollDecisionList& decisions);
+
+// The bets that the dice on the table, which make `pair`, decide. Most rolls decide none that
+// stands.
+inline void ResolveRoll(Game& game, int pair) {
+  const PointState state = PointStateOf(game.PrevPoint, game.DiceTotal);
+  const auto dice = static_cast<std::size_t>(pair);
+  const BetSet decided = game.BetAmount.Standing() & kDecidedBets[state][dice];
+  if (!decided.Empty()) ResolveBets(game, decided, kRollTable[state][dice]);
+}
 
 }  // namespace feltmaster

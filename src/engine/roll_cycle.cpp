@@ -84,19 +84,17 @@ void CallDice(Game& game) {
   if (game.Die1 == game.Die2 && game.Die1 != 1 && game.Die1 != 6) StickCall(game, kClipPair);
 }
 
-// The line is decided: a point made, a natural, or a seven-out.
+// A seven-out or a natural, a point made, or a new point.
 void DecideLine(Game& game) {
-  if (game.DiceTotal == game.PrevPoint) {
+  const bool come_out = game.PrevPoint == 0;
+  if (game.DiceTotal == 7 && !come_out) {
+    HandMissed(game);
+    StickCall(game, kClipSevenOut);
+  } else if (game.DiceTotal == 7 || game.DiceTotal == game.PrevPoint) {
     HandPassed(game);
     StickCall(game, kClipPointMade);
-  } else if (game.DiceTotal == 7) {
-    if (game.PrevPoint == 0) {
-      HandPassed(game);
-      StickCall(game, kClipPointMade);
-    } else {
-      HandMissed(game);
-      StickCall(game, kClipSevenOut);
-    }
+  } else if (come_out) {
+    PointEstablished(game);
   }
 }
 
@@ -188,10 +186,11 @@ void PlayRoll(Game& game) {
   game.DiceTotal = game.Die1 + game.Die2;
   if (shown) CallDice(game);
 
-  RecordRollStatistics(game);
+  const int pair = PairOfDice(game.Die1, game.Die2);
+  RecordRollStatistics(game, pair);
   DecideLine(game);
-  RecordPhantomDecisions(game);
-  ResolveRoll(game);
+  RecordPhantomDecisions(game, pair);
+  ResolveRoll(game, pair);
   CheckAutoStop(game);
   if (game.Point != game.PrevPoint) PointMoved(game);
   if (shown && game.RefreshBetAmounts) {

@@ -62,6 +62,7 @@ class EventFile {
   static constexpr std::size_t RowOf(int category) {
     return static_cast<std::size_t>(category) * kRowCells;
   }
+  static constexpr std::size_t GapsBegin(int category) { return RowOf(category) + 1; }
 
   EventFile() = default;
   EventFile(const EventFile&) = default;
@@ -75,7 +76,7 @@ class EventFile {
     return static_cast<std::uint32_t>(cells_[RowOf(category)]);
   }
   std::span<const std::int32_t, kGaps> Gaps(int category) const {
-    return std::span<const std::int32_t, kGaps>(&cells_[RowOf(category) + 1], kGaps);
+    return std::span<const std::int32_t, kGaps>(&cells_[GapsBegin(category)], kGaps);
   }
   // The rows, to write.
   std::int32_t* Cells() {

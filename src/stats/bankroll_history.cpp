@@ -25,16 +25,8 @@ static_assert(kScales.back() == MoneyAmount(100'000));
 
 constexpr std::int64_t kTopStep = 50;  // points between two lines of the graph's scale
 
-MoneyAmount& HistoryCell(Game& game, int position) {
-  return game.BankrollHistory[static_cast<std::size_t>(position)];
-}
 MoneyAmount HistoryCell(const Game& game, int position) {
   return game.BankrollHistory[static_cast<std::size_t>(position)];
-}
-
-void Widen(MoneyAmount& high, MoneyAmount& low, MoneyAmount value) {
-  high = std::max(high, value);
-  low = std::min(low, value);
 }
 
 // The place of the roll so many before a position: down the page, then down the page before it from
@@ -111,22 +103,6 @@ void AverageOverPage(Game& game, Pages pages, int first, int last, std::int32_t 
     }
     average(position) = AverageOf(window.sum, window.added);
   }
-}
-
-// The page is full. Its averages wait until somebody reads them: most pages are never looked at,
-// and the next one writes over all of them.
-void TurnPage(Game& game) {
-  if (game.AveragesSettled == 0 && game.BankrollHistoryCount == kGraphRolls) {
-    game.PageBeforeUnsettled = game.GraphShowAverage;
-    game.PageBeforeRolls = game.HistoryRolls;
-    game.PageBeforeSum = game.BankrollSum;
-  } else {
-    SettleAverages(game);
-  }
-  game.BankrollHistoryCount = 0;
-  game.AveragesSettled = 0;
-  std::copy_backward(game.BankrollHistory.begin() + 1, game.BankrollHistory.begin() + kHistorySize,
-                     game.BankrollHistory.end());
 }
 
 // The line of the scale above a value, three lines up.
@@ -249,21 +225,26 @@ void RestartGraph(Game& game) {
   game.BankrollHigh = game.BankrollLow = game.GraphHigh = game.GraphLow = bankroll;
 }
 
-void TrackBankroll(Game& game) {
-  const MoneyAmount bankroll = game.BetAmount[kBankroll];
-  // Also true of a negative count, which no game makes but a file may hold.
-  const bool page_full = static_cast<std::uint32_t>(game.BankrollHistoryCount) >= kGraphRolls;
-  if (page_full) TurnPage(game);
-  game.BankrollSum += bankroll;
-  game.HistoryRolls = RollsMade(game);
-  Widen(game.BankrollHigh, game.BankrollLow, bankroll);
-  Widen(game.GraphHigh, game.GraphLow, bankroll);
-  if (page_full) {
-    HistoryCell(game, 0) = MoneyAmount::FromWhole(game.HistoryRolls);
-    game.GraphHigh = game.GraphLow = bankroll;
-    DrawGraph(game, true);
+// The averages of the page wait until somebody reads them: most pages are never looked at,
+// and the next one writes over all of them.
+void TurnPage(Game& game) {
+  if (game.AveragesSettled == 0 && game.BankrollHistoryCount == kGraphRolls) {
+    game.PageBeforeUnsettled = game.GraphShowAverage;
+    game.PageBeforeRolls = game.HistoryRolls;
+    game.PageBeforeSum = game.BankrollSum;
+  } else {
+    SettleAverages(game);
   }
-  HistoryCell(game, ++game.BankrollHistoryCount) = bankroll;
+  game.BankrollHistoryCount = 0;
+  game.AveragesSettled = 0;
+  std::copy_backward(game.BankrollHistory.begin() + 1, game.BankrollHistory.begin() + kHistorySize,
+                     game.BankrollHistory.end());
+}
+
+void BeginGraph(Game& game) {
+  HistoryCell(game, 0) = MoneyAmount::FromWhole(game.HistoryRolls);
+  game.GraphHigh = game.GraphLow = game.BetAmount[kBankroll];
+  DrawGraph(game, true);
 }
 
 }  // namespace feltmaster

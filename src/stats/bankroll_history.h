@@ -1,11 +1,41 @@
 #pragma once
 
+#include <algorithm>
+#include <cstdint>
+
 #include "game/game.h"
+#include "stats/roll_statistics.h"
 
 namespace feltmaster {
 
+inline MoneyAmount& HistoryCell(Game& game, int position) {
+  return game.BankrollHistory[static_cast<std::size_t>(position)];
+}
+inline void Widen(MoneyAmount& high, MoneyAmount& low, MoneyAmount value) {
+  high = std::max(high, value);
+  low = std::min(low, value);
+}
+
+// The page of the history is full: the next one, and its graph, which begins at the roll on the
+// table.
+void TurnPage(Game& game);
+void BeginGraph(Game& game);
+
 // Once a roll, after the bets are resolved: the sum, the extremes, the history and its page.
-void TrackBankroll(Game& game);
+inline void TrackBankroll(Game& game) {
+  const MoneyAmount bankroll = game.BetAmount[kBankroll];
+  // Also true of a negative count, which no game makes but a file may hold.
+  const bool page_full = static_cast<std::uint32_t>(game.BankrollHistoryCount) >= kGraphRolls;
+  if (page_full) [[unlikely]]
+    TurnPage(game);
+  game.BankrollSum += bankroll;
+  game.HistoryRolls = RollsMade(game);
+  Widen(game.BankrollHigh, game.BankrollLow, bankroll);
+  Widen(game.GraphHigh, game.GraphLow, bankroll);
+  if (page_full) [[unlikely]]
+    BeginGraph(game);
+  HistoryCell(game, ++game.BankrollHistoryCount) = bankroll;
+}
 
 // The average of the bankroll over the last `count` rolls (0 all rolls, at most 525) up to a
 // position of the page.

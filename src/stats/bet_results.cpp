@@ -32,7 +32,7 @@ void MarkLastRoll(Rows& rows, MoneyAmount amount) {
   rows[kResultLastRollAmount] = amount;
 }
 
-void ForgetLastRoll(ResultTables& results, ResultSeries series) {
+void ForgetLastRollOf(ResultTables& results, ResultSeries series) {
   results.Earlier[series] = results.Written(series);
   results.LastRoll[series].ForEach([&](int bet) {
     for (ResultTable* table : {&results.BetWagers, &results.BetWins, &results.BetLosses}) {
@@ -44,13 +44,6 @@ void ForgetLastRoll(ResultTables& results, ResultSeries series) {
   results.LastRoll[series].Clear();
 }
 
-// The ledger keeps the Come bets on their numbers and their odds as bits.
-constexpr int kComeBets = 2 * kSlotCount;
-static_assert(kComeOdds == kComePoint + kSlotCount);
-constexpr std::uint32_t kAllComeBets = (1u << kComeBets) - 1u;
-constexpr std::uint32_t ComeBit(int bet) {
-  return 1u << (bet - kComePoint);
-}
 constexpr std::array<std::uint32_t, kComeBets> kComeBits = [] {
   std::array<std::uint32_t, kComeBets> bits{};
   for (int bet = 0; bet < kComeBets; ++bet) {
@@ -60,58 +53,6 @@ constexpr std::array<std::uint32_t, kComeBets> kComeBits = [] {
 }();
 bool HasComeFlag(int bet) {
   return bet >= kComePoint && bet < kComePoint + kComeBets;
-}
-// The Come bets that a total decides: the two on it, or all on a 7.
-constexpr std::array<std::uint32_t, 13> kComeBetsOfTotal = [] {
-  std::array<std::uint32_t, 13> bets{};
-  for (int slot = 0; slot < kSlotCount; ++slot) {
-    bets[static_cast<std::size_t>(NumberOfSlot(slot))] =
-        ComeBit(kComePoint + slot) | ComeBit(kComeOdds + slot);
-  }
-  bets[7] = kAllComeBets;
-  return bets;
-}();
-
-void Count(DecisionTally& tally, std::uint32_t serial) {
-  ++tally.count;
-  tally.last = serial;
-}
-
-// The set of bets that worked in this roll, by its number in the ledger. A set it has no room for
-// settles what was counted.
-std::size_t WorkingSetOfRoll(Game& game) {
-  WorkingSetTallies& rolls = game.Ledger.rolls;
-  const BetSet& working = game.BetState.Working();
-  std::size_t& set = game.Ledger.last_set[game.PrevPoint != 0];
-  if (set < rolls.count && rolls.sets[set] == working) [[likely]]
-    return set;
-  for (set = 0; set < rolls.count; ++set) {
-    if (rolls.sets[set] == working) return set;
-  }
-  if (rolls.count == WorkingSetTallies::kMost) SettlePhantoms(game);
-  set = rolls.count++;
-  rolls.sets[set] = working;
-  return set;
-}
-
-// Without a branch on which of them stand, which nobody could guess.
-void CountComeBets(Game& game, int total) {
-  PhantomLedger& ledger = game.Ledger;
-  const std::uint32_t serial = game.RollSerial;
-  const std::uint32_t standing = game.AllowPutBets ? kAllComeBets : ledger.come_on;
-  const std::uint32_t decided = standing & game.BetState.Working().Slice(kComePoint, kComeBets);
-  if (total != 7) {
-    const auto slot = static_cast<std::size_t>(SlotOfNumber(total));
-    const std::uint32_t flat = decided >> slot & 1u;
-    const std::uint32_t odds = decided >> (slot + kSlotCount) & 1u;
-    Count(ledger.come_won[slot][flat + 2 * odds], serial);
-    return;
-  }
-  for (std::size_t bet = 0; bet < kComeBets; ++bet) {
-    const std::uint32_t lost = (decided & kComeBits[bet]) != 0 ? ~0u : 0u;
-    ledger.come_lost[bet] -= lost;
-    ledger.come_lost_last[bet] = (ledger.come_lost_last[bet] & ~lost) | (serial & lost);
-  }
 }
 
 // The bets that rolls are counted for: the line, which depends on the point, and all others but the
@@ -238,25 +179,30 @@ bool IsComeFlagCell(ResultKind kind, int series, int bet, int row) {
 
 }  // namespace
 
-void BeginRollResults(Game& game) {
-  ++game.RollSerial;
-  for (const ResultSeries series : {kActual, kPhantom}) {
-    if (!game.LastRoll[series].Empty()) ForgetLastRoll(game, series);
-  }
-
-  // The bets that the last roll decided are gone; with a point on, others have come to its number.
-  const std::uint32_t decided = kComeBetsOfTotal[static_cast<std::size_t>(game.DiceTotal)];
-  const auto travelled = static_cast<std::uint32_t>((game.DiceTotal != 7) & (game.PrevPoint > 0));
-  std::uint32_t& come_on = game.Ledger.come_on;
-  come_on = (come_on & ~decided) | (decided * travelled);
+void ForgetLastRoll(Game& game) {
+  ForgetLastRollOf(game, kActual);
+  ForgetLastRollOf(game, kPhantom);
 }
 
-void RecordPhantomDecisions(Game& game) {
-  const std::size_t set = WorkingSetOfRoll(game);
-  const auto point = static_cast<std::size_t>(game.PrevPoint);
-  const auto pair = static_cast<std::size_t>(PairOfDice(game.Die1, game.Die2));
-  Count(game.Ledger.rolls.tallies[set][point][pair], game.RollSerial);
-  CountComeBets(game, game.Die1 + game.Die2);
+std::size_t NumberOfWorkingSet(Game& game, const BetSet& working) {
+  WorkingSetTallies& rolls = game.Ledger.rolls;
+  for (std::size_t set = 0; set < rolls.count; ++set) {
+    if (rolls.sets[set] == working) return set;
+  }
+  if (rolls.count == WorkingSetTallies::kMost) SettlePhantoms(game);
+  rolls.sets[rolls.count] = working;
+  return rolls.count++;
+}
+
+void CountComeBetsLost(Game& game, std::uint32_t bets) {
+  PhantomLedger& ledger = game.Ledger;
+  const std::uint32_t serial = game.RollSerial;
+  // All twenty at once, without a branch, so that the compiler can do several in a vector.
+  for (std::size_t bet = 0; bet < kComeBets; ++bet) {
+    const std::uint32_t lost = (bets & kComeBits[bet]) != 0 ? ~0u : 0u;
+    ledger.come_lost[bet] -= lost;
+    ledger.come_lost_last[bet] = (ledger.come_lost_last[bet] & ~lost) | (serial & lost);
+  }
 }
 
 void SettlePhantoms(Game& game) {

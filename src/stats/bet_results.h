@@ -1,16 +1,19 @@
 #pragma once
 
 #include "game/game.h"
+#include "stats/phantom_ledger.h"
 
 namespace feltmaster {
 
-// At the start of a roll: the rows of the last decision go to 0, the phantom Come flags follow the
-// roll before (DiceTotal and PrevPoint still stand as it left them).
-void BeginRollResults(Game& game);
+// The rows of the last decision go to 0.
+void ForgetLastRoll(Game& game);
 
-// The phantom dollar on every position that the dice on the table decide. Call it once a roll,
-// before the bets of the player are resolved.
-void RecordPhantomDecisions(Game& game);
+// At the start of a roll; DiceTotal and PrevPoint still stand as the roll before left them.
+inline void BeginRollResults(Game& game) {
+  ++game.RollSerial;
+  if (!(game.LastRoll[kActual] | game.LastRoll[kPhantom]).Empty()) ForgetLastRoll(game);
+  MoveComeFlags(game);
+}
 
 // One decision of a real bet: the wager and its signed net result. A push changes nothing.
 void RecordBetResult(Game& game, int bet, MoneyAmount amount, MoneyAmount result);

@@ -11,30 +11,24 @@ namespace {
 
 constexpr std::size_t kGapLimit = kGaps - 1;  // gaps of so many rolls and more share a cell
 
-// A game ends long before a counter is full, but a file may bring a full one: it then wraps.
-void Grow(std::int32_t& counter, std::int32_t by = 1) {
-  counter = static_cast<std::int32_t>(static_cast<std::uint32_t>(counter) +
-                                      static_cast<std::uint32_t>(by));
-}
-
-// The rows of the events of each pair of dice, in the order of kPairEvents.
+// Where the gaps of the events of each pair of dice begin, in the order of kPairEvents.
 using EventRows = std::array<std::uint16_t, kMostEvents>;
 constexpr std::array<EventRows, kDicePairs> kEventRows = [] {
-  static_assert(EventFile::RowOf(kNoEvent) <= 0xFFFF);
+  static_assert(EventFile::GapsBegin(kNoEvent) <= 0xFFFF);
   std::array<EventRows, kDicePairs> rows{};
   for (std::size_t pair = 0; pair < kDicePairs; ++pair) {
     for (std::size_t i = 0; i < kMostEvents; ++i) {
-      rows[pair][i] = static_cast<std::uint16_t>(EventFile::RowOf(kPairEvents[pair].event[i]));
+      rows[pair][i] = static_cast<std::uint16_t>(EventFile::GapsBegin(kPairEvents[pair].event[i]));
     }
   }
   return rows;
 }();
 
-// One event of a roll.
-void FileEvent(std::int32_t* row, std::uint32_t clock) {
-  const std::uint64_t gap = clock - static_cast<std::uint32_t>(*row);
-  *row = static_cast<std::int32_t>(clock);
-  std::int32_t* const gaps = row + 1;
+// One event of a roll. The mark of its last hit stands before its gaps.
+void FileEvent(std::int32_t* gaps, std::uint32_t clock) {
+  std::int32_t& mark = *(gaps - 1);
+  const std::uint32_t gap = clock - static_cast<std::uint32_t>(mark);
+  mark = static_cast<std::int32_t>(clock);
   if (gap <= kGapLimit) [[likely]] {
     Grow(gaps[gap]);
   } else {
@@ -43,29 +37,8 @@ void FileEvent(std::int32_t* row, std::uint32_t clock) {
   }
 }
 
-void FileNotes(RollStatistics& statistics) {
-  const std::uint32_t last = std::exchange(statistics.Unfiled.count, 0) - 1;
-  std::int32_t* const cells = statistics.Filed.Cells();
-  std::uint32_t clock = statistics.RollClock - last;
-  for (std::uint32_t roll = 0; roll < last; ++roll, ++clock) {
-#pragma GCC unroll 11
-    for (const std::uint16_t row : kEventRows[statistics.Unfiled.pairs[roll]]) {
-      FileEvent(cells + row, clock);
-    }
-  }
-  const EventRows& rows = kEventRows[statistics.Unfiled.pairs[last]];
-  for (std::size_t i = 0; i < kMostEvents; ++i) {
-    statistics.HitsBefore[i] = static_cast<std::uint32_t>(cells[rows[i]]);
-    FileEvent(cells + rows[i], clock);
-  }
-}
-
 void FileRolls(RollStatistics& statistics) {
   if (statistics.Unfiled.count != 0) FileNotes(statistics);
-}
-
-std::int32_t& Counter(Game& game, GameCounter counter) {
-  return game.GameCounters[static_cast<std::size_t>(counter)];
 }
 
 void KeepLarger(std::int32_t& record, std::int32_t value) {
@@ -190,22 +163,21 @@ ScriptEvent& HoldScriptCounters(Game& game, int category) {
 
 }  // namespace
 
-void RecordRollStatistics(Game& game) {
-  if (game.DiceTotal != 7 && game.Point == 0) {
-    game.Point = game.DiceTotal;
-    Grow(Counter(game, kPointsEstablished));
-  } else if (game.DiceTotal == 7 || game.DiceTotal == game.Point) {
-    game.Point = 0;
+void FileNotes(RollStatistics& statistics) {
+  const std::uint32_t last = std::exchange(statistics.Unfiled.count, 0) - 1;
+  std::int32_t* const cells = statistics.Filed.Cells();
+  std::uint32_t clock = statistics.RollClock - last;
+  for (std::uint32_t roll = 0; roll < last; ++roll, ++clock) {
+#pragma GCC unroll 11
+    for (const std::uint16_t row : kEventRows[statistics.Unfiled.pairs[roll]]) {
+      FileEvent(cells + row, clock);
+    }
   }
-  Grow(game.EventCounts[0]);
-  Grow(Counter(game, kRollsThisHand));
-  if (game.PrevPoint == 0) Grow(Counter(game, kComeOutRolls));
-  if (game.Unfiled.count == RollNotes::kRoom) FileNotes(game);
-  const int pair = PairOfDice(game.Die1, game.Die2);
-  game.Unfiled.pairs[game.Unfiled.count++] = static_cast<std::uint8_t>(pair);
-  ++game.RollClock;
-  Grow(game.PairRolls[static_cast<std::size_t>(pair)]);
-  game.LastCountedRoll = pair;
+  const EventRows& rows = kEventRows[statistics.Unfiled.pairs[last]];
+  for (std::size_t i = 0; i < kMostEvents; ++i) {
+    statistics.HitsBefore[i] = static_cast<std::uint32_t>(cells[rows[i] - 1]);
+    FileEvent(cells + rows[i], clock);
+  }
 }
 
 void ResetRollStatistics(Game& game) {
@@ -213,24 +185,26 @@ void ResetRollStatistics(Game& game) {
 }
 
 void HandPassed(Game& game) {
-  Grow(Counter(game, kPassesThisHand));
-  Grow(Counter(game, kTotalPasses));
-  Grow(Counter(game, game.PrevPoint > 0 ? kPassesOnPoint : kPassesOnComeOut));
+  game.Point = 0;
+  Grow(CounterOf(game, kPassesThisHand));
+  Grow(CounterOf(game, kTotalPasses));
+  Grow(CounterOf(game, game.PrevPoint > 0 ? kPassesOnPoint : kPassesOnComeOut));
 }
 
 void HandMissed(Game& game) {
-  Grow(Counter(game, kMissesThisHand));
-  Grow(Counter(game, kTotalMisses));
-  Grow(Counter(game, kSevenOuts));
-  Grow(Counter(game, kHandsCompleted));
-  KeepLarger(Counter(game, kLongestHandRolls), Counter(game, kRollsThisHand));
-  KeepLarger(Counter(game, kMostPassesInHand), Counter(game, kPassesThisHand));
-  Grow(Counter(game, kTotalHandRolls), Counter(game, kRollsThisHand));
-  Grow(Counter(game, kTotalHandPasses), Counter(game, kPassesThisHand));
-  KeepLarger(Counter(game, kMostMissesInHand), Counter(game, kMissesThisHand));
-  Counter(game, kLastHandRolls) = std::exchange(Counter(game, kRollsThisHand), 0);
-  Counter(game, kLastHandPasses) = std::exchange(Counter(game, kPassesThisHand), 0);
-  Counter(game, kLastHandMisses) = std::exchange(Counter(game, kMissesThisHand), 0);
+  game.Point = 0;
+  Grow(CounterOf(game, kMissesThisHand));
+  Grow(CounterOf(game, kTotalMisses));
+  Grow(CounterOf(game, kSevenOuts));
+  Grow(CounterOf(game, kHandsCompleted));
+  KeepLarger(CounterOf(game, kLongestHandRolls), CounterOf(game, kRollsThisHand));
+  KeepLarger(CounterOf(game, kMostPassesInHand), CounterOf(game, kPassesThisHand));
+  Grow(CounterOf(game, kTotalHandRolls), CounterOf(game, kRollsThisHand));
+  Grow(CounterOf(game, kTotalHandPasses), CounterOf(game, kPassesThisHand));
+  KeepLarger(CounterOf(game, kMostMissesInHand), CounterOf(game, kMissesThisHand));
+  CounterOf(game, kLastHandRolls) = std::exchange(CounterOf(game, kRollsThisHand), 0);
+  CounterOf(game, kLastHandPasses) = std::exchange(CounterOf(game, kPassesThisHand), 0);
+  CounterOf(game, kLastHandMisses) = std::exchange(CounterOf(game, kMissesThisHand), 0);
 }
 
 void ResetScriptCounters(Game& game, int category) {
@@ -326,7 +300,7 @@ std::span<const std::int32_t, kGaps> GapsOf(Game& game, int category) {
 }
 std::int32_t& GapCell(Game& game, int category, int gap) {
   FileRolls(game);
-  return game.Filed.Cells()[EventFile::RowOf(category) + 1 + static_cast<std::size_t>(gap)];
+  return game.Filed.Cells()[EventFile::GapsBegin(category) + static_cast<std::size_t>(gap)];
 }
 
 float ProbablePercent(const Game& game, int category, bool skewed) {

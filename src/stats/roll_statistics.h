@@ -4,11 +4,34 @@
 #include <span>
 
 #include "game/game.h"
+#include "stats/roll_events.h"
 
 namespace feltmaster {
 
-// Counts the roll on the table: the point's own counter, the events of the dice, the gaps.
-void RecordRollStatistics(Game& game);
+// A game ends long before a counter is full, but a file may bring a full one: it then wraps.
+inline void Grow(std::int32_t& counter, std::int32_t by = 1) {
+  counter = static_cast<std::int32_t>(static_cast<std::uint32_t>(counter) +
+                                      static_cast<std::uint32_t>(by));
+}
+inline std::int32_t& CounterOf(Game& game, GameCounter counter) {
+  return game.GameCounters[static_cast<std::size_t>(counter)];
+}
+
+// Files the events of the rolls noted so far, of which there must be one at least.
+void FileNotes(RollStatistics& statistics);
+
+// Counts the roll on the table, whose dice make `pair`, and notes them.
+inline void RecordRollStatistics(Game& game, int pair) {
+  Grow(game.EventCounts[0]);
+  Grow(CounterOf(game, kRollsThisHand));
+  if (game.PrevPoint == 0) Grow(CounterOf(game, kComeOutRolls));
+  if (game.Unfiled.count == RollNotes::kRoom) [[unlikely]]
+    FileNotes(game);
+  game.Unfiled.pairs[game.Unfiled.count++] = static_cast<std::uint8_t>(pair);
+  ++game.RollClock;
+  Grow(game.PairRolls[static_cast<std::size_t>(pair)]);
+  game.LastCountedRoll = pair;
+}
 // At the start of a roll: the script's counters are seen as they stand.
 inline void BeginRollStatistics(Game& game) {
   game.RollClockAtStart = game.RollClock;
@@ -20,8 +43,13 @@ inline void FinishRollStatistics(Game& game) {
 }
 void ResetRollStatistics(Game& game);
 
+// The line is decided, or the point is set. The roll has been counted.
 void HandPassed(Game& game);
 void HandMissed(Game& game);
+inline void PointEstablished(Game& game) {
+  game.Point = game.DiceTotal;
+  Grow(CounterOf(game, kPointsEstablished));
+}
 
 // What an Auto-Bet script resets for one event.
 void ResetScriptCounters(Game& game, int category);

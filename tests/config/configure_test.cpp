@@ -466,7 +466,7 @@ TEST(Configure, SettlesPhantomsBeforeAPayoffChanges) {
   game.Die2 = 2;
   game.DiceTotal = 3;
   BeginRollResults(game);
-  RecordPhantomDecisions(game);
+  RecordPhantomDecisions(game, PairOfDice(1, 2));
   const MoneyAmount won = 15_usd;
   EXPECT_EQ(Configure(game, "PayTable(62,1)", "7"), "");
   EXPECT_EQ(ResultCell(game, ResultKind::kWins, kPhantom, kThree, kResultTotal), won);

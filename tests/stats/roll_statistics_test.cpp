@@ -11,7 +11,7 @@ void Count(Game& game, int die1, int die2) {
   game.Die1 = die1;
   game.Die2 = die2;
   game.DiceTotal = die1 + die2;
-  RecordRollStatistics(game);
+  RecordRollStatistics(game, PairOfDice(die1, die2));
 }
 
 TEST(RollEvents, ProbablePercentFollowsTheWays) {
