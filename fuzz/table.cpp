@@ -6,7 +6,8 @@
 #include <cstdlib>
 #include <exception>
 #include <fstream>
-#include <iterator>
+#include <sstream>
+#include <utility>
 
 #include "engine/place_bet.h"
 #include "engine/roll_cycle.h"
@@ -64,8 +65,9 @@ std::string FileWith(std::string_view name, std::string_view bytes) {
 }
 
 std::string BytesOf(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  std::ostringstream bytes;
+  bytes << std::ifstream(path, std::ios::binary).rdbuf();
+  return std::move(bytes).str();
 }
 
 void ImpatientSurface::LetEventsThrough() {

@@ -321,14 +321,25 @@ void DesktopSurface::RefreshScreensNow() {
 }
 
 // A report for which nobody is asked goes to the printer that the person has chosen for everything,
-// or without one into a file.
+// or without one into a file, which is told unless it would hold up the dice.
 std::optional<FileError> DesktopSurface::Print(const Document& document) {
   if (!document.unattended) return ShowPrintPreview(ReadyForDialog(), game_, document);
   if (ThereIsAPrinter()) {
     QPrinter printer(QPrinter::HighResolution);
     return SendTo(printer, document);
   }
-  return WritePdf(document, FreeReportName(game_.AppPath));
+  const std::string path = FreeReportName(game_.AppPath);
+  std::optional<FileError> error = WritePdf(document, path);
+  if (!error && !game_.RollInProgress) {
+    ShowNotice({}, {});
+    const std::string text = "There is no printer. The page is in the file\n\n" + path;
+    MessageRequest message;
+    message.title = "Printed To A File";
+    message.text = text;
+    message.options = kButtonOk;
+    ShowMessage(message);
+  }
+  return error;
 }
 
 void DesktopSurface::SetClipboard(std::string_view text) {

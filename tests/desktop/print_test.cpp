@@ -154,10 +154,15 @@ TEST_F(PrintTest, AGraphPageGoesItsWayWithoutAPreview) {
   if (ThereIsAPrinter()) GTEST_SKIP() << "it would be printed";
   Fill();
   ScreenWindow& bankroll = Open(WindowCommand::kBankrollGraph);
+  Expect([&](QWidget& message) {
+    EXPECT_TRUE(Find<QLabel>(message, "lblMsg")->text().endsWith("report-1.pdf"));
+    message.close();
+  });
   for (int graph = 0; graph < game_->GraphsPerPage; ++graph) {
     EXPECT_EQ(game_->GraphsOnPage, graph);
     Trigger(bankroll, "mnuPrintNow");
   }
+  NothingExpected();
   EXPECT_EQ(game_->GraphsOnPage, 0);
   EXPECT_EQ(PagesIn((folder_ / "report-1.pdf").string()), 1);
 }

@@ -3,7 +3,8 @@
 #include <unistd.h>
 
 #include <fstream>
-#include <iterator>
+#include <sstream>
+#include <utility>
 
 namespace feltmaster {
 
@@ -33,8 +34,9 @@ std::string InScratchFolder::Write(std::string_view name, std::string_view bytes
 }
 
 std::string InScratchFolder::Bytes(std::string_view name) const {
-  std::ifstream file(Path(name), std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
+  std::ostringstream bytes;
+  bytes << std::ifstream(Path(name), std::ios::binary).rdbuf();
+  return std::move(bytes).str();
 }
 
 }  // namespace feltmaster
