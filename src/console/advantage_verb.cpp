@@ -143,23 +143,22 @@ as a decision.
 
 }  // namespace
 
-void AddAdvantageVerb(CLI::App& app, int& exit_code) {
-  CLI::App* verb =
-      app.add_subcommand("advantage", "Tells what each bet is worth under the rules of the house");
-  verb->footer(kExamples);
+void AddAdvantageVerb(Verb program) {
+  const Verb verb =
+      program.Sub("advantage", "Tells what each bet is worth under the rules of the house");
+  verb.Footer(kExamples);
   const auto options = std::make_shared<AdvantageOptions>();
-  verb->add_option("--set", options->settings,
-                   "A house rule or setting, such as BuyVigPct=4; may be repeated")
-      ->type_name("NAME=VALUE")
-      ->allow_extra_args(false);
-  verb->add_flag("--best-first", options->best_first, "The bets that cost least come first");
-  verb->add_flag("--json", options->json, "Prints the figures as JSON, as fractions of the bet");
-  verb->add_option("--chart", options->chart, "Draws the expected values; - is standard output")
-      ->type_name("FILE.svg");
-  verb->callback([options, &exit_code] {
+  verb.Add("--set", options->settings,
+           "A house rule or setting, such as BuyVigPct=4; may be repeated")
+      .Takes("NAME=VALUE");
+  verb.Flag("--best-first", options->best_first, "The bets that cost least come first");
+  verb.Flag("--json", options->json, "Prints the figures as JSON, as fractions of the bet");
+  verb.Add("--chart", options->chart, "Draws the expected values; - is standard output")
+      .Takes("FILE.svg");
+  verb.Runs([options] {
     const std::string fault = RunAdvantage(*options);
-    exit_code = fault.empty() ? kDone : kNotStarted;
     if (!fault.empty()) std::cerr << "feltmaster advantage: " << fault << '\n';
+    return fault.empty() ? kDone : kNotStarted;
   });
 }
 

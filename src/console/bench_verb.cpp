@@ -100,15 +100,13 @@ Examples:
 
 }  // namespace
 
-void AddBenchVerb(CLI::App& app, int& exit_code) {
-  CLI::App* verb = app.add_subcommand("bench", "Measures rolls per second in fixed cases");
-  verb->footer(kNotes);
+void AddBenchVerb(Verb program) {
+  const Verb verb = program.Sub("bench", "Measures rolls per second in fixed cases");
+  verb.Footer(kNotes);
   const auto options = std::make_shared<BenchOptions>();
-  verb->add_option("--case", options->cases, "Only this case; may be repeated")
-      ->type_name("NAME")
-      ->allow_extra_args(false);
-  verb->add_flag("--json", options->json, "Prints the results as JSON");
-  verb->callback([options, &exit_code] { exit_code = RunBench(*options); });
+  verb.Add("--case", options->cases, "Only this case; may be repeated").Takes("NAME");
+  verb.Flag("--json", options->json, "Prints the results as JSON");
+  verb.Runs([options] { return RunBench(*options); });
 }
 
 }  // namespace feltmaster

@@ -190,28 +190,25 @@ int RunConsole(const ConsoleOptions& options) {
 
 }  // namespace
 
-void AddConsoleVerb(CLI::App& app, int& exit_code) {
-  CLI::App* verb = app.add_subcommand("console", "Play the table in a terminal");
+void AddConsoleVerb(Verb program) {
+  const Verb verb = program.Sub("console", "Play the table in a terminal");
   const auto options = std::make_shared<ConsoleOptions>();
-  verb->add_flag("--json", options->Json, "Answer each command with one line of JSON");
-  verb->add_option(
-          "--data-dir", options->DataDir,
-          "The folder of games, scripts and sounds; without it a fresh one, removed at exit")
-      ->type_name("DIR");
-  verb->add_option("--seed", options->Seed, "Seed every generator with N, to repeat a run")
-      ->type_name("N")
-      ->check(CLI::Range(1, std::numeric_limits<std::int32_t>::max()));
-  verb->add_option("--rng", options->Rng, "Select a generator, 1 to 8")
-      ->type_name("N")
-      ->check(CLI::Range(1, kRngCount));
-  verb->add_option("FILE", options->GameFile, "A game file to open, .crp")->type_name("");
-  verb->footer(
+  verb.Flag("--json", options->Json, "Answer each command with one line of JSON");
+  verb.Add("--data-dir", options->DataDir,
+           "The folder of games, scripts and sounds; without it a fresh one, removed at exit")
+      .Takes("DIR");
+  verb.Add("--seed", options->Seed, "Seed every generator with N, to repeat a run")
+      .Takes("N")
+      .InRange(1, std::numeric_limits<std::int32_t>::max());
+  verb.Add("--rng", options->Rng, "Select a generator, 1 to 8").Takes("N").InRange(1, kRngCount);
+  verb.Add("FILE", options->GameFile, "A game file to open, .crp").Takes("");
+  verb.Footer(
       "Commands come from the standard input, one a line; help lists them.\n\n"
       "Examples:\n"
       "  feltmaster console\n"
       "  printf 'bet \"Pass Line\" 5\\nroll\\n' | feltmaster console --json --seed 7\n"
       "  feltmaster console --rng 2 < evening.txt");
-  verb->callback([options, &exit_code] { exit_code = RunConsole(*options); });
+  verb.Runs([options] { return RunConsole(*options); });
 }
 
 }  // namespace feltmaster

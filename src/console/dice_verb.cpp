@@ -309,31 +309,29 @@ Examples:
 
 }  // namespace
 
-void AddDiceVerb(CLI::App& app, int& exit_code) {
-  CLI::App* verb = app.add_subcommand("dice", "Shows and makes Probability Files: unfair dice");
-  verb->require_subcommand(1);
+void AddDiceVerb(Verb program) {
+  const Verb verb = program.Sub("dice", "Shows and makes Probability Files: unfair dice");
+  verb.RequireSub();
   const auto options = std::make_shared<DiceOptions>();
   const auto add = [&](const char* name, const char* help, const char* examples,
                        int (*run)(const DiceOptions&)) {
-    CLI::App* part = verb->add_subcommand(name, help);
-    part->footer(examples);
-    part->add_option("--as", options->display, "How the chances are shown and typed")
-        ->check(CLI::IsMember(std::vector<std::string>(kDisplayNames.begin(), kDisplayNames.end())))
-        ->type_name("");
-    part->add_option("--out-of", options->out_of, "How many rolls; 36 unless told")->type_name("N");
-    part->add_flag("--json", options->json, "Prints every cell as JSON");
-    part->callback([options, run, &exit_code] { exit_code = run(*options); });
+    const Verb part = verb.Sub(name, help);
+    part.Footer(examples);
+    part.Add("--as", options->display, "How the chances are shown and typed")
+        .OneOf({kDisplayNames.begin(), kDisplayNames.end()})
+        .Takes("");
+    part.Add("--out-of", options->out_of, "How many rolls; 36 unless told").Takes("N");
+    part.Flag("--json", options->json, "Prints every cell as JSON");
+    part.Runs([options, run] { return run(*options); });
     return part;
   };
-  CLI::App* show =
+  const Verb show =
       add("show", "Tells the chance of every total, roll and face", kShowExamples, ShowDice);
-  show->add_option("FILE", options->file, "A Probability File, .prb; without it fair dice")
-      ->type_name("");
-  CLI::App* set = add("set", "Makes a Probability File", kSetExamples, SetDice);
-  set->add_option("OUT", options->file, "The Probability File to write")->required()->type_name("");
-  set->add_option("EDIT", options->edits, "What to set, such as 7=20")->type_name("");
-  set->add_option("--from", options->base, "The Probability File to begin with")
-      ->type_name("FILE.prb");
+  show.Add("FILE", options->file, "A Probability File, .prb; without it fair dice").Takes("");
+  const Verb set = add("set", "Makes a Probability File", kSetExamples, SetDice);
+  set.Add("OUT", options->file, "The Probability File to write").Required().Takes("");
+  set.Add("EDIT", options->edits, "What to set, such as 7=20").Takes("");
+  set.Add("--from", options->base, "The Probability File to begin with").Takes("FILE.prb");
 }
 
 }  // namespace feltmaster

@@ -210,20 +210,20 @@ int ShowGame(const GameOptions& options) {
 
 }  // namespace
 
-void AddGameVerb(CLI::App& app, int& exit_code) {
-  CLI::App* verb = app.add_subcommand("game", "Tells what is in a saved game");
-  verb->require_subcommand(1);
+void AddGameVerb(Verb program) {
+  const Verb verb = program.Sub("game", "Tells what is in a saved game");
+  verb.RequireSub();
   const auto options = std::make_shared<GameOptions>();
-  CLI::App* show = verb->add_subcommand("show", "Tells what is in a saved game");
-  show->add_option("FILE", options->file, "A game file, .crp")->required()->type_name("");
-  show->add_flag("--json", options->json, "Prints one object");
-  show->footer(
+  const Verb show = verb.Sub("show", "Tells what is in a saved game");
+  show.Add("FILE", options->file, "A game file, .crp").Required().Takes("");
+  show.Flag("--json", options->json, "Prints one object");
+  show.Footer(
       "The game is read and left as it is. The script and the files that were in use are told\n"
       "with what has become of them since the game was saved.\n\n"
       "Examples:\n"
       "  feltmaster game show evening.crp\n"
       "  feltmaster game show --json evening.crp | jq .bankroll");
-  show->callback([options, &exit_code] { exit_code = ShowGame(*options); });
+  show.Runs([options] { return ShowGame(*options); });
 }
 
 }  // namespace feltmaster

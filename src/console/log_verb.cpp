@@ -421,18 +421,18 @@ void RunExport(const ExportOptions& options) {
 // --- The verb --------------------------------------------------------------------------------
 
 template <typename Options>
-void RunTold(void (*run)(const Options&), const Options& options, int& exit_code) {
-  exit_code = kNotStarted;
+int RunTold(void (*run)(const Options&), const Options& options) {
   try {
     run(options);
     std::cout.flush();
     if (!std::cout) throw BadLog{"cannot write standard output."};
-    exit_code = kDone;
+    return kDone;
   } catch (const BadLog& bad) {
     std::cerr << "feltmaster log: " << bad.sentence << '\n';
   } catch (const std::exception& error) {
     std::cerr << "feltmaster log: " << OneLine(error.what()) << ".\n";
   }
+  return kNotStarted;
 }
 
 constexpr const char* kExamples =
@@ -478,61 +478,52 @@ Examples:
 
 }  // namespace
 
-void AddLogVerb(CLI::App& app, int& exit_code) {
-  CLI::App* verb =
-      app.add_subcommand("log", "Analyses, joins and exports Games Logs, the records of games");
-  verb->require_subcommand(1);
-  verb->footer(kExamples);
+void AddLogVerb(Verb program) {
+  const Verb verb =
+      program.Sub("log", "Analyses, joins and exports Games Logs, the records of games");
+  verb.RequireSub();
+  verb.Footer(kExamples);
 
-  CLI::App* show = verb->add_subcommand("show", "The distribution of one value of the games");
-  show->footer(kShowExamples);
+  const Verb show = verb.Sub("show", "The distribution of one value of the games");
+  show.Footer(kShowExamples);
   const auto show_options = std::make_shared<ShowOptions>();
-  show->add_option("LOG", show_options->file, "A Games Log, .glg")->required()->type_name("");
-  show->add_option("--value", show_options->value, "What to look at (net)")->type_name("NAME");
-  show->add_option("--only", show_options->only, "Games of these outcomes: won, even, lost")
-      ->type_name("OUTCOME,...")
-      ->delimiter(',')
-      ->allow_extra_args(false);
-  show->add_option("--breaks", show_options->breaks, "Break-points of the outcomes (0)")
-      ->type_name("LOW:HIGH");
-  show->add_option("--from", show_options->from, "Counts the games from this value on")
-      ->type_name("AMOUNT");
-  show->add_option("--to", show_options->to,
-                   "and up to this one; below --from it counts those outside")
-      ->type_name("AMOUNT");
-  show->add_option("--bar-width", show_options->bar_width,
-                   "Columns of a bar, of 525: 1, 5, 25 or 105 (25, in a chart 5)")
-      ->type_name("N");
-  show->add_flag("--json", show_options->json, "Prints the figures as JSON");
-  show->add_option("--chart", show_options->chart, "Draws the histogram; - is standard output")
-      ->type_name("FILE.svg");
-  show->callback([show_options, &exit_code] { RunTold(RunShow, *show_options, exit_code); });
+  show.Add("LOG", show_options->file, "A Games Log, .glg").Required().Takes("");
+  show.Add("--value", show_options->value, "What to look at (net)").Takes("NAME");
+  show.Add("--only", show_options->only, "Games of these outcomes: won, even, lost")
+      .Takes("OUTCOME,...")
+      .SplitAt(',');
+  show.Add("--breaks", show_options->breaks, "Break-points of the outcomes (0)").Takes("LOW:HIGH");
+  show.Add("--from", show_options->from, "Counts the games from this value on").Takes("AMOUNT");
+  show.Add("--to", show_options->to, "and up to this one; below --from it counts those outside")
+      .Takes("AMOUNT");
+  show.Add("--bar-width", show_options->bar_width,
+           "Columns of a bar, of 525: 1, 5, 25 or 105 (25, in a chart 5)")
+      .Takes("N");
+  show.Flag("--json", show_options->json, "Prints the figures as JSON");
+  show.Add("--chart", show_options->chart, "Draws the histogram; - is standard output")
+      .Takes("FILE.svg");
+  show.Runs([show_options] { return RunTold(RunShow, *show_options); });
 
-  CLI::App* merge = verb->add_subcommand("merge", "Adds the games of logs to another log");
-  merge->footer(kMergeExamples);
+  const Verb merge = verb.Sub("merge", "Adds the games of logs to another log");
+  merge.Footer(kMergeExamples);
   const auto merge_options = std::make_shared<MergeOptions>();
-  merge->add_option("PART", merge_options->parts, "Games Logs, in the order of their games")
-      ->required()
-      ->type_name("");
-  merge->add_option("--into", merge_options->into, "The log that takes the games; made if missing")
-      ->required()
-      ->type_name("WHOLE.glg");
-  merge->add_flag("--json", merge_options->json, "Tells the number of games as JSON");
-  merge->callback([merge_options, &exit_code] { RunTold(RunMerge, *merge_options, exit_code); });
+  merge.Add("PART", merge_options->parts, "Games Logs, in the order of their games")
+      .Required()
+      .Takes("");
+  merge.Add("--into", merge_options->into, "The log that takes the games; made if missing")
+      .Required()
+      .Takes("WHOLE.glg");
+  merge.Flag("--json", merge_options->json, "Tells the number of games as JSON");
+  merge.Runs([merge_options] { return RunTold(RunMerge, *merge_options); });
 
-  CLI::App* exporting = verb->add_subcommand("export", "Writes the games for other tools");
-  exporting->footer(kExportExamples);
+  const Verb exporting = verb.Sub("export", "Writes the games for other tools");
+  exporting.Footer(kExportExamples);
   const auto export_options = std::make_shared<ExportOptions>();
-  exporting->add_option("LOG", export_options->file, "A Games Log, .glg")
-      ->required()
-      ->type_name("");
-  exporting
-      ->add_option("--csv", export_options->csv, "Comma-separated, to a file (standard output)")
-      ->type_name("FILE|-");
-  exporting->add_option("--json", export_options->json, "A list of JSON objects instead")
-      ->type_name("FILE|-");
-  exporting->callback(
-      [export_options, &exit_code] { RunTold(RunExport, *export_options, exit_code); });
+  exporting.Add("LOG", export_options->file, "A Games Log, .glg").Required().Takes("");
+  exporting.Add("--csv", export_options->csv, "Comma-separated, to a file (standard output)")
+      .Takes("FILE|-");
+  exporting.Add("--json", export_options->json, "A list of JSON objects instead").Takes("FILE|-");
+  exporting.Runs([export_options] { return RunTold(RunExport, *export_options); });
 }
 
 }  // namespace feltmaster

@@ -77,20 +77,18 @@ the order in which they are listed.
 
 }  // namespace
 
-void AddPayoffsVerb(CLI::App& app, int& exit_code) {
-  CLI::App* verb =
-      app.add_subcommand("payoffs", "Lists what each bet and each roll of the Field pays");
-  verb->footer(kExamples);
+void AddPayoffsVerb(Verb program) {
+  const Verb verb = program.Sub("payoffs", "Lists what each bet and each roll of the Field pays");
+  verb.Footer(kExamples);
   const auto options = std::make_shared<PayoffsOptions>();
-  verb->add_option("--set", options->settings,
-                   "A payoff or other setting, such as \"PayTable(36,1)=8\"; may be repeated")
-      ->type_name("NAME=VALUE")
-      ->allow_extra_args(false);
-  verb->add_flag("--json", options->json, "Prints the payoffs as JSON");
-  verb->callback([options, &exit_code] {
+  verb.Add("--set", options->settings,
+           "A payoff or other setting, such as \"PayTable(36,1)=8\"; may be repeated")
+      .Takes("NAME=VALUE");
+  verb.Flag("--json", options->json, "Prints the payoffs as JSON");
+  verb.Runs([options] {
     const std::string fault = RunPayoffs(*options);
-    exit_code = fault.empty() ? kDone : kNotStarted;
     if (!fault.empty()) std::cerr << "feltmaster payoffs: " << fault << '\n';
+    return fault.empty() ? kDone : kNotStarted;
   });
 }
 

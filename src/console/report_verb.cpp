@@ -114,35 +114,34 @@ std::string ListOfReports() {
 
 }  // namespace
 
-void AddReportVerb(CLI::App& app, int& exit_code) {
-  CLI::App* verb = app.add_subcommand("report", "Prints a report on a saved game");
-  verb->footer(ListOfReports() + kExamples);
+void AddReportVerb(Verb program) {
+  const Verb verb = program.Sub("report", "Prints a report on a saved game");
+  verb.Footer(ListOfReports() + kExamples);
   const auto options = std::make_shared<ReportOptions>();
-  verb->add_option("NAME", options->name, "Which report")->required()->type_name("");
-  verb->add_option("FILE", options->file, "Where it goes: .pdf, .svg or .txt; - is standard output")
-      ->type_name("");
-  verb->add_option("--game", options->game, "The game that it is about; without it a fresh table")
-      ->type_name("FILE.crp");
-  verb->add_option("--data-dir", options->data_dir, "The folder of the Hot-Keys")->type_name("DIR");
-  verb->add_option("--bet", options->bets,
-                   "A bet of the report \"results\", by name or number; may be repeated; all bets "
-                   "without it")
-      ->type_name("BET")
-      ->allow_extra_args(false);
-  verb->add_flag("--phantom", options->phantom,
-                 "The report \"results\" tells of the continuous phantom $1 wagers");
-  verb->add_option("--entry", options->entry,
-                   "The roll event of the report \"frequencies\", 1 to 88 in the order of its list")
-      ->type_name("N")
-      ->check(CLI::Range(1, kFrequencyEntries));
-  verb->add_option("--seed", options->seed,
-                   "Dates the report by the clock of a table seeded with N, to repeat it exactly")
-      ->type_name("N")
-      ->check(CLI::Range(1, std::numeric_limits<std::int32_t>::max()));
-  verb->callback([options, &exit_code] {
+  verb.Add("NAME", options->name, "Which report").Required().Takes("");
+  verb.Add("FILE", options->file, "Where it goes: .pdf, .svg or .txt; - is standard output")
+      .Takes("");
+  verb.Add("--game", options->game, "The game that it is about; without it a fresh table")
+      .Takes("FILE.crp");
+  verb.Add("--data-dir", options->data_dir, "The folder of the Hot-Keys").Takes("DIR");
+  verb.Add("--bet", options->bets,
+           "A bet of the report \"results\", by name or number; may be repeated; all bets "
+           "without it")
+      .Takes("BET");
+  verb.Flag("--phantom", options->phantom,
+            "The report \"results\" tells of the continuous phantom $1 wagers");
+  verb.Add("--entry", options->entry,
+           "The roll event of the report \"frequencies\", 1 to 88 in the order of its list")
+      .Takes("N")
+      .InRange(1, kFrequencyEntries);
+  verb.Add("--seed", options->seed,
+           "Dates the report by the clock of a table seeded with N, to repeat it exactly")
+      .Takes("N")
+      .InRange(1, std::numeric_limits<std::int32_t>::max());
+  verb.Runs([options] {
     const std::string fault = RunReport(*options);
-    exit_code = fault.empty() ? kDone : kNotStarted;
     if (!fault.empty()) std::cerr << "feltmaster report: " << fault << '\n';
+    return fault.empty() ? kDone : kNotStarted;
   });
 }
 

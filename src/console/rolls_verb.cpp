@@ -333,54 +333,47 @@ int Import(const RollsOptions& options) {
   return Printed(kDone);
 }
 
-void AddRange(CLI::App* verb, RollsOptions& options) {
-  verb->add_option("--from", options.from, "The first roll, 1 if it is not given")
-      ->type_name("N")
-      ->check(CLI::Range(std::int64_t{1}, kMaxRolls));
-  verb->add_option("--count", options.count, "How many rolls, all if it is not given")
-      ->type_name("N")
-      ->check(CLI::Range(std::int64_t{1}, kMaxRolls));
+void AddRange(Verb verb, RollsOptions& options) {
+  verb.Add("--from", options.from, "The first roll, 1 if it is not given")
+      .Takes("N")
+      .InRange(std::int64_t{1}, kMaxRolls);
+  verb.Add("--count", options.count, "How many rolls, all if it is not given")
+      .Takes("N")
+      .InRange(std::int64_t{1}, kMaxRolls);
 }
 
 }  // namespace
 
-void AddRollsVerb(CLI::App& app, int& exit_code) {
-  CLI::App* verb =
-      app.add_subcommand("rolls", "Shows Dice Roll Files, and turns them into text and back");
-  verb->require_subcommand(1);
-  verb->footer(std::string(kNotes));
+void AddRollsVerb(Verb program) {
+  const Verb verb =
+      program.Sub("rolls", "Shows Dice Roll Files, and turns them into text and back");
+  verb.RequireSub();
+  verb.Footer(std::string(kNotes));
   const auto options = std::make_shared<RollsOptions>();
 
-  CLI::App* show = verb->add_subcommand(
-      "show", "How often each number came; with --from or --count the rolls themselves");
-  show->add_option("FILE", options->file, "A Dice Roll File, .rol")->type_name("")->required();
+  const Verb show =
+      verb.Sub("show", "How often each number came; with --from or --count the rolls themselves");
+  show.Add("FILE", options->file, "A Dice Roll File, .rol").Takes("").Required();
   AddRange(show, *options);
-  show->add_flag("--json", options->json, "Prints JSON");
-  show->callback([options, show, &exit_code] {
-    exit_code = Show(*options, show->count("--from") + show->count("--count") > 0);
-  });
+  show.Flag("--json", options->json, "Prints JSON");
+  show.Runs(
+      [options, show] { return Show(*options, show.Given("--from") || show.Given("--count")); });
 
-  CLI::App* to_text = verb->add_subcommand("export", "Writes the rolls as text, a line for each");
-  to_text->add_option("FILE", options->file, "A Dice Roll File, .rol")->type_name("")->required();
-  to_text->add_option("TEXT", options->output, "The file to write; standard output without it")
-      ->type_name("");
+  const Verb to_text = verb.Sub("export", "Writes the rolls as text, a line for each");
+  to_text.Add("FILE", options->file, "A Dice Roll File, .rol").Takes("").Required();
+  to_text.Add("TEXT", options->output, "The file to write; standard output without it").Takes("");
   AddRange(to_text, *options);
-  to_text->add_flag("--roll-numbers", options->roll_numbers, "\"12 (3-4)\" instead of \"(3-4)\"");
-  to_text->add_flag("--numbers-called", options->numbers_called,
-                    "\"(3-4) 7\" instead of \"(3-4)\"");
-  to_text->add_flag("--no-dice", options->no_dice, "Leaves out \"(3-4)\"");
-  to_text->add_flag("--json", options->json, "Writes a JSON list of pairs, [3,4]");
-  to_text->callback([options, &exit_code] { exit_code = Export(*options); });
+  to_text.Flag("--roll-numbers", options->roll_numbers, "\"12 (3-4)\" instead of \"(3-4)\"");
+  to_text.Flag("--numbers-called", options->numbers_called, "\"(3-4) 7\" instead of \"(3-4)\"");
+  to_text.Flag("--no-dice", options->no_dice, "Leaves out \"(3-4)\"");
+  to_text.Flag("--json", options->json, "Writes a JSON list of pairs, [3,4]");
+  to_text.Runs([options] { return Export(*options); });
 
-  CLI::App* from_text = verb->add_subcommand("import", "Makes a Dice Roll File of a text");
-  from_text->add_option("TEXT", options->file, "The text; - is standard input")
-      ->type_name("")
-      ->required();
-  from_text->add_option("FILE", options->output, "The Dice Roll File to write")
-      ->type_name("")
-      ->required();
-  from_text->add_flag("--json", options->json, "Prints the count as JSON");
-  from_text->callback([options, &exit_code] { exit_code = Import(*options); });
+  const Verb from_text = verb.Sub("import", "Makes a Dice Roll File of a text");
+  from_text.Add("TEXT", options->file, "The text; - is standard input").Takes("").Required();
+  from_text.Add("FILE", options->output, "The Dice Roll File to write").Takes("").Required();
+  from_text.Flag("--json", options->json, "Prints the count as JSON");
+  from_text.Runs([options] { return Import(*options); });
 }
 
 }  // namespace feltmaster

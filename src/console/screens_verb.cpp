@@ -45,27 +45,27 @@ std::string Shoot([[maybe_unused]] const ScreensOptions& options) {
 
 }  // namespace
 
-void AddScreensVerb(CLI::App& app, int& exit_code) {
-  CLI::App* verb = app.add_subcommand("screens", "Draws every screen of a game into pictures");
+void AddScreensVerb(Verb program) {
+  const Verb verb = program.Sub("screens", "Draws every screen of a game into pictures");
   const auto options = std::make_shared<ScreensOptions>();
-  verb->add_option("--shots", options->shots, "The folder of the pictures, made if it is not there")
-      ->type_name("DIR")
-      ->required();
-  verb->add_option("--game", options->game_file, "The game that they show; without it a new table")
-      ->type_name("FILE.crp");
-  verb->add_option("--data-dir", options->data_dir,
-                   "The folder of games, scripts and logs; without it there is none")
-      ->type_name("DIR");
-  verb->add_flag("--dark", options->dark, "In dark colours");
-  verb->footer(
+  verb.Add("--shots", options->shots, "The folder of the pictures, made if it is not there")
+      .Takes("DIR")
+      .Required();
+  verb.Add("--game", options->game_file, "The game that they show; without it a new table")
+      .Takes("FILE.crp");
+  verb.Add("--data-dir", options->data_dir,
+           "The folder of games, scripts and logs; without it there is none")
+      .Takes("DIR");
+  verb.Flag("--dark", options->dark, "In dark colours");
+  verb.Footer(
       "Examples:\n"
       "  feltmaster screens --shots pictures --game evening.crp\n"
       "  feltmaster screens --shots pictures/dark --game evening.crp --dark\n\n"
       "No display is needed. A picture has the name of its window.");
-  verb->callback([options, &exit_code] {
+  verb.Runs([options] {
     const std::string fault = Shoot(*options);
-    exit_code = fault.empty() ? kDone : kNotStarted;
     if (!fault.empty()) std::cerr << "feltmaster screens: " << fault << '\n';
+    return fault.empty() ? kDone : kNotStarted;
   });
 }
 

@@ -413,57 +413,56 @@ int Words(const ScriptOptions& options) {
 
 }  // namespace
 
-void AddScriptVerb(CLI::App& app, int& exit_code) {
-  CLI::App* verb = app.add_subcommand("script", "Lists, checks and converts betting scripts");
-  verb->footer(std::string(kNotes));
-  verb->require_subcommand(1);
+void AddScriptVerb(Verb program) {
+  const Verb verb = program.Sub("script", "Lists, checks and converts betting scripts");
+  verb.Footer(std::string(kNotes));
+  verb.RequireSub();
   const auto options = std::make_shared<ScriptOptions>();
   const auto add = [&](const char* name, const char* help, int (*run)(const ScriptOptions&)) {
-    CLI::App* part = verb->add_subcommand(name, help);
-    part->callback([options, run, &exit_code] { exit_code = run(*options); });
+    const Verb part = verb.Sub(name, help);
+    part.Runs([options, run] { return run(*options); });
     return part;
   };
 
-  CLI::App* list = add("list", "Prints the lines of a script", List);
-  list->add_option("FILE", options->file, "A .bet file or the text of a script")->required();
-  list->add_flag("--json", options->json, "Prints the records, an object a line");
-  list->footer(
+  const Verb list = add("list", "Prints the lines of a script", List);
+  list.Add("FILE", options->file, "A .bet file or the text of a script").Required();
+  list.Flag("--json", options->json, "Prints the records, an object a line");
+  list.Footer(
       "Examples:\n"
       "  feltmaster script list mine.bet > mine.txt\n"
       "  feltmaster script list --json mine.bet");
 
-  CLI::App* compile = add("compile", "Writes a script as a .bet file", Compile);
-  compile->add_option("IN", options->file, "A .bet file or the text of a script")->required();
-  compile->add_option("OUT", options->output, "The .bet file to write")->required();
-  compile->footer(
+  const Verb compile = add("compile", "Writes a script as a .bet file", Compile);
+  compile.Add("IN", options->file, "A .bet file or the text of a script").Required();
+  compile.Add("OUT", options->output, "The .bet file to write").Required();
+  compile.Footer(
       "OUT is written whole or not at all. A script whose structure is at fault is\n"
       "written too, and the fault told.\n\n"
       "Example:\n"
       "  feltmaster script compile mine.txt mine.bet");
 
-  CLI::App* convert = add("convert", "Converts a script of Feltking", Convert);
-  convert->add_option("IN", options->file, "A .bet file of Feltking, which stays as it is")
-      ->required();
-  convert->add_option("OUT", options->output, "The .bet file to write")->required();
-  convert->add_flag("--json", options->json, "Prints an object: file, lines, dropped");
-  convert->footer(
+  const Verb convert = add("convert", "Converts a script of Feltking", Convert);
+  convert.Add("IN", options->file, "A .bet file of Feltking, which stays as it is").Required();
+  convert.Add("OUT", options->output, "The .bet file to write").Required();
+  convert.Flag("--json", options->json, "Prints an object: file, lines, dropped");
+  convert.Footer(
       "Lines that speak of Don't Pass or Don't Come bets are dropped. If that leaves a\n"
       "fault in the structure, the script is written all the same and the fault told.\n\n"
       "Example:\n"
       "  feltmaster script convert theirs.bet ours.bet");
 
-  CLI::App* check = add("check", "Tests the structure of a script", Check);
-  check->add_option("FILE", options->file, "A .bet file or the text of a script")->required();
-  check->footer(
+  const Verb check = add("check", "Tests the structure of a script", Check);
+  check.Add("FILE", options->file, "A .bet file or the text of a script").Required();
+  check.Footer(
       "A fault is told as FILE:LINE: what is wrong, or for a text that cannot be read\n"
       "FILE:LINE:COLUMN: what was expected there.\n\n"
       "Example:\n"
       "  feltmaster script check mine.txt");
 
-  CLI::App* words = add("words", "Prints what lines of a script can be made of", Words);
-  words->add_option("TEXT", options->words, "Only rows that hold this text");
-  words->add_flag("--markdown", options->markdown, "As a chapter of the user's guide");
-  words->footer(
+  const Verb words = add("words", "Prints what lines of a script can be made of", Words);
+  words.Add("TEXT", options->words, "Only rows that hold this text");
+  words.Flag("--markdown", options->markdown, "As a chapter of the user's guide");
+  words.Footer(
       "Examples:\n"
       "  feltmaster script words\n"
       "  feltmaster script words chip-stack");

@@ -350,18 +350,18 @@ a result not be written, 130 when it was interrupted.
 
 }  // namespace
 
-void AddSimulateVerb(CLI::App& app, int& exit_code) {
-  CLI::App* verb = app.add_subcommand(
+void AddSimulateVerb(Verb program) {
+  const Verb verb = program.Sub(
       "simulate", "Plays a betting strategy for millions of rolls and tells what it did");
-  verb->footer(kExamples);
+  verb.Footer(kExamples);
   const auto options = std::make_shared<SimulateOptions>();
   const auto add = [&](const char* name, SimulateOptions::Text& value, const char* type,
-                       const char* help, const char* group) {
-    verb->add_option(name, value, help)->type_name(type)->group(group);
+                       const char* help, const char* heading) {
+    verb.Add(name, value, help).Takes(type).Under(heading);
   };
-  verb->add_option("SCRIPT", options->script,
-                   "A script as .bet file or as text; without it the Pass Line with full odds")
-      ->type_name("");
+  verb.Add("SCRIPT", options->script,
+           "A script as .bet file or as text; without it the Pass Line with full odds")
+      .Takes("");
   add("--rolls", options->rolls, "N", "Rolls of a game (1,000,000 if no length is given)",
       "Length");
   add("--hours", options->hours, "H", "Simulated hours of a game, by RollsPerHour", "Length");
@@ -371,11 +371,10 @@ void AddSimulateVerb(CLI::App& app, int& exit_code) {
   add("--bankroll", options->bankroll, "AMOUNT", "What the player has with him", "Session");
   add("--stop-win", options->stop_win, "AMOUNT", "A game ends when it has won this", "Session");
   add("--stop-loss", options->stop_loss, "AMOUNT", "A game ends when it has lost this", "Session");
-  verb->add_option("--set", options->settings,
-                   "A house rule or Auto-Play setting, such as MinPlacardBet=5; may be repeated")
-      ->type_name("NAME=VALUE")
-      ->group("House")
-      ->allow_extra_args(false);
+  verb.Add("--set", options->settings,
+           "A house rule or Auto-Play setting, such as MinPlacardBet=5; may be repeated")
+      .Takes("NAME=VALUE")
+      .Under("House");
   add("--rng", options->rng, "1..8", "Random number generator (1)", "House");
   add("--seed", options->seed, "N", "Seed of the experiment (from the clock)", "House");
   add("--jobs", options->jobs, "J", "Games played at once (all cores)", "Machine");
@@ -388,7 +387,7 @@ void AddSimulateVerb(CLI::App& app, int& exit_code) {
       "Draws the net per game and the bankroll paths of the first games", "Results");
   add("--log", options->log, "FILE.glg",
       "Writes a Games Log of the games, in their order; an older one is replaced", "Results");
-  verb->callback([options, &exit_code] { exit_code = RunTold(*options); });
+  verb.Runs([options] { return RunTold(*options); });
 }
 
 }  // namespace feltmaster

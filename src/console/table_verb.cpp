@@ -34,19 +34,25 @@ struct TableOptions {
 
 #if FELTMASTER_DESKTOP
 
+struct Desk {
+  SetUpSurface surface;
+  Game table;
+};
+
 // Everything below gives a complaint, one sentence, or an empty text.
 
-std::string SetTable(Game& table, SetUpSurface& surface, const TableOptions& options) {
+std::string SetTable(Desk& desk, const TableOptions& options) {
+  Game& table = desk.table;
   std::string fault = OpenHouse(table, options.settings);
   if (!fault.empty()) return fault;
-  table.surface = &surface;
+  table.surface = &desk.surface;
   if (!options.game_file.empty()) {
     if (!OpenGame(table, options.game_file, true)) {
       return WhyNotOpened(table, options.game_file);
     }
     HouseSettings settings;  // of the game just opened, too
     for (const std::string& text : options.settings) ReadHouseSetting(text, settings);
-    fault = ApplyHouseSettings(table, surface, settings);
+    fault = ApplyHouseSettings(table, desk.surface, settings);
     if (!fault.empty()) return fault;
   }
   for (const TablePreset& preset : kTablePresets) {
@@ -59,9 +65,8 @@ std::string SetTable(Game& table, SetUpSurface& surface, const TableOptions& opt
 }
 
 std::string RunTable(const TableOptions& options) {
-  SetUpSurface surface;
-  const auto table = std::make_unique<Game>();
-  std::string fault = SetTable(*table, surface, options);
+  const auto desk = std::make_unique<Desk>();
+  std::string fault = SetTable(*desk, options);
   if (!fault.empty()) return fault;
 
   ResultFile file;
@@ -70,7 +75,7 @@ std::string RunTable(const TableOptions& options) {
     const std::string name = Lower(options.shot);
     const bool jpeg = name.ends_with(".jpg") || name.ends_with(".jpeg");
     const std::string picture =
-        TableShot(*table, options.scale, jpeg ? PictureFormat::kJpeg : PictureFormat::kPng);
+        TableShot(desk->table, options.scale, jpeg ? PictureFormat::kJpeg : PictureFormat::kPng);
     if (picture.empty()) return "the picture could not be drawn.";
     file.Stream() << picture;
     fault = file.Finish();
@@ -98,39 +103,38 @@ constexpr const char* kExamples =
 
 }  // namespace
 
-void AddTableVerb(CLI::App& app, int& exit_code) {
-  CLI::App* verb = app.add_subcommand("table", "Draws the table of a game into a picture file");
-  verb->footer(kExamples);
+void AddTableVerb(Verb program) {
+  const Verb verb = program.Sub("table", "Draws the table of a game into a picture file");
+  verb.Footer(kExamples);
   const auto options = std::make_shared<TableOptions>();
-  verb->add_option("--shot", options->shot,
-                   "The picture to write, as PNG or by its name as JPEG; - is standard output")
-      ->type_name("FILE.png")
-      ->required();
-  verb->add_option("--game", options->game_file, "The game to show; without it an empty table")
-      ->type_name("FILE.crp");
-  verb->add_option("--scale", options->scale, "1 is 640 by 440 pixels")
-      ->type_name("S")
-      ->check(CLI::Range(0.25, 8.0))
-      ->capture_default_str();
+  verb.Add("--shot", options->shot,
+           "The picture to write, as PNG or by its name as JPEG; - is standard output")
+      .Takes("FILE.png")
+      .Required();
+  verb.Add("--game", options->game_file, "The game to show; without it an empty table")
+      .Takes("FILE.crp");
+  verb.Add("--scale", options->scale, "1 is 640 by 440 pixels")
+      .Takes("S")
+      .InRange(0.25, 8.0)
+      .TellDefault();
   std::vector<std::string> presets;
   for (const TablePreset& preset : kTablePresets) presets.emplace_back(preset.name);
-  verb->add_option("--preset", options->preset, "Colours and felt in place of the game's own")
-      ->check(CLI::IsMember(presets))
-      ->type_name("NAME");
-  verb->add_option("--panel", options->panel, "What the panel on the right shows")
-      ->check(CLI::IsMember(std::vector<std::string>{"props", "hop"}))
-      ->type_name("props|hop");
-  verb->add_flag("--numbers", options->numbers, "Bets as numbers in place of chips");
-  verb->add_flag("--restack", options->restack,
-                 "Stacks the chips by amount; a game keeps them as they were put");
-  verb->add_option("--set", options->settings,
-                   "A house rule or setting, such as BuyVigPct=4; may be repeated")
-      ->type_name("NAME=VALUE")
-      ->allow_extra_args(false);
-  verb->callback([options, &exit_code] {
+  verb.Add("--preset", options->preset, "Colours and felt in place of the game's own")
+      .OneOf(presets)
+      .Takes("NAME");
+  verb.Add("--panel", options->panel, "What the panel on the right shows")
+      .OneOf({"props", "hop"})
+      .Takes("props|hop");
+  verb.Flag("--numbers", options->numbers, "Bets as numbers in place of chips");
+  verb.Flag("--restack", options->restack,
+            "Stacks the chips by amount; a game keeps them as they were put");
+  verb.Add("--set", options->settings,
+           "A house rule or setting, such as BuyVigPct=4; may be repeated")
+      .Takes("NAME=VALUE");
+  verb.Runs([options] {
     const std::string fault = RunTable(*options);
-    exit_code = fault.empty() ? kDone : kNotStarted;
     if (!fault.empty()) std::cerr << "feltmaster table: " << fault << '\n';
+    return fault.empty() ? kDone : kNotStarted;
   });
 }
 

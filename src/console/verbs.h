@@ -1,26 +1,25 @@
 #pragma once
 
-#include <CLI/CLI.hpp>
+#include "console/command_line.h"
 
 namespace feltmaster {
 
-// Each verb adds its subcommand with its options and examples. When it is chosen it runs, and
-// leaves the program's exit code: 0 done, 1 done but with failures that it has told, 2 not started
-// (bad option, unreadable file, output that cannot be written), told in one sentence on standard
-// error.
-void AddDesktopVerb(CLI::App& app, int& exit_code);
-void AddConsoleVerb(CLI::App& app, int& exit_code);
-void AddSimulateVerb(CLI::App& app, int& exit_code);
-void AddBenchVerb(CLI::App& app, int& exit_code);
-void AddScriptVerb(CLI::App& app, int& exit_code);
-void AddAdvantageVerb(CLI::App& app, int& exit_code);
-void AddPayoffsVerb(CLI::App& app, int& exit_code);
-void AddRollsVerb(CLI::App& app, int& exit_code);
-void AddReportVerb(CLI::App& app, int& exit_code);
-void AddDiceVerb(CLI::App& app, int& exit_code);
-void AddGameVerb(CLI::App& app, int& exit_code);
-void AddLogVerb(CLI::App& app, int& exit_code);
-void AddTableVerb(CLI::App& app, int& exit_code);
-void AddScreensVerb(CLI::App& app, int& exit_code);
+// Each adds a verb with its options and examples. When it is chosen it runs, and gives the
+// program's exit code: 0 done, 1 done but with failures that it has told, 2 not started (bad
+// option, unreadable file, output that cannot be written), told in one sentence on standard error.
+void AddDesktopVerb(Verb program);
+void AddConsoleVerb(Verb program);
+void AddSimulateVerb(Verb program);
+void AddBenchVerb(Verb program);
+void AddScriptVerb(Verb program);
+void AddAdvantageVerb(Verb program);
+void AddPayoffsVerb(Verb program);
+void AddRollsVerb(Verb program);
+void AddReportVerb(Verb program);
+void AddDiceVerb(Verb program);
+void AddGameVerb(Verb program);
+void AddLogVerb(Verb program);
+void AddTableVerb(Verb program);
+void AddScreensVerb(Verb program);
 
 }  // namespace feltmaster

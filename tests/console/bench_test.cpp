@@ -21,13 +21,11 @@ TEST(Bench, CasesRepeatTheirSignatures) {
 }
 
 TEST(Bench, PrintsItsCasesAsJson) {
-  int code = -1;
-  CLI::App app;
-  AddBenchVerb(app, code);
+  CommandLine line("");
+  AddBenchVerb(line.Program());
   testing::internal::CaptureStdout();
-  app.parse("bench --json --case rng8 --case rng1");
+  EXPECT_EQ(line.Run({"bench", "--json", "--case", "rng8", "--case", "rng1"}), 0);
   const auto results = nlohmann::json::parse(testing::internal::GetCapturedStdout());
-  EXPECT_EQ(code, 0);
   ASSERT_EQ(results["cases"].size(), 2U);
   EXPECT_EQ(results["cases"][0]["name"], "rng1");
   EXPECT_EQ(results["cases"][1]["name"], "rng8");
@@ -35,10 +33,9 @@ TEST(Bench, PrintsItsCasesAsJson) {
   EXPECT_GT(results["cases"][1]["seconds"], 0);
 
   testing::internal::CaptureStderr();
-  CLI::App other;
-  AddBenchVerb(other, code);
-  other.parse("bench --case rng9");
-  EXPECT_EQ(code, 2);
+  CommandLine other("");
+  AddBenchVerb(other.Program());
+  EXPECT_EQ(other.Run({"bench", "--case", "rng9"}), 2);
   EXPECT_NE(testing::internal::GetCapturedStderr().find("rng9"), std::string::npos);
 }
 

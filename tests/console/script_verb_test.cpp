@@ -1,7 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <filesystem>
+#include <string>
+#include <vector>
 
 #include "console/verbs.h"
 #include "support/scratch_folder.h"
@@ -19,13 +20,12 @@ class ScriptVerb : public InScratchFolder {
  protected:
   static Printout Script(std::vector<std::string> words) {
     Printout run;
-    CLI::App app("test", "feltmaster");
-    AddScriptVerb(app, run.exit_code);
-    std::reverse(words.begin(), words.end());
-    words.emplace_back("script");
+    CommandLine line("");
+    AddScriptVerb(line.Program());
+    words.insert(words.begin(), "script");
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
-    app.parse(words);
+    run.exit_code = line.Run(words);
     run.out = testing::internal::GetCapturedStdout();
     run.err = testing::internal::GetCapturedStderr();
     return run;

@@ -37,18 +37,12 @@ struct Outcome {
 // What the command line does with these arguments.
 Outcome Simulate(std::vector<std::string> arguments) {
   Outcome outcome;
-  CLI::App app;
-  AddSimulateVerb(app, outcome.code);
+  CommandLine line("");
+  AddSimulateVerb(line.Program());
   arguments.insert(arguments.begin(), "simulate");
-  std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
   testing::internal::CaptureStdout();
   testing::internal::CaptureStderr();
-  try {
-    app.parse(reversed);
-  } catch (const CLI::ParseError& fault) {
-    outcome.code = 2;
-    std::cerr << fault.what() << '\n';
-  }
+  outcome.code = line.Run(arguments);
   std::cout.flush();
   outcome.out = testing::internal::GetCapturedStdout();
   outcome.err = testing::internal::GetCapturedStderr();
