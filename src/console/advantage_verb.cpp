@@ -19,9 +19,6 @@ namespace feltmaster {
 
 namespace {
 
-constexpr int kDone = 0;
-constexpr int kNotStarted = 2;
-
 struct AdvantageOptions {
   std::vector<std::string> settings;
   bool best_first = false;
@@ -155,11 +152,7 @@ void AddAdvantageVerb(Verb program) {
   verb.Flag("--json", options->json, "Prints the figures as JSON, as fractions of the bet");
   verb.Add("--chart", options->chart, "Draws the expected values; - is standard output")
       .Takes("FILE.svg");
-  verb.Runs([options] {
-    const std::string fault = RunAdvantage(*options);
-    if (!fault.empty()) std::cerr << "feltmaster advantage: " << fault << '\n';
-    return fault.empty() ? kDone : kNotStarted;
-  });
+  verb.RunsOrComplains([options] { return RunAdvantage(*options); });
 }
 
 }  // namespace feltmaster

@@ -14,6 +14,7 @@ namespace feltmaster {
 
 namespace {
 
+constexpr int kDone = 0;
 constexpr int kNotStarted = 2;
 
 template <typename Target>
@@ -98,6 +99,15 @@ bool Verb::Given(const char* name) const {
 
 void Verb::Runs(std::function<int()> run) const {
   app_->callback([run = std::move(run), exit_code = exit_code_] { *exit_code = run(); });
+}
+
+void Verb::RunsOrComplains(std::function<std::string()> run) const {
+  Runs([run = std::move(run), name = app_->get_name()] {
+    const std::string complaint = run();
+    if (complaint.empty()) return kDone;
+    std::cerr << "feltmaster " << name << ": " << complaint << '\n';
+    return kNotStarted;
+  });
 }
 
 CommandLine::CommandLine(const char* help) : app_(std::make_unique<CLI::App>(help, "feltmaster")) {

@@ -53,6 +53,9 @@ class Verb {
   // What the verb does once the whole line was read without a fault; gives the exit code. It is to
   // hold the targets, so that they live until then.
   void Runs(std::function<int()> run) const;
+  // The same for a verb that gives its complaint, one sentence, or an empty text: the sentence is
+  // told on standard error, and the exit code is then 2 and otherwise 0.
+  void RunsOrComplains(std::function<std::string()> run) const;
 
  private:
   CLI::App* app_;

@@ -14,9 +14,6 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr int kDone = 0;
-constexpr int kNotStarted = 2;
-
 struct PayoffsOptions {
   std::vector<std::string> settings;
   bool json = false;
@@ -85,11 +82,7 @@ void AddPayoffsVerb(Verb program) {
            "A payoff or other setting, such as \"PayTable(36,1)=8\"; may be repeated")
       .Takes("NAME=VALUE");
   verb.Flag("--json", options->json, "Prints the payoffs as JSON");
-  verb.Runs([options] {
-    const std::string fault = RunPayoffs(*options);
-    if (!fault.empty()) std::cerr << "feltmaster payoffs: " << fault << '\n';
-    return fault.empty() ? kDone : kNotStarted;
-  });
+  verb.RunsOrComplains([options] { return RunPayoffs(*options); });
 }
 
 }  // namespace feltmaster

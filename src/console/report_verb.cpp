@@ -16,9 +16,6 @@ namespace feltmaster {
 
 namespace {
 
-constexpr int kDone = 0;
-constexpr int kNotStarted = 2;
-
 struct ReportOptions {
   std::string name;
   std::string file = kStandardOutput;
@@ -138,11 +135,7 @@ void AddReportVerb(Verb program) {
            "Dates the report by the clock of a table seeded with N, to repeat it exactly")
       .Takes("N")
       .InRange(1, std::numeric_limits<std::int32_t>::max());
-  verb.Runs([options] {
-    const std::string fault = RunReport(*options);
-    if (!fault.empty()) std::cerr << "feltmaster report: " << fault << '\n';
-    return fault.empty() ? kDone : kNotStarted;
-  });
+  verb.RunsOrComplains([options] { return RunReport(*options); });
 }
 
 }  // namespace feltmaster

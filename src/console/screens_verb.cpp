@@ -1,5 +1,4 @@
 #include <filesystem>
-#include <iostream>
 #include <memory>
 #include <string>
 
@@ -14,9 +13,6 @@ namespace feltmaster {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr int kDone = 0;
-constexpr int kNotStarted = 2;
 
 struct ScreensOptions {
   std::string shots;
@@ -62,11 +58,7 @@ void AddScreensVerb(Verb program) {
       "  feltmaster screens --shots pictures --game evening.crp\n"
       "  feltmaster screens --shots pictures/dark --game evening.crp --dark\n\n"
       "No display is needed. A picture has the name of its window.");
-  verb.Runs([options] {
-    const std::string fault = Shoot(*options);
-    if (!fault.empty()) std::cerr << "feltmaster screens: " << fault << '\n';
-    return fault.empty() ? kDone : kNotStarted;
-  });
+  verb.RunsOrComplains([options] { return Shoot(*options); });
 }
 
 }  // namespace feltmaster

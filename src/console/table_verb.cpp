@@ -1,4 +1,3 @@
-#include <iostream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -17,9 +16,6 @@
 namespace feltmaster {
 
 namespace {
-
-constexpr int kDone = 0;
-constexpr int kNotStarted = 2;
 
 struct TableOptions {
   std::string shot;
@@ -131,11 +127,7 @@ void AddTableVerb(Verb program) {
   verb.Add("--set", options->settings,
            "A house rule or setting, such as BuyVigPct=4; may be repeated")
       .Takes("NAME=VALUE");
-  verb.Runs([options] {
-    const std::string fault = RunTable(*options);
-    if (!fault.empty()) std::cerr << "feltmaster table: " << fault << '\n';
-    return fault.empty() ? kDone : kNotStarted;
-  });
+  verb.RunsOrComplains([options] { return RunTable(*options); });
 }
 
 }  // namespace feltmaster
